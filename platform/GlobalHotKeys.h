@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <variant>
+
+namespace quorvantel::platform {
+
+/// Tells the hotkeys of one application apart.
+struct HotKeyIdentity {
+    std::uint32_t signature; ///< A four-character code.
+    std::uint32_t id;
+
+    friend bool operator==(const HotKeyIdentity&, const HotKeyIdentity&) = default;
+};
+
+/// A platform status; 0 is success. On X11 it is the error code of the core protocol.
+using HotKeyStatus = std::int32_t;
+
+/// System-wide hotkeys, delivered whichever application is in front.
+///
+/// On macOS this is the Carbon Event Manager; on X11, passive key grabs on the root window. Key
+/// codes are virtual key codes, which name physical positions (US layout), and modifiers are the
+/// Carbon mask: Command 0x100, Shift 0x200, Option 0x800, Control 0x1000. Caps Lock, Num Lock and
+/// Scroll Lock make no difference to a press. Main thread only.
+class GlobalHotKeys {
+public:
+    /// Held for as long as something is registered; destroying it undoes the registration.
+    class Registration {
+    public:
+        Registration() = default;
+        Registration(const Registration&) = delete;
+        Registration& operator=(const Registration&) = delete;
+        virtual ~Registration() = default;
+    };
+
+    using PressHandler = std::function<void(HotKeyIdentity)>;
+    using RegistrationResult = std::variant<std::unique_ptr<Registration>, HotKeyStatus>;
+
+    virtual ~GlobalHotKeys() = default;
+
+    /// Has every press of a registered hotkey reported to `handler`, once for a press however long
+    /// the key is held. The handler runs on the main thread, inside the platform's event dispatch.
+    virtual std::unique_ptr<Registration> installHandler(PressHandler handler) = 0;
+
+    /// Registers a combination. Fails with the platform's status, for instance when another
+    /// application holds the combination or the keyboard has no such key.
+    virtual RegistrationResult registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
+                                              HotKeyIdentity identity) = 0;
+};
+
+} // namespace quorvantel::platform

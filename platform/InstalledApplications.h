@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/Image.h"
+
+#include <QString>
+#include <QUrl>
+
+#include <vector>
+
+namespace quorvantel::platform {
+
+/// One application that the system knows by other means than a bundle.
+struct InstalledApplication {
+    /// What `Workspace::openApplication` opens.
+    QUrl location;
+    /// Stable across restarts and updates; on Linux the desktop file ID without ".desktop".
+    QString identifier;
+    /// In the user's language; may be empty.
+    QString localizedName;
+    /// As its maker named it, in no particular language; may be empty.
+    QString name;
+    /// What a user would type for its file name; may be empty.
+    QString fileName;
+    /// Not to be shown: it is one half of another application, or not meant for this desktop.
+    bool isBackgroundOnly = false;
+    Image icon;
+};
+
+/// The applications that are installed in the system's own registry rather than as bundles.
+///
+/// On Linux these are the desktop entries (Desktop Entry Specification) in the application
+/// directories of the XDG Base Directory Specification; macOS has none beyond its bundles.
+class InstalledApplications {
+public:
+    virtual ~InstalledApplications() = default;
+
+    /// All applications, the background-only ones included, since those hide later ones of the
+    /// same identifier. The order is that of the directories' precedence. An entry that cannot be
+    /// read is left out. Reads the disk; nothing is cached.
+    virtual std::vector<InstalledApplication> list() const = 0;
+};
+
+} // namespace quorvantel::platform

@@ -1,0 +1,12 @@
+#include "support/IsolatedHome.h"
+
+#include <QCoreApplication>
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+    const quorvantel::testing::IsolatedHome home;
+    const QCoreApplication application(argc, argv);
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
