@@ -1,0 +1,24 @@
+#include "support/WaitUntil.h"
+
+#include <QCoreApplication>
+
+#include <thread>
+
+namespace quorvantel::testing {
+
+bool waitUntil(const std::function<bool()>& condition, std::chrono::milliseconds timeout) {
+    using Clock = std::chrono::steady_clock;
+    const Clock::time_point deadline = Clock::now() + timeout;
+    while (!condition()) {
+        if (Clock::now() >= deadline) {
+            return false;
+        }
+        if (QCoreApplication::instance() != nullptr) {
+            QCoreApplication::processEvents();
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    return true;
+}
+
+} // namespace quorvantel::testing
