@@ -7,6 +7,14 @@
 
 namespace quorvantel::platform {
 
+/// The bits of a hotkey's modifier mask: the Carbon encoding, which the settings store as well.
+namespace HotKeyModifier {
+inline constexpr std::uint32_t command = 0x0100;
+inline constexpr std::uint32_t shift = 0x0200;
+inline constexpr std::uint32_t option = 0x0800;
+inline constexpr std::uint32_t control = 0x1000;
+} // namespace HotKeyModifier
+
 /// Tells the hotkeys of one application apart.
 struct HotKeyIdentity {
     std::uint32_t signature; ///< A four-character code.
@@ -21,9 +29,9 @@ using HotKeyStatus = std::int32_t;
 /// System-wide hotkeys, delivered whichever application is in front.
 ///
 /// On macOS this is the Carbon Event Manager; on X11, passive key grabs on the root window. Key
-/// codes are virtual key codes, which name physical positions (US layout), and modifiers are the
-/// Carbon mask: Command 0x100, Shift 0x200, Option 0x800, Control 0x1000. Caps Lock, Num Lock and
-/// Scroll Lock make no difference to a press. Main thread only.
+/// codes are virtual key codes, which name physical positions (US layout), and modifiers are a mask
+/// of `HotKeyModifier` bits. Caps Lock, Num Lock and Scroll Lock make no difference to a press.
+/// Main thread only.
 class GlobalHotKeys {
 public:
     /// Held for as long as something is registered; destroying it undoes the registration.

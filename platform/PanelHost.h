@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QRectF>
+#include <Qt>
 
 class QWindow;
 
@@ -9,25 +9,21 @@ namespace quorvantel::platform {
 /// Makes a window a floating panel that takes typing without taking the focus.
 ///
 /// On macOS this is a non-activating `NSPanel`; on X11 an unmanaged window and an active keyboard
-/// grab, which leaves the window manager's active window as it is.
+/// grab, which leaves the window manager's active window as it is. Main thread only.
 class PanelHost {
 public:
     virtual ~PanelHost() = default;
 
-    /// Called once, before the window is first shown.
-    virtual void prepare(QWindow& window) = 0;
+    /// The flags that the panel's window is to be created with.
+    virtual Qt::WindowFlags windowFlags() const = 0;
 
-    /// Gives the shown window the keyboard; typing reaches it at once.
+    /// Gives the shown window the keyboard; typing reaches it at once. The window may be destroyed
+    /// while it has the keyboard.
     virtual void takeKeyboard(QWindow& window) = 0;
 
-    /// Gives the keyboard back to the application in front, without a click.
+    /// Gives the keyboard back to the application in front, without a click. Harmless for a window
+    /// that does not have it.
     virtual void releaseKeyboard(QWindow& window) = 0;
-
-    /// Places the window. The frame is in the coordinates of `Screens`.
-    virtual void setFrame(QWindow& window, const QRectF& frame) = 0;
-
-    /// Where the window is, in the coordinates of `Screens`.
-    virtual QRectF frame(const QWindow& window) const = 0;
 };
 
 } // namespace quorvantel::platform

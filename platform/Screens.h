@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPointF>
+#include <QRect>
 #include <QRectF>
 
 #include <optional>
@@ -8,8 +9,9 @@
 
 namespace quorvantel::platform {
 
-/// One screen, in points. The origin of the common plane is the bottom-left corner of the first
-/// screen, y grows upward.
+/// One screen, in points of a plane whose origin is the bottom-left corner of the first screen and
+/// whose y grows upward. In `QRectF` terms, `top()` is therefore the lower edge of a rectangle and
+/// `bottom()` the upper one.
 struct Screen {
     QRectF frame;
     /// `frame` less the bars and docks of the desktop.
@@ -18,10 +20,8 @@ struct Screen {
     friend bool operator==(const Screen&, const Screen&) = default;
 };
 
-/// The screens and the mouse pointer.
-///
-/// In `QRectF` terms here `top()` is the lower edge (minY) and `bottom()` the upper one (maxY),
-/// since y grows upward.
+/// The screens, the mouse pointer, and the conversion between their plane and that of Qt's windows,
+/// whose origin is the top-left corner of the first screen and whose y grows downward.
 class Screens {
 public:
     virtual ~Screens() = default;
@@ -33,6 +33,12 @@ public:
     virtual std::optional<Screen> main() const = 0;
 
     virtual QPointF mouseLocation() const = 0;
+
+    /// The geometry of a window with the given frame.
+    virtual QRect toWindowGeometry(const QRectF& frame) const = 0;
+
+    /// The frame of a window with the given geometry.
+    virtual QRectF fromWindowGeometry(const QRect& geometry) const = 0;
 };
 
 } // namespace quorvantel::platform

@@ -1,18 +1,14 @@
 #pragma once
 
+#include "platform/GlobalHotKeys.h"
+
 #include <QString>
 
 #include <cstdint>
 
 namespace quorvantel {
 
-/// The bits of a hotkey's modifier mask: the Carbon encoding, which the settings store as well.
-namespace HotKeyModifier {
-inline constexpr std::uint32_t command = 0x0100;
-inline constexpr std::uint32_t shift = 0x0200;
-inline constexpr std::uint32_t option = 0x0800;
-inline constexpr std::uint32_t control = 0x1000;
-} // namespace HotKeyModifier
+namespace HotKeyModifier = platform::HotKeyModifier;
 
 /// A key with modifiers that summons the launcher.
 struct HotKeyBinding {

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+#include <memory>
+#include <optional>
+
+namespace quorvantel::platform {
+
+/// The X connection that the user interface already has, and its root window.
+///
+/// Hotkeys, raw input and the panel's keyboard grab share this one connection on purpose: the
+/// server lets a client replace its own grab, and keeps the events of one connection in order. Not
+/// owned.
+struct X11Display {
+    xcb_connection_t* connection;
+    xcb_window_t root;
+
+    /// Absent when the application runs on anything but X11.
+    static std::optional<X11Display> current();
+
+    /// Looks an atom up, creating it when the server does not know it yet.
+    xcb_atom_t atom(const char* name) const;
+};
+
+struct FreeDeleter {
+    void operator()(void* memory) const { std::free(memory); }
+};
+
+/// A reply or error of the X server, released with `free` as XCB asks for.
+template <typename T>
+using XcbPointer = std::unique_ptr<T, FreeDeleter>;
+
+} // namespace quorvantel::platform

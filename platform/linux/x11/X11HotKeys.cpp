@@ -1,0 +1,247 @@
+#include "platform/linux/x11/X11HotKeys.h"
+
+#include "platform/linux/x11/KeyPositions.h"
+
+#include <QCoreApplication>
+#include <QDebug>
+
+#include <optional>
+#include <utility>
+
+// The C header has a member that is named like a C++ keyword.
+#define explicit explicit_
+#include <xcb/xkb.h>
+#undef explicit
+
+namespace quorvantel::platform {
+
+namespace {
+
+constexpr HotKeyStatus statusSuccess = 0;
+constexpr HotKeyStatus statusBadValue = XCB_VALUE;
+
+/// All modifier bits of the core protocol; above them the state holds the pointer's buttons and the
+/// keyboard's group.
+constexpr unsigned int modifierMask = 0xFF;
+
+std::uint8_t xkbEventBase(xcb_connection_t* connection) {
+    const auto* const extension = xcb_get_extension_data(connection, &xcb_xkb_id);
+    return extension != nullptr && extension->present != 0 ? extension->first_event : 0;
+}
+
+} // namespace
+
+class X11HotKeys::HandlerRegistration : public Registration {
+public:
+    HandlerRegistration(X11HotKeys& owner, PressHandler pressHandler)
+        : handler(std::move(pressHandler)), m_owner(owner) {
+        m_owner.m_handlers.push_back(this);
+    }
+    ~HandlerRegistration() override { m_owner.m_handlers.remove(this); }
+
+    PressHandler handler;
+
+private:
+    X11HotKeys& m_owner;
+};
+
+class X11HotKeys::KeyRegistration : public Registration {
+public:
+    struct Grab {
+        xcb_keycode_t key;
+        std::uint16_t modifiers;
+        std::vector<std::uint16_t> lockCombinations;
+
+        friend bool operator==(const Grab&, const Grab&) = default;
+    };
+
+    KeyRegistration(X11HotKeys& owner, std::uint32_t virtualKey, std::uint32_t carbonModifiers,
+                    HotKeyIdentity hotKeyIdentity)
+        : identity(hotKeyIdentity),
+          m_owner(owner),
+          m_virtualKey(virtualKey),
+          m_carbonModifiers(carbonModifiers) {
+        m_owner.m_registrations.push_back(this);
+    }
+    ~KeyRegistration() override {
+        m_owner.ungrab(*this);
+        m_owner.m_registrations.remove(this);
+    }
+
+    /// What to grab on the given keyboard; absent when it has no such key.
+    std::optional<Grab> wanted(const X11Keyboard& keyboard) const {
+        const auto name = keyNameForVirtualKey(m_virtualKey);
+        if (!name) {
+            return std::nullopt;
+        }
+        const auto found = keyboard.keyCodes.find(std::string(*name));
+        if (found == keyboard.keyCodes.end()) {
+            return std::nullopt;
+        }
+        return Grab{found->second, keyboard.modifierBits(m_carbonModifiers),
+                    keyboard.lockCombinations()};
+    }
+
+    HotKeyIdentity identity;
+    /// What is grabbed now.
+    std::optional<Grab> grab;
+
+private:
+    X11HotKeys& m_owner;
+    std::uint32_t m_virtualKey;
+    std::uint32_t m_carbonModifiers;
+};
+
+X11HotKeys::X11HotKeys(const X11Display& display, X11RawEvents& rawEvents)
+    : m_display(display),
+      m_rawEvents(rawEvents),
+      m_keyboard(X11Keyboard::read(display)),
+      m_xkbEventBase(xkbEventBase(display.connection)) {
+    qApp->installNativeEventFilter(this);
+}
+
+X11HotKeys::~X11HotKeys() {
+    if (qApp != nullptr) {
+        qApp->removeNativeEventFilter(this);
+    }
+}
+
+std::unique_ptr<GlobalHotKeys::Registration> X11HotKeys::installHandler(PressHandler handler) {
+    return std::make_unique<HandlerRegistration>(*this, std::move(handler));
+}
+
+GlobalHotKeys::RegistrationResult X11HotKeys::registerHotKey(std::uint32_t keyCode,
+                                                             std::uint32_t modifiers,
+                                                             HotKeyIdentity identity) {
+    auto registration = std::make_unique<KeyRegistration>(*this, keyCode, modifiers, identity);
+    if (const HotKeyStatus status = grab(*registration); status != statusSuccess) {
+        return status;
+    }
+    return registration;
+}
+
+HotKeyStatus X11HotKeys::grab(KeyRegistration& registration) const {
+    const auto wanted = registration.wanted(m_keyboard);
+    if (!wanted) {
+        return statusBadValue;
+    }
+    std::vector<xcb_void_cookie_t> cookies;
+    for (const std::uint16_t locks : wanted->lockCombinations) {
+        const auto modifiers = static_cast<std::uint16_t>(wanted->modifiers | locks);
+        cookies.push_back(xcb_grab_key_checked(m_display.connection, 1, m_display.root, modifiers,
+                                               wanted->key, XCB_GRAB_MODE_ASYNC,
+                                               XCB_GRAB_MODE_ASYNC));
+    }
+    HotKeyStatus status = statusSuccess;
+    for (const xcb_void_cookie_t cookie : cookies) {
+        const XcbPointer<xcb_generic_error_t> error(
+            xcb_request_check(m_display.connection, cookie));
+        if (error && status == statusSuccess) {
+            status = error->error_code;
+        }
+    }
+    registration.grab = wanted;
+    if (status != statusSuccess) {
+        // Some states of the locks may have been free; half a hotkey is none.
+        ungrab(registration);
+    }
+    return status;
+}
+
+void X11HotKeys::ungrab(KeyRegistration& registration) const {
+    const auto grab = std::exchange(registration.grab, std::nullopt);
+    if (!grab) {
+        return;
+    }
+    for (const std::uint16_t locks : grab->lockCombinations) {
+        xcb_ungrab_key(m_display.connection, grab->key, m_display.root,
+                       static_cast<std::uint16_t>(grab->modifiers | locks));
+    }
+    xcb_flush(m_display.connection);
+}
+
+bool X11HotKeys::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
+                                   qintptr* /*result*/) {
+    const auto* const event = static_cast<const xcb_generic_event_t*>(message);
+    const unsigned int type = event->response_type & 0x7FU;
+    if (type == XCB_KEY_PRESS) {
+        return handleKeyPress(*static_cast<const xcb_key_press_event_t*>(message));
+    }
+    if (type == XCB_MAPPING_NOTIFY || (m_xkbEventBase != 0 && type == m_xkbEventBase)) {
+        // The byte that names the event of the X Keyboard Extension; it is always a map or new
+        // keyboard notification where it matters, and looking again is cheap.
+        const unsigned int xkbType = event->pad0;
+        if (type == XCB_MAPPING_NOTIFY || xkbType == XCB_XKB_NEW_KEYBOARD_NOTIFY ||
+            xkbType == XCB_XKB_MAP_NOTIFY) {
+            keyboardMayHaveChanged();
+        }
+    }
+    return false;
+}
+
+bool X11HotKeys::handleKeyPress(const xcb_key_press_event_t& event) {
+    const unsigned int held = event.state & modifierMask & ~unsigned{m_keyboard.lockMask()};
+    for (const KeyRegistration* registration : m_registrations) {
+        const auto& grab = registration->grab;
+        if (!grab || grab->key != event.detail || grab->modifiers != held) {
+            continue;
+        }
+        if (m_heldKey) {
+            return true;
+        }
+        // The key may be let go in another application's window, so its release is looked for on
+        // the device itself.
+        m_heldKey = m_rawEvents.observe(X11RawEvents::Type::KeyRelease,
+                                        [this, key = event.detail](std::uint32_t released) {
+                                            if (released == key) {
+                                                m_heldKey.reset();
+                                            }
+                                        });
+        report(registration->identity);
+        return true;
+    }
+    return false;
+}
+
+void X11HotKeys::report(HotKeyIdentity identity) const {
+    // The handlers may come and go while they run.
+    std::vector<PressHandler> handlers;
+    for (const HandlerRegistration* registration : m_handlers) {
+        handlers.push_back(registration->handler);
+    }
+    for (const PressHandler& handler : handlers) {
+        handler(identity);
+    }
+}
+
+void X11HotKeys::keyboardMayHaveChanged() {
+    // A change of layout comes as a burst of events.
+    if (std::exchange(m_keyboardCheckPending, true)) {
+        return;
+    }
+    QMetaObject::invokeMethod(
+        &m_context, [this] { followKeyboard(); }, Qt::QueuedConnection);
+}
+
+void X11HotKeys::followKeyboard() {
+    m_keyboardCheckPending = false;
+    X11Keyboard keyboard = X11Keyboard::read(m_display);
+    if (keyboard == m_keyboard) {
+        return;
+    }
+    m_keyboard = std::move(keyboard);
+    for (KeyRegistration* const registration : m_registrations) {
+        if (registration->grab == registration->wanted(m_keyboard)) {
+            continue;
+        }
+        ungrab(*registration);
+        if (const HotKeyStatus status = grab(*registration); status != statusSuccess) {
+            qWarning().noquote() << QStringLiteral(
+                                        "Quorvantel: the keyboard changed and the hotkey is taken "
+                                        "there (X11 error %1)")
+                                        .arg(status);
+        }
+    }
+}
+
+} // namespace quorvantel::platform

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/GlobalHotKeys.h"
+#include "platform/linux/x11/X11Display.h"
+#include "platform/linux/x11/X11Keyboard.h"
+#include "platform/linux/x11/X11RawEvents.h"
+
+#include <QAbstractNativeEventFilter>
+#include <QObject>
+
+#include <list>
+
+namespace quorvantel::platform {
+
+/// Global hotkeys as passive key grabs on the root window.
+///
+/// A combination is grabbed once for every state of the locks. While the launcher's panel holds the
+/// keyboard, passive grabs sleep; the same key press then reaches the panel's window on the same
+/// connection, where it is recognised just as well. When the keyboard's mapping changes, the grabs
+/// move to wherever the keys went.
+class X11HotKeys : public GlobalHotKeys, public QAbstractNativeEventFilter {
+public:
+    /// `rawEvents` must outlive this object and all registrations.
+    X11HotKeys(const X11Display& display, X11RawEvents& rawEvents);
+    ~X11HotKeys() override;
+
+    std::unique_ptr<Registration> installHandler(PressHandler handler) override;
+
+    /// The status is the error code of the X protocol: BadAccess (10) when another client holds the
+    /// combination, BadValue (2) when the keyboard has no such key.
+    RegistrationResult registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
+                                      HotKeyIdentity identity) override;
+
+    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+
+private:
+    class HandlerRegistration;
+    class KeyRegistration;
+
+    HotKeyStatus grab(KeyRegistration& registration) const;
+    void ungrab(KeyRegistration& registration) const;
+    bool handleKeyPress(const xcb_key_press_event_t& event);
+    void report(HotKeyIdentity identity) const;
+    void keyboardMayHaveChanged();
+    void followKeyboard();
+
+    X11Display m_display;
+    X11RawEvents& m_rawEvents;
+    X11Keyboard m_keyboard;
+    /// The first event code of the X Keyboard Extension; 0 when the server lacks it.
+    std::uint8_t m_xkbEventBase = 0;
+    bool m_keyboardCheckPending = false;
+    std::list<HandlerRegistration*> m_handlers;
+    std::list<KeyRegistration*> m_registrations;
+    /// Lives while a hotkey is held down; its key repeats must not count as presses.
+    std::unique_ptr<X11RawEvents::Observation> m_heldKey;
+    QObject m_context;
+};
+
+} // namespace quorvantel::platform

@@ -1,0 +1,99 @@
+#include "platform/linux/x11/X11RawEvents.h"
+
+#include <QCoreApplication>
+
+#include <xcb/xinput.h>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace quorvantel::platform {
+
+namespace {
+
+std::uint8_t extensionOpcode(xcb_connection_t* connection) {
+    const auto* const extension = xcb_get_extension_data(connection, &xcb_input_id);
+    return extension != nullptr && extension->present != 0 ? extension->major_opcode : 0;
+}
+
+} // namespace
+
+X11RawEvents::Observation::Observation(X11RawEvents& events, Type type, Handler handler)
+    : m_events(events), m_type(type), m_handler(std::move(handler)) {
+    m_events.m_observations.push_back(this);
+    m_events.select();
+}
+
+X11RawEvents::Observation::~Observation() {
+    m_events.m_observations.remove(this);
+    m_events.select();
+}
+
+X11RawEvents::X11RawEvents(const X11Display& display)
+    : m_display(display), m_opcode(extensionOpcode(display.connection)) {
+    qApp->installNativeEventFilter(this);
+}
+
+X11RawEvents::~X11RawEvents() {
+    if (qApp != nullptr) {
+        qApp->removeNativeEventFilter(this);
+    }
+}
+
+std::unique_ptr<X11RawEvents::Observation> X11RawEvents::observe(Type type, Handler handler) {
+    if (m_opcode == 0) {
+        return nullptr;
+    }
+    return std::unique_ptr<Observation>(new Observation(*this, type, std::move(handler)));
+}
+
+void X11RawEvents::select() const {
+    std::uint32_t events = 0;
+    for (const Observation* observation : m_observations) {
+        events |= observation->m_type == Type::ButtonPress
+                      ? XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS
+                      : XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE;
+    }
+    struct {
+        xcb_input_event_mask_t head;
+        std::uint32_t events;
+    } const mask{{XCB_INPUT_DEVICE_ALL_MASTER, 1}, events};
+    xcb_input_xi_select_events(m_display.connection, m_display.root, 1, &mask.head);
+    xcb_flush(m_display.connection);
+}
+
+void X11RawEvents::deliver(Type type, std::uint32_t detail) {
+    // Handlers may end observations, their own and others, so the list is walked in a copy.
+    const std::vector<Observation*> observations(m_observations.begin(), m_observations.end());
+    for (Observation* const observation : observations) {
+        const bool isStillThere =
+            std::ranges::find(m_observations, observation) != m_observations.end();
+        if (isStillThere && observation->m_type == type) {
+            const Handler handler = observation->m_handler;
+            handler(detail);
+        }
+    }
+}
+
+bool X11RawEvents::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
+                                     qintptr* /*result*/) {
+    const auto* const event = static_cast<const xcb_generic_event_t*>(message);
+    if (m_observations.empty() || (event->response_type & 0x7F) != XCB_GE_GENERIC) {
+        return false;
+    }
+    const auto* const generic = static_cast<const xcb_ge_generic_event_t*>(message);
+    if (generic->extension != m_opcode) {
+        return false;
+    }
+    if (generic->event_type == XCB_INPUT_RAW_BUTTON_PRESS) {
+        deliver(Type::ButtonPress,
+                static_cast<const xcb_input_raw_button_press_event_t*>(message)->detail);
+    } else if (generic->event_type == XCB_INPUT_RAW_KEY_RELEASE) {
+        deliver(Type::KeyRelease,
+                static_cast<const xcb_input_raw_key_release_event_t*>(message)->detail);
+    }
+    return false;
+}
+
+} // namespace quorvantel::platform
