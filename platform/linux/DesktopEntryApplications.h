@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/InstalledApplications.h"
+
+#include <QSet>
+#include <QStringList>
+
+namespace quorvantel::platform {
+
+/// The applications that have a desktop entry (Desktop Entry Specification).
+///
+/// The entries are those of the files "*.desktop" in the application directories and the folders in
+/// them. An entry that its author, its user or the running desktop (XDG_CURRENT_DESKTOP) does not
+/// want shown, or whose program is not installed (TryExec), is background-only. A broken entry is
+/// left out, which one line is logged about, once.
+class DesktopEntryApplications final : public InstalledApplications {
+public:
+    /// The directories of the XDG Base Directory Specification, "applications" in $XDG_DATA_HOME
+    /// and in each of $XDG_DATA_DIRS, in the order of their precedence.
+    static QStringList standardDirectories();
+
+    explicit DesktopEntryApplications(QStringList directories = standardDirectories());
+
+    /// Sorted by directory; within one, in the order in which the file system lists it.
+    std::vector<InstalledApplication> list() const override;
+
+private:
+    void reportOnce(const QString& path, const QString& problem) const;
+
+    QStringList m_directories;
+    mutable QSet<QString> m_reported;
+};
+
+} // namespace quorvantel::platform
