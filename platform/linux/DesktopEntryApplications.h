@@ -1,9 +1,12 @@
 #pragma once
 
 #include "platform/InstalledApplications.h"
+#include "platform/linux/DesktopEntry.h"
 
 #include <QSet>
 #include <QStringList>
+
+#include <optional>
 
 namespace quorvantel::platform {
 
@@ -21,10 +24,11 @@ public:
 
     explicit DesktopEntryApplications(QStringList directories = standardDirectories());
 
-    /// Sorted by directory; within one, in the order in which the file system lists it.
+    /// Directory by directory; within one, in the order in which the file system lists it.
     std::vector<InstalledApplication> list() const override;
 
 private:
+    std::optional<DesktopEntry> read(const QString& path) const;
     void reportOnce(const QString& path, const QString& problem) const;
 
     QStringList m_directories;

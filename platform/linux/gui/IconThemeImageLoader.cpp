@@ -70,7 +70,9 @@ QPixmap loadThemeIcon(const QString& name, int points, qreal scale) {
         scale);
 }
 
-QPixmap decode(const Image& image, int points, qreal scale) {
+} // namespace
+
+QPixmap IconThemeImageLoader::load(const Image& image, int points, qreal scale) {
     switch (image.source) {
     case Image::Source::None:
         return {};
@@ -82,17 +84,6 @@ QPixmap decode(const Image& image, int points, qreal scale) {
         return loadFile(QStringLiteral(":/symbols/%1.svg").arg(image.name), points, scale);
     }
     Q_UNREACHABLE();
-}
-
-} // namespace
-
-QPixmap IconThemeImageLoader::load(const Image& image, int points, qreal scale) {
-    const Key key{image.source, image.name, points, scale};
-    const auto cached = m_cache.constFind(key);
-    if (cached != m_cache.constEnd()) {
-        return *cached;
-    }
-    return *m_cache.insert(key, decode(image, points, scale));
 }
 
 } // namespace quorvantel::platform

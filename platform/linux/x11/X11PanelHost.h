@@ -20,6 +20,7 @@ public:
     explicit X11PanelHost(const X11Display& display);
 
     Qt::WindowFlags windowFlags() const override;
+    bool isComposited() const override;
     void takeKeyboard(QWindow& window) override;
     void releaseKeyboard(QWindow& window) override;
 
@@ -28,6 +29,7 @@ private:
     void takeFocus();
 
     X11Display m_display;
+    xcb_atom_t m_compositingManager;
     QPointer<QWindow> m_window;
     QTimer m_retry;
     int m_attemptsLeft = 0;

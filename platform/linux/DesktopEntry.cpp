@@ -1,0 +1,82 @@
+#include "platform/linux/DesktopEntry.h"
+
+#include <QDir>
+
+namespace quorvantel::platform {
+
+namespace {
+
+constexpr const char* group = G_KEY_FILE_DESKTOP_GROUP;
+
+/// An icon's name in the theme. Many entries give a file name in its place, which the Icon Theme
+/// Specification has no extension for.
+QString themeName(const QString& icon) {
+    for (const char* extension : {".png", ".svg", ".xpm"}) {
+        if (icon.endsWith(QLatin1StringView(extension))) {
+            return icon.chopped(4);
+        }
+    }
+    return icon;
+}
+
+} // namespace
+
+DesktopEntry::DesktopEntry(const QByteArray& content) : m_file(g_key_file_new()) {
+    GError* error = nullptr;
+    if (!g_key_file_load_from_data(m_file.get(), content.constData(),
+                                   static_cast<gsize>(content.size()), G_KEY_FILE_NONE, &error)) {
+        m_syntaxError = QString::fromUtf8(GErrorPointer(error)->message);
+    } else if (!g_key_file_has_group(m_file.get(), group)) {
+        m_syntaxError = QStringLiteral("no group \"%1\"").arg(QLatin1StringView(group));
+    }
+}
+
+QString DesktopEntry::text(const char* key) const {
+    return QString::fromUtf8(GText(g_key_file_get_string(m_file.get(), group, key, nullptr)).get());
+}
+
+QString DesktopEntry::localizedText(const char* key) const {
+    return QString::fromUtf8(
+        GText(g_key_file_get_locale_string(m_file.get(), group, key, nullptr, nullptr)).get());
+}
+
+bool DesktopEntry::flag(const char* key) const {
+    return g_key_file_get_boolean(m_file.get(), group, key, nullptr) != FALSE;
+}
+
+bool DesktopEntry::isHidden() const {
+    return flag(G_KEY_FILE_DESKTOP_KEY_HIDDEN) || flag(G_KEY_FILE_DESKTOP_KEY_NO_DISPLAY);
+}
+
+bool DesktopEntry::isShownIn(const QByteArray& currentDesktops) const {
+    for (const QByteArray& desktop : currentDesktops.split(':')) {
+        if (lists(G_KEY_FILE_DESKTOP_KEY_ONLY_SHOW_IN, desktop)) {
+            return true;
+        }
+        if (lists(G_KEY_FILE_DESKTOP_KEY_NOT_SHOW_IN, desktop)) {
+            return false;
+        }
+    }
+    return g_key_file_has_key(m_file.get(), group, G_KEY_FILE_DESKTOP_KEY_ONLY_SHOW_IN, nullptr) ==
+           FALSE;
+}
+
+bool DesktopEntry::lacksProgram() const {
+    const QByteArray program = text(G_KEY_FILE_DESKTOP_KEY_TRY_EXEC).toUtf8();
+    return !program.isEmpty() && GText(g_find_program_in_path(program.constData())) == nullptr;
+}
+
+Image DesktopEntry::icon() const {
+    const QString icon = localizedText(G_KEY_FILE_DESKTOP_KEY_ICON);
+    if (icon.isEmpty()) {
+        return {};
+    }
+    return QDir::isAbsolutePath(icon) ? Image::file(icon) : Image::iconTheme(themeName(icon));
+}
+
+bool DesktopEntry::lists(const char* key, const QByteArray& desktop) const {
+    const GTextList names(g_key_file_get_string_list(m_file.get(), group, key, nullptr, nullptr));
+    return names && g_strv_contains(names.get(), desktop.constData()) != FALSE;
+}
+
+} // namespace quorvantel::platform

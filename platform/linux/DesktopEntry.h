@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/Image.h"
+#include "platform/linux/GLibPointers.h"
+
+#include <QByteArray>
+#include <QString>
+
+namespace quorvantel::platform {
+
+/// The main group of a desktop file (Desktop Entry Specification).
+///
+/// Texts that a file lacks, or that are not UTF-8, are empty.
+class DesktopEntry {
+public:
+    /// `content` is that of the whole file. A file that is none reads as an entry without anything
+    /// in it, and says so in `syntaxError`.
+    explicit DesktopEntry(const QByteArray& content);
+
+    /// What is wrong with the file's syntax, in words for a log line; empty when nothing is.
+    const QString& syntaxError() const { return m_syntaxError; }
+
+    QString text(const char* key) const;
+
+    /// The text in the language of the environment (LANGUAGE, LC_ALL, LC_MESSAGES, LANG).
+    QString localizedText(const char* key) const;
+
+    bool flag(const char* key) const;
+
+    /// Whether the entry was taken out of the menus, by its author or its user.
+    bool isHidden() const;
+
+    /// Whether a desktop shows the entry. `currentDesktops` is the list in XDG_CURRENT_DESKTOP,
+    /// separated by colons.
+    bool isShownIn(const QByteArray& currentDesktops) const;
+
+    /// Whether the program that the entry makes its condition is missing (TryExec).
+    bool lacksProgram() const;
+
+    /// An image file, or a name in the icon theme; null when the entry names no icon.
+    Image icon() const;
+
+private:
+    bool lists(const char* key, const QByteArray& desktop) const;
+
+    GKeyFilePointer m_file;
+    QString m_syntaxError;
+};
+
+} // namespace quorvantel::platform

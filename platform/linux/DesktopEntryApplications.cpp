@@ -1,0 +1,166 @@
+#include "platform/linux/DesktopEntryApplications.h"
+
+#include "platform/Directories.h"
+#include "platform/PrivateFile.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+
+#include <utility>
+
+namespace quorvantel::platform {
+
+namespace {
+
+constexpr qint64 maximumEntrySize = 1024 * 1024;
+constexpr int maximumFolderDepth = 10;
+constexpr QLatin1StringView extension(".desktop");
+
+/// A desktop file and its desktop file ID without the extension.
+struct EntryFile {
+    QString path;
+    QString identifier;
+};
+
+/// Finds the desktop files in a folder and the folders in it, each of which is entered once, by
+/// whichever path comes first.
+class EntryFinder {
+public:
+    explicit EntryFinder(const QString& root) { enter(root, {}, 0); }
+
+    const std::vector<EntryFile>& files() const { return m_files; }
+
+private:
+    void enter(const QString& folder, const QString& prefix, int depth) {
+        const QString canonical = QFileInfo(folder).canonicalFilePath();
+        if (depth > maximumFolderDepth || canonical.isEmpty() || m_entered.contains(canonical)) {
+            return;
+        }
+        m_entered.insert(canonical);
+        QDirIterator entries(folder,
+                             QDir::Files | QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot);
+        while (entries.hasNext()) {
+            entries.next();
+            const QString name = entries.fileName();
+            if (entries.fileInfo().isDir()) {
+                enter(entries.filePath(), prefix + name + QLatin1Char('-'), depth + 1);
+            } else if (name.endsWith(extension)) {
+                m_files.push_back({entries.filePath(), prefix + name.chopped(extension.size())});
+            }
+        }
+    }
+
+    QSet<QString> m_entered;
+    std::vector<EntryFile> m_files;
+};
+
+/// What a user would type for the file's name: of a reverse domain name such as
+/// "org.example.Viewer.desktop", the program's own part.
+QString typedName(const QString& path) {
+    const QString name = QFileInfo(path).fileName().chopped(extension.size());
+    return name.count(QLatin1Char('.')) < 2 ? name
+                                            : name.mid(name.lastIndexOf(QLatin1Char('.')) + 1);
+}
+
+bool isApplication(const DesktopEntry& entry) {
+    return entry.text(G_KEY_FILE_DESKTOP_KEY_TYPE) ==
+           QLatin1StringView(G_KEY_FILE_DESKTOP_TYPE_APPLICATION);
+}
+
+/// What keeps an entry from being a valid one; empty when nothing does.
+QString defect(const DesktopEntry& entry) {
+    if (!entry.syntaxError().isEmpty()) {
+        return entry.syntaxError();
+    }
+    // Users hide an entry by one of the same name that holds nothing but the key to that.
+    if (entry.isHidden()) {
+        return {};
+    }
+    for (const char* key : {G_KEY_FILE_DESKTOP_KEY_TYPE, G_KEY_FILE_DESKTOP_KEY_NAME}) {
+        if (entry.text(key).isEmpty()) {
+            return QStringLiteral("no valid \"%1\"").arg(QLatin1StringView(key));
+        }
+    }
+    if (isApplication(entry) && entry.text(G_KEY_FILE_DESKTOP_KEY_EXEC).isEmpty() &&
+        !entry.flag(G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE)) {
+        return QStringLiteral("no valid \"Exec\"");
+    }
+    return {};
+}
+
+InstalledApplication application(const EntryFile& file, const DesktopEntry& entry,
+                                 const QByteArray& currentDesktops) {
+    return {
+        .location = QUrl::fromLocalFile(file.path),
+        .identifier = file.identifier,
+        .localizedName = entry.localizedText(G_KEY_FILE_DESKTOP_KEY_NAME),
+        .name = entry.text(G_KEY_FILE_DESKTOP_KEY_NAME),
+        .fileName = typedName(file.path),
+        .isBackgroundOnly =
+            entry.isHidden() || !entry.isShownIn(currentDesktops) || entry.lacksProgram(),
+        .icon = entry.icon(),
+    };
+}
+
+} // namespace
+
+QStringList DesktopEntryApplications::standardDirectories() {
+    QByteArray shared = qgetenv("XDG_DATA_DIRS");
+    if (shared.isEmpty()) {
+        shared = QByteArrayLiteral("/usr/local/share:/usr/share");
+    }
+    QStringList directories{applicationSupportDirectory() + QStringLiteral("/applications")};
+    for (const QByteArray& name : shared.split(':')) {
+        const QString directory = QFile::decodeName(name);
+        if (QDir::isAbsolutePath(directory)) {
+            directories.append(QDir::cleanPath(directory + QStringLiteral("/applications")));
+        }
+    }
+    directories.removeDuplicates();
+    return directories;
+}
+
+DesktopEntryApplications::DesktopEntryApplications(QStringList directories)
+    : m_directories(std::move(directories)) {}
+
+std::vector<InstalledApplication> DesktopEntryApplications::list() const {
+    const QByteArray currentDesktops = qgetenv("XDG_CURRENT_DESKTOP");
+    std::vector<InstalledApplication> applications;
+    for (const QString& directory : m_directories) {
+        const EntryFinder finder(directory);
+        for (const EntryFile& file : finder.files()) {
+            const std::optional<DesktopEntry> entry = read(file.path);
+            if (entry && (entry->isHidden() || isApplication(*entry))) {
+                applications.push_back(application(file, *entry, currentDesktops));
+            }
+        }
+    }
+    return applications;
+}
+
+std::optional<DesktopEntry> DesktopEntryApplications::read(const QString& path) const {
+    const FileContent content = readRegularFile(path, maximumEntrySize);
+    if (const auto* error = std::get_if<FileError>(&content)) {
+        reportOnce(path, describe(*error));
+        return std::nullopt;
+    }
+    DesktopEntry entry(std::get<QByteArray>(content));
+    const QString problem = defect(entry);
+    if (!problem.isEmpty()) {
+        reportOnce(path, problem);
+        return std::nullopt;
+    }
+    return entry;
+}
+
+void DesktopEntryApplications::reportOnce(const QString& path, const QString& problem) const {
+    if (m_reported.contains(path)) {
+        return;
+    }
+    m_reported.insert(path);
+    qWarning("Quorvantel: ignoring %s: %s", qUtf8Printable(path), qUtf8Printable(problem));
+}
+
+} // namespace quorvantel::platform

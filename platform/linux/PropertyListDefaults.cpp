@@ -1,0 +1,163 @@
+#include "platform/linux/PropertyListDefaults.h"
+
+#include "platform/Directories.h"
+#include "platform/PrivateFile.h"
+#include "platform/linux/PropertyList.h"
+
+#include <QFile>
+
+#include <type_traits>
+#include <utility>
+
+namespace quorvantel::platform {
+
+namespace {
+
+constexpr qint64 maximumSize = 1024 * 1024;
+
+/// What stands at the path of the settings: a dictionary, empty when there is no file; nothing
+/// when the file is damaged; or why it cannot be read.
+using Stored = std::variant<PropertyList, FileError>;
+
+Stored readDictionary(const QString& path) {
+    const FileContent content = readRegularFile(path, maximumSize);
+    if (const auto* error = std::get_if<FileError>(&content)) {
+        if (*error == FileError::Missing) {
+            return PropertyList(plist_new_dict());
+        }
+        return *error;
+    }
+    PropertyList list = parsePropertyList(std::get<QByteArray>(content));
+    if (list && plist_get_node_type(list.get()) != PLIST_DICT) {
+        list.reset();
+    }
+    return list;
+}
+
+UserDefaults::Value fromVariant(const QVariant& value) {
+    switch (value.typeId()) {
+    case QMetaType::Bool:
+        return value.toBool();
+    case QMetaType::LongLong:
+        return std::int64_t{value.toLongLong()};
+    case QMetaType::Double:
+        return value.toDouble();
+    case QMetaType::QString:
+        return value.toString();
+    case QMetaType::QByteArray:
+        return value.toByteArray();
+    default:
+        return UserDefaults::Other{};
+    }
+}
+
+plist_t toNode(bool value) {
+    return plist_new_bool(value ? 1 : 0);
+}
+
+plist_t toNode(std::int64_t value) {
+    // libplist takes the bits of a negative number, and writes it as one.
+    return plist_new_uint(static_cast<std::uint64_t>(value));
+}
+
+plist_t toNode(double value) {
+    return plist_new_real(value);
+}
+
+plist_t toNode(const QString& value) {
+    return plist_new_string(value.toUtf8().constData());
+}
+
+plist_t toNode(const QByteArray& value) {
+    return plist_new_data(value.constData(), static_cast<std::uint64_t>(value.size()));
+}
+
+void assign(plist_t dictionary, const QString& key, const UserDefaults::Value& value) {
+    std::visit(
+        [&](const auto& held) {
+            if constexpr (!std::is_same_v<std::decay_t<decltype(held)>, UserDefaults::Other>) {
+                plist_dict_set_item(dictionary, key.toUtf8().constData(), toNode(held));
+            }
+        },
+        value);
+}
+
+/// Moves a damaged file out of the way under a name that is free, so that nothing in it is lost.
+bool setAside(const QString& path) {
+    QString name = path + QStringLiteral(".damaged");
+    for (int number = 2; QFile::exists(name); ++number) {
+        name = path + QStringLiteral(".damaged-%1").arg(number);
+    }
+    return QFile::rename(path, name);
+}
+
+} // namespace
+
+QString PropertyListDefaults::standardPath() {
+    return configurationDirectory() + QStringLiteral("/Quorvantel/defaults.plist");
+}
+
+PropertyListDefaults::PropertyListDefaults(QString path) : m_path(std::move(path)) {
+    const Stored stored = readDictionary(m_path);
+    if (const auto* error = std::get_if<FileError>(&stored)) {
+        reportOnce(Problem::Reading, describe(*error));
+        return;
+    }
+    const auto& list = std::get<PropertyList>(stored);
+    if (!list) {
+        reportOnce(Problem::Reading, QStringLiteral("damaged"));
+        return;
+    }
+    const QVariantMap values = toVariant(list.get()).toMap();
+    for (auto value = values.cbegin(); value != values.cend(); ++value) {
+        m_stored.insert(value.key(), fromVariant(value.value()));
+    }
+}
+
+std::optional<UserDefaults::Value> PropertyListDefaults::value(const QString& key) const {
+    for (const auto* values : {&m_assigned, &m_stored}) {
+        if (const auto found = values->constFind(key); found != values->cend()) {
+            return *found;
+        }
+    }
+    return std::nullopt;
+}
+
+void PropertyListDefaults::set(const QString& key, const Value& value) {
+    if (std::holds_alternative<Other>(value)) {
+        return;
+    }
+    m_assigned.insert(key, value);
+    if (!write()) {
+        reportOnce(Problem::Writing, QStringLiteral("cannot be written"));
+    }
+}
+
+bool PropertyListDefaults::write() {
+    Stored stored = readDictionary(m_path);
+    auto* list = std::get_if<PropertyList>(&stored);
+    if (list == nullptr) {
+        return false;
+    }
+    if (!*list) {
+        if (!setAside(m_path)) {
+            return false;
+        }
+        list->reset(plist_new_dict());
+    }
+    // All that this run has set, since an earlier write may have failed.
+    for (auto value = m_assigned.cbegin(); value != m_assigned.cend(); ++value) {
+        assign(list->get(), value.key(), value.value());
+    }
+    return replacePrivateFile(m_path, toXml(list->get()));
+}
+
+void PropertyListDefaults::reportOnce(Problem problem, const QString& description) {
+    if (m_reported.contains(problem)) {
+        return;
+    }
+    m_reported.append(problem);
+    qWarning("Quorvantel: settings in %s: %s", qUtf8Printable(m_path), qUtf8Printable(description));
+}
+
+} // namespace quorvantel::platform
