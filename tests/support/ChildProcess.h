@@ -20,7 +20,7 @@ class ChildProcess {
 public:
     struct Launch {
         QString program; ///< Looked up in PATH when it holds no slash.
-        QStringList arguments;
+        QStringList arguments = {};
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         /// Receives standard output and standard error; discarded when empty.
         QString outputPath = {};

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QByteArray>
+#include <QRect>
+
+#include <vector>
+
+namespace quorvantel::testing {
+
+/// Divides the screen of an X server into monitors, as RandR reports them to its clients. The
+/// rectangles are in pixels from the top-left corner of the root window; the first is the primary
+/// monitor. Replaces the monitors of an earlier call. Throws std::runtime_error when the server
+/// does not accept them.
+void setMonitors(const QByteArray& display, const std::vector<QRect>& monitors);
+
+} // namespace quorvantel::testing
