@@ -1,0 +1,142 @@
+#include "search/LearnedAbbreviationStore.h"
+
+#include "search/Days.h"
+#include "search/StoredWeight.h"
+
+#include <QLocale>
+#include <QTextBoundaryFinder>
+
+#include <cmath>
+#include <optional>
+#include <utility>
+
+namespace quorvantel {
+
+namespace {
+
+constexpr double halfLifeInDays = 30.0;
+constexpr double boostMultiplier = 1.5;
+constexpr QLatin1StringView weightName("weight");
+
+bool hasTwoCharacters(const QString& text) {
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    const qsizetype firstEnd = finder.toNextBoundary();
+    return firstEnd > 0 && firstEnd < text.size();
+}
+
+/// The form in which queries are compared; nothing for a query that is too short to learn.
+std::optional<QString> normalised(const QString& query) {
+    // The C locale's lower case is that of the Unicode Standard, with its final sigma and without
+    // the exceptions of any language.
+    QString text = QLocale::c().toLower(query.trimmed());
+    if (!hasTwoCharacters(text)) {
+        return std::nullopt;
+    }
+    return text;
+}
+
+double decayed(const LearnedAbbreviationStore::Entry& entry, double now) {
+    const double days = (now - entry.lastUpdate) / secondsPerDay;
+    return entry.weight * std::pow(2.0, -days / halfLifeInDays);
+}
+
+std::optional<QJsonObject> encode(const LearnedAbbreviationStore::Associations& associations) {
+    QJsonObject object;
+    for (auto entry = associations.cbegin(); entry != associations.cend(); ++entry) {
+        const auto encoded = encodeWeight({entry->weight, entry->lastUpdate}, weightName);
+        if (!encoded) {
+            return std::nullopt;
+        }
+        object.insert(entry.key(), *encoded);
+    }
+    return object;
+}
+
+std::optional<LearnedAbbreviationStore::Associations> decode(const QJsonValue& value) {
+    if (!value.isObject()) {
+        return std::nullopt;
+    }
+    const auto weights = decodeWeights(value.toObject(), weightName);
+    if (!weights) {
+        return std::nullopt;
+    }
+    LearnedAbbreviationStore::Associations associations;
+    for (auto stored = weights->cbegin(); stored != weights->cend(); ++stored) {
+        associations.insert(stored.key(), {stored->weight, stored->lastUpdate});
+    }
+    return associations;
+}
+
+} // namespace
+
+LearnedAbbreviationStore::Boosts::Boosts(Associations associations, double date)
+    : m_associations(std::move(associations)), m_date(date) {}
+
+double LearnedAbbreviationStore::Boosts::operator[](const QString& id) const {
+    const auto known = m_associations.constFind(id);
+    return known == m_associations.cend() ? 0.0 : decayed(*known, m_date) * boostMultiplier;
+}
+
+LearnedAbbreviationStore::LearnedAbbreviationStore(const QString& storeDirectory)
+    : m_file(storeDirectory + u"/abbreviations.json") {
+    load();
+}
+
+void LearnedAbbreviationStore::learn(const QString& query, const QString& id, double date) {
+    const auto text = normalised(query);
+    if (!text) {
+        return;
+    }
+    Associations& associations = m_table[*text];
+    const auto known = associations.constFind(id);
+    const double weight = known == associations.cend() ? 1.0 : decayed(*known, date) + 1.0;
+    associations.insert(id, {weight, date});
+    save();
+}
+
+double LearnedAbbreviationStore::boost(const QString& query, const QString& id, double date) const {
+    return boosts(query, date)[id];
+}
+
+LearnedAbbreviationStore::Boosts LearnedAbbreviationStore::boosts(const QString& query,
+                                                                  double date) const {
+    const auto text = normalised(query);
+    return {text ? m_table.value(*text) : Associations(), date};
+}
+
+void LearnedAbbreviationStore::reset() {
+    m_table.clear();
+    save();
+}
+
+void LearnedAbbreviationStore::load() {
+    const std::optional<QJsonObject> root = m_file.load();
+    if (!root) {
+        return;
+    }
+    QHash<QString, Associations> table;
+    for (auto member = root->begin(); member != root->end(); ++member) {
+        auto associations = decode(member.value());
+        if (!associations) {
+            m_file.reportUndecodable();
+            return;
+        }
+        table.insert(member.key(), std::move(*associations));
+    }
+    m_table = std::move(table);
+}
+
+void LearnedAbbreviationStore::save() const {
+    QJsonObject root;
+    for (auto query = m_table.cbegin(); query != m_table.cend(); ++query) {
+        const auto encoded = encode(*query);
+        if (!encoded) {
+            m_file.reportUnencodable();
+            return;
+        }
+        root.insert(query.key(), *encoded);
+    }
+    m_file.save(root);
+}
+
+} // namespace quorvantel
