@@ -1,0 +1,205 @@
+#include "platform/linux/GioWorkspace.h"
+
+#include "platform/PrivateFile.h"
+#include "platform/linux/DesktopEntry.h"
+#include "platform/linux/GLibPointers.h"
+#include "platform/linux/LaunchContext.h"
+#include "platform/linux/LaunchReport.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <fcntl.h>
+#include <gio/gdesktopappinfo.h>
+#include <gio/gio.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <utility>
+
+namespace quorvantel::platform {
+
+namespace {
+
+constexpr qint64 maximumEntrySize = 1024 * 1024;
+
+/// What the program has in place of the launcher's standard input and output.
+class NullDevice {
+public:
+    NullDevice() : m_descriptor(open("/dev/null", O_RDWR | O_CLOEXEC)) {}
+    NullDevice(const NullDevice&) = delete;
+    NullDevice& operator=(const NullDevice&) = delete;
+    ~NullDevice() {
+        if (m_descriptor >= 0) {
+            close(m_descriptor);
+        }
+    }
+
+    int descriptor() const { return m_descriptor; }
+
+private:
+    int m_descriptor;
+};
+
+/// Runs in the new process before its program.
+void leaveSession(gpointer /*data*/) {
+    setsid();
+}
+
+QString takeMessage(GError* error) {
+    return QString::fromUtf8(GErrorPointer(error)->message);
+}
+
+/// Waits for the end of a child process, which leaves no zombie, and reports whether it ran.
+void watchChild(GPid child, LaunchReport report) {
+    const auto ended = [](GPid /*child*/, gint status, gpointer data) {
+        auto& watched = *static_cast<LaunchReport*>(data);
+        const int code = WIFEXITED(status) ? WEXITSTATUS(status) : 0;
+        if (code == 126 || code == 127) {
+            watched.fail(
+                QStringLiteral("the program could not be executed (exit status %1)").arg(code));
+        } else {
+            watched.succeed();
+        }
+    };
+    const auto discard = [](gpointer data) { delete static_cast<LaunchReport*>(data); };
+    g_child_watch_add_full(G_PRIORITY_DEFAULT, child, ended, new LaunchReport(std::move(report)),
+                           discard);
+}
+
+/// Says why GIO made nothing of a desktop entry.
+QString entryProblem(const QString& path) {
+    const FileContent content = readRegularFile(path, maximumEntrySize);
+    if (const auto* error = std::get_if<FileError>(&content)) {
+        return describe(*error);
+    }
+    const DesktopEntry entry(std::get<QByteArray>(content));
+    if (!entry.syntaxError().isEmpty()) {
+        return entry.syntaxError();
+    }
+    const QString command = entry.text(G_KEY_FILE_DESKTOP_KEY_EXEC);
+    return command.isEmpty() ? QStringLiteral("not the entry of an application")
+                             : QStringLiteral("program not found: %1").arg(command);
+}
+
+/// Whether GIO starts the entry by a message on the session bus instead of executing a program.
+bool isActivatedByBus(GDesktopAppInfo* entry, const QString& path) {
+    const QByteArray name = QFile::encodeName(QFileInfo(path).completeBaseName());
+    if (g_desktop_app_info_get_boolean(entry, G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE) == FALSE ||
+        g_dbus_is_name(name.constData()) == FALSE ||
+        g_dbus_is_interface_name(name.constData()) == FALSE) {
+        return false;
+    }
+    const GObjectPointer<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
+    return bus != nullptr;
+}
+
+QByteArray announce(StartupNotifier* notifier, GDesktopAppInfo* entry, const QString& path) {
+    if (notifier == nullptr ||
+        g_desktop_app_info_get_boolean(entry, G_KEY_FILE_DESKTOP_KEY_STARTUP_NOTIFY) == FALSE) {
+        return {};
+    }
+    const GText icon(g_desktop_app_info_get_string(entry, G_KEY_FILE_DESKTOP_KEY_ICON));
+    return notifier->begin(g_app_info_get_display_name(G_APP_INFO(entry)),
+                           QFileInfo(path).fileName().toUtf8(), icon.get());
+}
+
+void activate(GDesktopAppInfo* entry, GAppLaunchContext* context, LaunchReport report) {
+    const auto finished = [](GObject* source, GAsyncResult* result, gpointer data) {
+        const std::unique_ptr<LaunchReport> reported(static_cast<LaunchReport*>(data));
+        GError* error = nullptr;
+        if (g_app_info_launch_uris_finish(G_APP_INFO(source), result, &error) != FALSE) {
+            reported->succeed();
+        } else {
+            reported->fail(takeMessage(error));
+        }
+    };
+    g_app_info_launch_uris_async(G_APP_INFO(entry), nullptr, context, nullptr, finished,
+                                 new LaunchReport(std::move(report)));
+}
+
+void execute(GDesktopAppInfo* entry, GAppLaunchContext* context, LaunchReport report) {
+    const auto started = [](GDesktopAppInfo* /*entry*/, GPid child, gpointer data) {
+        watchChild(child, *static_cast<LaunchReport*>(data));
+    };
+    const NullDevice null;
+    GError* error = nullptr;
+    const gboolean isStarted = g_desktop_app_info_launch_uris_as_manager_with_fds(
+        entry, nullptr, context,
+        static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_DO_NOT_REAP_CHILD), leaveSession,
+        nullptr, started, &report, null.descriptor(), null.descriptor(), null.descriptor(), &error);
+    if (isStarted == FALSE) {
+        report.fail(takeMessage(error));
+    }
+}
+
+} // namespace
+
+GioWorkspace::GioWorkspace(const BundleReader& bundles, StartupNotifier* notifier,
+                           SettingsPaneOpener* settings)
+    : m_bundles(bundles),
+      m_notifier(notifier),
+      m_settings(settings),
+      m_alive(std::make_shared<char>()) {}
+
+void GioWorkspace::openApplication(const QUrl& location, Completion completion) {
+    const QString path = location.toLocalFile();
+    if (path.endsWith(QStringLiteral(".desktop"))) {
+        openEntry(path, std::move(completion));
+    } else {
+        openBundle(path, std::move(completion));
+    }
+}
+
+bool GioWorkspace::openSettings(const QUrl& url) {
+    return m_settings != nullptr && m_settings->open(url);
+}
+
+void GioWorkspace::openEntry(const QString& path, Completion completion) {
+    // GIO would wait for the writer of a FIFO.
+    const GObjectPointer<GDesktopAppInfo> entry(
+        QFileInfo(path).isFile()
+            ? g_desktop_app_info_new_from_filename(QFile::encodeName(path).constData())
+            : nullptr);
+    if (!entry) {
+        LaunchReport(m_alive, std::move(completion), nullptr, {}).fail(entryProblem(path));
+        return;
+    }
+    const QByteArray startupId = announce(m_notifier, entry.get(), path);
+    const auto context = makeLaunchContext(startupId);
+    LaunchReport report(m_alive, std::move(completion), m_notifier, startupId);
+    if (isActivatedByBus(entry.get(), path)) {
+        activate(entry.get(), context.get(), std::move(report));
+    } else {
+        execute(entry.get(), context.get(), std::move(report));
+    }
+}
+
+void GioWorkspace::openBundle(const QString& path, Completion completion) {
+    LaunchReport report(m_alive, std::move(completion), nullptr, {});
+    const std::optional<QVariantMap> info = m_bundles.infoDictionary(path);
+    const QString program =
+        info ? info->value(QStringLiteral("CFBundleExecutable")).toString() : QString();
+    if (program.isEmpty() || program.contains(QLatin1Char('/'))) {
+        report.fail(QStringLiteral("not the bundle of an application"));
+        return;
+    }
+    QByteArray file = QFile::encodeName(path + QStringLiteral("/Contents/MacOS/") + program);
+    gchar* arguments[] = {file.data(), nullptr};
+    const auto context = makeLaunchContext({});
+    const GTextList environment(g_app_launch_context_get_environment(context.get()));
+    const NullDevice null;
+    GPid child = 0;
+    GError* error = nullptr;
+    if (g_spawn_async_with_fds(QFile::encodeName(QDir::homePath()).constData(), arguments,
+                               environment.get(), G_SPAWN_DO_NOT_REAP_CHILD, leaveSession, nullptr,
+                               &child, null.descriptor(), null.descriptor(), null.descriptor(),
+                               &error) == FALSE) {
+        report.fail(takeMessage(error));
+        return;
+    }
+    watchChild(child, std::move(report));
+}
+
+} // namespace quorvantel::platform

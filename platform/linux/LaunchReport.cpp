@@ -1,0 +1,32 @@
+#include "platform/linux/LaunchReport.h"
+
+#include <utility>
+
+namespace quorvantel::platform {
+
+LaunchReport::LaunchReport(std::weak_ptr<const void> owner, Workspace::Completion completion,
+                           StartupNotifier* notifier, QByteArray startupId)
+    : m_owner(std::move(owner)),
+      m_completion(std::move(completion)),
+      m_notifier(notifier),
+      m_startupId(std::move(startupId)) {}
+
+void LaunchReport::succeed() {
+    complete({});
+}
+
+void LaunchReport::fail(const QString& error) {
+    if (!m_owner.expired() && m_notifier != nullptr && !m_startupId.isEmpty()) {
+        m_notifier->fail(std::exchange(m_startupId, {}));
+    }
+    complete(error);
+}
+
+void LaunchReport::complete(const QString& error) {
+    const Workspace::Completion completion = std::exchange(m_completion, nullptr);
+    if (completion && !m_owner.expired()) {
+        completion(error);
+    }
+}
+
+} // namespace quorvantel::platform
