@@ -1,0 +1,18 @@
+#!/usr/bin/env bash
+# Checks the product's C++ sources with clang-tidy and the scripts with shellcheck.
+#
+#   tools/lint.sh [file.cpp...]    the given sources; all when none
+set -euo pipefail
+# shellcheck source=tools/common.sh
+source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
+
+tools/install-packages.sh build develop
+# Generated sources have to be there for what includes them.
+build release OFF all
+
+mapfile -t sources < <(if (($#)); then printf '%s\n' "$@"; else git ls-files 'Quorvantel/*.cpp' 'platform/*.cpp'; fi)
+status=0
+shellcheck -x .ci/run tools/*.sh || status=1
+printf '%s\0' "${sources[@]}" |
+    xargs -0 -P "$(nproc)" -n 4 clang-tidy --quiet -p build/release || status=1
+exit "$status"
