@@ -1,0 +1,61 @@
+#pragma once
+
+#include "platform/ImageLoader.h"
+
+#include <QHash>
+#include <QObject>
+#include <QPixmap>
+#include <QTimer>
+
+#include <deque>
+#include <optional>
+
+namespace quorvantel {
+
+/// Decodes icons once and keeps them, without ever holding up a paint.
+///
+/// What is not there yet is decoded when the event loop is idle, one image a turn, so that a
+/// keystroke never waits for more than one. Missing images are kept as null pixmaps. Main thread
+/// only.
+class IconCache : public QObject {
+    Q_OBJECT
+
+public:
+    /// `loader` must outlive the cache.
+    explicit IconCache(platform::ImageLoader& loader, QObject* parent = nullptr);
+
+    /// The image at `points` × `points` for a screen of the given scale, null when it is missing;
+    /// absent while it is not decoded yet, in which case `decoded` follows.
+    std::optional<QPixmap> pixmap(const platform::Image& image, int points, qreal scale);
+
+    /// Like `pixmap`, but decodes at once: for the few symbols of the interface itself.
+    QPixmap pixmapNow(const platform::Image& image, int points, qreal scale);
+
+Q_SIGNALS:
+    void decoded();
+
+private:
+    struct Key {
+        platform::Image image;
+        int points;
+        qreal scale;
+
+        friend bool operator==(const Key&, const Key&) = default;
+        friend size_t qHash(const Key& key, size_t seed = 0) {
+            return qHashMulti(seed, static_cast<int>(key.image.source), key.image.name, key.points,
+                              key.scale);
+        }
+    };
+
+    void decodeNext();
+
+    platform::ImageLoader& m_loader;
+    QHash<Key, QPixmap> m_pixmaps;
+    std::deque<Key> m_waiting;
+    QTimer m_idle;
+};
+
+/// The pixmap with every pixel in `color`, keeping its alpha: how a template image is shown.
+QPixmap tinted(const QPixmap& templateImage, const QColor& color);
+
+} // namespace quorvantel

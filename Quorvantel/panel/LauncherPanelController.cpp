@@ -1,0 +1,77 @@
+#include "panel/LauncherPanelController.h"
+
+#include <QWindow>
+
+namespace quorvantel {
+
+LauncherPanelController::LauncherPanelController(LauncherView* view, platform::PanelHost& host,
+                                                 const platform::Screens& screens,
+                                                 platform::ClickMonitor& clickMonitor,
+                                                 QObject* parent)
+    : QObject(parent),
+      m_host(host),
+      m_screens(screens),
+      m_clickMonitor(clickMonitor),
+      m_view(view),
+      m_panel(view, host) {
+    connect(&m_panel, &LauncherPanel::moved, this, &LauncherPanelController::panelMoved);
+}
+
+LauncherPanelController::~LauncherPanelController() {
+    if (m_panel.isVisible()) {
+        m_host.releaseKeyboard(*m_panel.windowHandle());
+    }
+}
+
+void LauncherPanelController::show() {
+    setFrame(m_placement.show(m_screens.all(), currentTargetScreen()));
+    m_panel.show();
+    m_panel.raise();
+    m_host.takeKeyboard(*m_panel.windowHandle());
+    m_view->focusSearchField();
+    if (m_clickAwayMonitor) {
+        return;
+    }
+    m_clickAwayMonitor = m_clickMonitor.observe([this] {
+        // The click is still being delivered; the panel goes once it has been.
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                if (isVisible()) {
+                    hide();
+                }
+            },
+            Qt::QueuedConnection);
+    });
+}
+
+void LauncherPanelController::hide() {
+    m_clickAwayMonitor.reset();
+    m_host.releaseKeyboard(*m_panel.windowHandle());
+    m_panel.hide();
+    if (onDismiss) {
+        onDismiss();
+    }
+}
+
+void LauncherPanelController::updateHeight(double height) {
+    if (isVisible()) {
+        setFrame(m_placement.resize(height, currentTargetScreen()));
+    }
+}
+
+void LauncherPanelController::setFrame(const QRectF& frame) {
+    m_panel.setGeometry(m_screens.toWindowGeometry(frame));
+}
+
+platform::Screen LauncherPanelController::currentTargetScreen() const {
+    return targetScreen(m_screens.mouseLocation(), m_screens.all(), m_screens.main());
+}
+
+void LauncherPanelController::panelMoved() {
+    if (isVisible()) {
+        m_placement.moved(m_screens.fromWindowGeometry(m_panel.geometry()), m_screens.all());
+    }
+}
+
+} // namespace quorvantel

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "panel/LauncherPanel.h"
+#include "panel/LauncherView.h"
+#include "panel/PanelPlacement.h"
+#include "platform/ClickMonitor.h"
+#include "platform/PanelHost.h"
+#include "platform/Screens.h"
+
+#include <QObject>
+
+#include <functional>
+#include <memory>
+
+namespace quorvantel {
+
+/// Owns the launcher panel: shows it on the screen under the mouse, sizes it, remembers where the
+/// user dragged it, and hides it on a click elsewhere.
+///
+/// The panel is created once and kept, so that showing it creates nothing. Showing never activates
+/// the launcher; the application in front stays in front.
+class LauncherPanelController : public QObject {
+    Q_OBJECT
+
+public:
+    /// Takes ownership of `view`. The platform objects must outlive the controller.
+    LauncherPanelController(LauncherView* view, platform::PanelHost& host,
+                            const platform::Screens& screens, platform::ClickMonitor& clickMonitor,
+                            QObject* parent = nullptr);
+    ~LauncherPanelController() override;
+
+    /// Called at the end of each hiding.
+    std::function<void()> onDismiss;
+
+    /// Places the panel, brings it to the front, gives it the keyboard and watches for clicks
+    /// elsewhere.
+    void show();
+
+    /// Stops watching, gives the keyboard back, takes the panel away and calls `onDismiss`.
+    void hide();
+
+    /// Gives the panel another height with its top edge where it is. Ignored while it is hidden.
+    void updateHeight(double height);
+
+    bool isVisible() const { return m_panel.isVisible(); }
+
+private:
+    void setFrame(const QRectF& frame);
+    platform::Screen currentTargetScreen() const;
+    void panelMoved();
+
+    platform::PanelHost& m_host;
+    const platform::Screens& m_screens;
+    platform::ClickMonitor& m_clickMonitor;
+    LauncherView* m_view;
+    LauncherPanel m_panel;
+    PanelPlacement m_placement;
+    /// Exists exactly while the panel is shown.
+    std::unique_ptr<platform::ClickMonitor::Token> m_clickAwayMonitor;
+};
+
+} // namespace quorvantel

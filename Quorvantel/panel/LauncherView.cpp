@@ -1,0 +1,266 @@
+#include "panel/LauncherView.h"
+
+#include "panel/ContinuousCorners.h"
+#include "panel/LauncherLayout.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+#include <utility>
+
+namespace quorvantel {
+
+namespace {
+
+using namespace LauncherLayout;
+
+constexpr int horizontalPadding = 18;
+constexpr int symbolSize = 18;
+constexpr int symbolSpacing = 12;
+constexpr int searchFontSize = 18;
+constexpr int buttonSize = 28;
+constexpr int emptyStateFontSize = 13;
+constexpr int emptyStateSymbolSize = 14;
+constexpr int emptyStateSpacing = 8;
+
+QFont interfaceFont(int pixelSize) {
+    QFont font;
+    font.setPixelSize(pixelSize);
+    return font;
+}
+
+/// On Linux, Qt's "control" is the Control key and its "meta" the Super key; both stand for Command
+/// here. On macOS, Qt's "control" is Command itself.
+bool includesCommand(Qt::KeyboardModifiers modifiers) {
+    return modifiers.testFlag(Qt::ControlModifier) || modifiers.testFlag(Qt::MetaModifier);
+}
+
+} // namespace
+
+LauncherView::LauncherView(SearchEngine& engine, const platform::Screens& screens,
+                           const ThemedRoot& theme, IconCache& icons, QWidget* parent)
+    : QWidget(parent),
+      m_engine(engine),
+      m_screens(screens),
+      m_theme(theme),
+      m_icons(icons),
+      m_searchField(this),
+      m_settingsButton(this),
+      m_list(theme, icons, this) {
+    m_searchField.setFrame(false);
+    m_searchField.setFont(interfaceFont(searchFontSize));
+    m_searchField.setPlaceholderText(QStringLiteral("Search apps and settings…"));
+    m_searchField.setAccessibleName(m_searchField.placeholderText());
+    m_searchField.installEventFilter(this);
+    setFocusProxy(&m_searchField);
+
+    m_settingsButton.setAutoRaise(true);
+    m_settingsButton.setFocusPolicy(Qt::NoFocus);
+    m_settingsButton.setIconSize(QSize(symbolSize, symbolSize));
+    m_settingsButton.setToolTip(QStringLiteral("Settings (⌘,)"));
+    m_settingsButton.setAccessibleName(QStringLiteral("Settings"));
+    m_settingsButton.hide();
+
+    connect(&m_searchField, &QLineEdit::textChanged, &engine, &SearchEngine::setQuery);
+    connect(&m_settingsButton, &QToolButton::clicked, this, &LauncherView::openSettings);
+    connect(&m_list, &ResultListView::rowClicked, this, &LauncherView::launchRow);
+    connect(&m_list, &ResultListView::rowEntered, this, [this](int row) {
+        if (m_selection.hover(row, m_screens.mouseLocation())) {
+            applySelection();
+        }
+    });
+    connect(&engine, &SearchEngine::queryChanged, this, &LauncherView::showQuery);
+    connect(&engine, &SearchEngine::resultsChanged, this, &LauncherView::showResults);
+    connect(&engine, &SearchEngine::resetTokenChanged, this, &LauncherView::resetSelection);
+    connect(&theme, &ThemedRoot::themeChanged, this, &LauncherView::applyTheme);
+    applyTheme();
+    focusSearchField();
+}
+
+void LauncherView::setOnSettings(std::function<void()> onSettings) {
+    m_onSettings = std::move(onSettings);
+    m_settingsButton.setVisible(m_onSettings != nullptr);
+    layOut();
+}
+
+void LauncherView::focusSearchField() {
+    m_searchField.setFocus(Qt::ActiveWindowFocusReason);
+}
+
+void LauncherView::showQuery() {
+    if (m_searchField.text() != m_engine.query()) {
+        m_searchField.setText(m_engine.query());
+    }
+    m_list.setVisible(!hasEmptyState());
+    update();
+}
+
+void LauncherView::showResults() {
+    m_list.setResults(m_engine.results());
+    m_list.setVisible(!hasEmptyState());
+    resetSelection();
+    update();
+    if (onHeightChange) {
+        onHeightChange(
+            neededHeight(static_cast<int>(m_engine.results().size()), !m_engine.query().isEmpty()));
+    }
+}
+
+void LauncherView::resetSelection() {
+    m_selection.reset(m_screens.mouseLocation());
+    applySelection();
+}
+
+void LauncherView::applySelection() {
+    m_list.setSelectedIndex(m_selection.selectedIndex());
+    if (m_selection.takeKeyboardNavigation()) {
+        m_list.scrollToCentre(m_selection.selectedIndex());
+    }
+}
+
+void LauncherView::applyTheme() {
+    const ResolvedTheme& theme = m_theme.theme();
+    QPalette palette = m_searchField.palette();
+    palette.setColor(QPalette::Base, Qt::transparent);
+    palette.setColor(QPalette::Text, theme.primaryText.toQColor());
+    palette.setColor(QPalette::PlaceholderText, theme.placeholderText.toQColor());
+    palette.setColor(QPalette::Highlight, theme.accent.toQColor());
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    m_searchField.setPalette(palette);
+    const auto gear = platform::Image::symbol(QStringLiteral("gearshape"), {});
+    m_settingsButton.setIcon(QIcon(tinted(m_icons.pixmapNow(gear, symbolSize, devicePixelRatioF()),
+                                          theme.secondaryText.toQColor())));
+    update();
+}
+
+void LauncherView::launchRow(int row) {
+    const auto& results = m_engine.results();
+    if (!onLaunch || row < 0 || row >= static_cast<int>(results.size())) {
+        return;
+    }
+    // A copy, since launching resets the engine.
+    const LaunchTarget target = results[static_cast<std::size_t>(row)];
+    onLaunch(target);
+}
+
+bool LauncherView::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == &m_searchField && event->type() == QEvent::KeyPress) {
+        return handleKey(static_cast<const QKeyEvent&>(*event));
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+bool LauncherView::handleKey(const QKeyEvent& event) {
+    const int count = static_cast<int>(m_engine.results().size());
+    switch (event.key()) {
+    case Qt::Key_Down:
+        if (m_selection.moveDown(count)) {
+            applySelection();
+        }
+        return true;
+    case Qt::Key_Up:
+        if (m_selection.moveUp()) {
+            applySelection();
+        }
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (const auto row = m_selection.rowToOpen(count)) {
+            launchRow(*row);
+            return true;
+        }
+        return false;
+    case Qt::Key_Escape:
+        if (onDismiss) {
+            onDismiss();
+        }
+        return true;
+    case Qt::Key_Comma:
+    case Qt::Key_Less: // Shift+comma on many layouts
+        return includesCommand(event.modifiers()) && openSettings();
+    default:
+        return false;
+    }
+}
+
+bool LauncherView::openSettings() {
+    if (m_onSettings) {
+        m_onSettings();
+    }
+    return m_onSettings != nullptr;
+}
+
+bool LauncherView::hasEmptyState() const {
+    return m_engine.results().empty() && !m_engine.query().isEmpty();
+}
+
+void LauncherView::resizeEvent(QResizeEvent* /*event*/) {
+    layOut();
+}
+
+void LauncherView::layOut() {
+    const int fieldLeft = horizontalPadding + symbolSize + symbolSpacing;
+    const int buttonLeft = width() - horizontalPadding - buttonSize + (buttonSize - symbolSize) / 2;
+    const bool hasButton = m_onSettings != nullptr;
+    const int fieldRight = hasButton ? buttonLeft - symbolSpacing : width() - horizontalPadding;
+    m_searchField.setGeometry(fieldLeft, 0, fieldRight - fieldLeft, searchRowHeight);
+    m_settingsButton.setGeometry(buttonLeft, (searchRowHeight - buttonSize) / 2, buttonSize,
+                                 buttonSize);
+    const int listTop = searchRowHeight + separatorHeight;
+    m_list.setGeometry(0, listTop, width(), std::max(0, height() - listTop));
+}
+
+void LauncherView::paintEvent(QPaintEvent* /*event*/) {
+    const ResolvedTheme& theme = m_theme.theme();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+
+    const bool isTranslucent = theme.isGlass && !m_theme.reducesTransparency();
+    const ThemeColor fill = isTranslucent ? theme.glassTint : theme.primaryBackground;
+    const ThemeColor border = theme.isGlass ? theme.glassBorder : theme.panelBorder;
+    painter.fillPath(continuousRoundedRect(rect(), cornerRadius), fill.toQColor());
+    painter.setPen(QPen(border.toQColor(), 1));
+    painter.drawPath(
+        continuousRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius));
+
+    paintSymbol(
+        painter, QStringLiteral("magnifyingglass"),
+        QRect(horizontalPadding, (searchRowHeight - symbolSize) / 2, symbolSize, symbolSize),
+        theme.secondaryText);
+    if (height() > searchRowHeight) {
+        painter.fillRect(QRect(0, searchRowHeight, width(), separatorHeight),
+                         theme.separator.toQColor());
+    }
+    if (hasEmptyState()) {
+        paintEmptyState(painter);
+    }
+}
+
+void LauncherView::paintSymbol(QPainter& painter, const QString& symbol, const QRect& frame,
+                               const ThemeColor& color) {
+    const QPixmap pixmap =
+        m_icons.pixmapNow(platform::Image::symbol(symbol, {}), frame.width(), devicePixelRatioF());
+    if (!pixmap.isNull()) {
+        painter.drawPixmap(frame.topLeft(), tinted(pixmap, color.toQColor()));
+    }
+}
+
+void LauncherView::paintEmptyState(QPainter& painter) {
+    const ThemeColor color = m_theme.theme().secondaryText;
+    const QString text = QStringLiteral("No results");
+    const QFont font = interfaceFont(emptyStateFontSize);
+    const int textWidth = QFontMetrics(font).horizontalAdvance(text);
+    const int top = searchRowHeight + separatorHeight;
+    const int left = (width() - emptyStateSymbolSize - emptyStateSpacing - textWidth) / 2;
+    paintSymbol(painter, QStringLiteral("magnifyingglass"),
+                QRect(left, top + (emptyStateHeight - emptyStateSymbolSize) / 2,
+                      emptyStateSymbolSize, emptyStateSymbolSize),
+                color);
+    painter.setFont(font);
+    painter.setPen(color.toQColor());
+    painter.drawText(
+        QRect(left + emptyStateSymbolSize + emptyStateSpacing, top, textWidth, emptyStateHeight),
+        Qt::AlignVCenter | Qt::TextSingleLine, text);
+}
+
+} // namespace quorvantel

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "panel/IconCache.h"
+#include "panel/ResultListView.h"
+#include "panel/ResultSelection.h"
+#include "platform/Screens.h"
+#include "search/SearchEngine.h"
+#include "settings/ThemedRoot.h"
+
+#include <QLineEdit>
+#include <QToolButton>
+#include <QWidget>
+
+#include <functional>
+
+namespace quorvantel {
+
+/// The whole content of the launcher panel: a search field and below it the ranked results.
+///
+/// The view owns the selection and everything that the keyboard and the mouse do in the panel. It
+/// launches nothing and hides nothing itself, but calls back.
+class LauncherView : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `engine`, `screens`, `theme` and `icons` must outlive the view.
+    LauncherView(SearchEngine& engine, const platform::Screens& screens, const ThemedRoot& theme,
+                 IconCache& icons, QWidget* parent = nullptr);
+
+    /// The user chose a target, by Return or by a click. The callee may change the engine.
+    std::function<void(const LaunchTarget&)> onLaunch;
+    /// Escape was pressed.
+    std::function<void()> onDismiss;
+    /// The height, in points, that the content needs from now on.
+    std::function<void(double)> onHeightChange;
+
+    /// What Command+comma and the settings button do. The button shows only once there is
+    /// something to do.
+    void setOnSettings(std::function<void()> onSettings);
+
+    int selectedIndex() const { return m_selection.selectedIndex(); }
+
+    /// Puts the typing caret into the search field.
+    void focusSearchField();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void showQuery();
+    void showResults();
+    void resetSelection();
+    void applyTheme();
+    void applySelection();
+    void launchRow(int row);
+    bool handleKey(const QKeyEvent& event);
+    bool openSettings();
+    void layOut();
+    bool hasEmptyState() const;
+    void paintSymbol(QPainter& painter, const QString& symbol, const QRect& frame,
+                     const ThemeColor& color);
+    void paintEmptyState(QPainter& painter);
+
+    SearchEngine& m_engine;
+    const platform::Screens& m_screens;
+    const ThemedRoot& m_theme;
+    IconCache& m_icons;
+    ResultSelection m_selection;
+    std::function<void()> m_onSettings;
+    QLineEdit m_searchField;
+    QToolButton m_settingsButton;
+    ResultListView m_list;
+};
+
+} // namespace quorvantel

@@ -1,0 +1,112 @@
+#include "panel/PanelPlacement.h"
+
+#include <QDebug>
+
+#include <algorithm>
+#include <cmath>
+
+namespace quorvantel {
+
+namespace {
+
+/// Window systems round frames to pixels.
+constexpr double roundingTolerance = 0.5;
+
+/// How far below the top of the visible frame the panel hangs, as a part of its height.
+constexpr double topMargin = 0.2;
+
+/// Whether a rectangle contains a point. Its upper and right edges belong to its neighbours, so
+/// that a point between two screens is on one of them only.
+bool contains(const QRectF& rectangle, QPointF point) {
+    return point.x() >= rectangle.left() && point.x() < rectangle.right() &&
+           point.y() >= rectangle.top() && point.y() < rectangle.bottom();
+}
+
+QPointF topLeft(const QRectF& frame) {
+    return {frame.left(), frame.bottom()};
+}
+QPointF origin(const QRectF& frame) {
+    return {frame.left(), frame.top()};
+}
+
+} // namespace
+
+QRectF PanelPlacement::show(const std::vector<platform::Screen>& screens,
+                            const platform::Screen& target) {
+    m_anchorVisibleFrame = target.visibleFrame;
+    if (m_sessionDraggedTopLeft) {
+        m_anchorTopLeft = *m_sessionDraggedTopLeft;
+        const auto screen =
+            std::ranges::find_if(screens, [this](const platform::Screen& candidate) {
+                return contains(candidate.visibleFrame, m_anchorTopLeft);
+            });
+        if (screen != screens.end()) {
+            m_anchorVisibleFrame = screen->visibleFrame;
+        }
+    } else {
+        const QRectF& visible = target.visibleFrame;
+        m_anchorTopLeft = QPointF(visible.center().x() - width / 2,
+                                  visible.bottom() - topMargin * visible.height());
+    }
+    return placed(frameForHeight(initialHeight, target));
+}
+
+QRectF PanelPlacement::resize(double height, const platform::Screen& target) {
+    return placed(frameForHeight(height, target));
+}
+
+void PanelPlacement::moved(const QRectF& frame, const std::vector<platform::Screen>& screens) {
+    const QPointF distance = origin(frame) - m_lastPlacedOrigin;
+    if (std::abs(distance.x()) <= roundingTolerance &&
+        std::abs(distance.y()) <= roundingTolerance) {
+        return;
+    }
+    m_anchorTopLeft = topLeft(frame);
+    m_sessionDraggedTopLeft = m_anchorTopLeft;
+    for (const platform::Screen& screen : screens) {
+        if (contains(screen.visibleFrame, m_anchorTopLeft)) {
+            m_anchorVisibleFrame = screen.visibleFrame;
+            break;
+        }
+    }
+    m_lastPlacedOrigin = origin(frame);
+}
+
+QRectF PanelPlacement::frameForHeight(double requestedHeight,
+                                      const platform::Screen& target) const {
+    const QRectF visible =
+        m_anchorVisibleFrame == QRectF() ? target.visibleFrame : m_anchorVisibleFrame;
+    const double height = std::min(requestedHeight, visible.height());
+    double y = std::max(m_anchorTopLeft.y() - height, visible.top());
+    if (y + height > visible.bottom()) {
+        y = visible.bottom() - height;
+    }
+    double x = visible.left();
+    if (visible.width() >= width) {
+        x = std::min(std::max(visible.left(), m_anchorTopLeft.x()), visible.right() - width);
+    }
+    return {x, y, width, height};
+}
+
+QRectF PanelPlacement::placed(const QRectF& frame) {
+    m_lastPlacedOrigin = origin(frame);
+    return frame;
+}
+
+platform::Screen targetScreen(QPointF mouse, const std::vector<platform::Screen>& screens,
+                              const std::optional<platform::Screen>& main) {
+    const auto underMouse = std::ranges::find_if(
+        screens, [mouse](const platform::Screen& screen) { return contains(screen.frame, mouse); });
+    if (underMouse != screens.end()) {
+        return *underMouse;
+    }
+    if (main) {
+        return *main;
+    }
+    if (screens.empty()) {
+        qFatal("Quorvantel: there is no screen to show the panel on");
+    }
+    return screens.front();
+}
+
+} // namespace quorvantel

@@ -1,0 +1,156 @@
+#include "panel/ResultListView.h"
+
+#include "panel/LauncherLayout.h"
+
+#include <QMouseEvent>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+namespace quorvantel {
+
+namespace {
+
+using namespace std::chrono_literals;
+using namespace LauncherLayout;
+
+constexpr auto scrollDuration = 100ms;
+/// One step of a wheel is 120 units and scrolls by this many points.
+constexpr int pointsPerWheelStep = 2 * (rowHeight + rowSpacing);
+constexpr int unitsPerWheelStep = 120;
+
+} // namespace
+
+ResultListView::ResultListView(const ThemedRoot& theme, IconCache& icons, QWidget* parent)
+    : QWidget(parent), m_theme(theme), m_icons(icons) {
+    setMouseTracking(true);
+    m_scrolling.setDuration(static_cast<int>(std::chrono::milliseconds(scrollDuration).count()));
+    m_scrolling.setEasingCurve(QEasingCurve::InOutQuad);
+    connect(&m_scrolling, &QVariantAnimation::valueChanged, this,
+            [this](const QVariant& value) { scrollTo(value.toInt()); });
+}
+
+void ResultListView::setResults(const std::vector<LaunchTarget>& results) {
+    m_results = results;
+    m_scrolling.stop();
+    m_scrollOffset = 0;
+    m_hoveredRow = -1;
+    m_pressedRow = -1;
+    bindRows();
+}
+
+void ResultListView::setSelectedIndex(int index) {
+    m_selectedIndex = index;
+    bindRows();
+}
+
+void ResultListView::scrollToCentre(int row) {
+    if (row < 0 || row >= static_cast<int>(m_results.size())) {
+        return;
+    }
+    const int centred = rowTop(row) + rowHeight / 2 - height() / 2;
+    m_scrolling.stop();
+    m_scrolling.setStartValue(m_scrollOffset);
+    m_scrolling.setEndValue(std::clamp(centred, 0, maximumOffset()));
+    m_scrolling.start();
+}
+
+int ResultListView::rowAt(const QPoint& point) const {
+    const int y = point.y() + m_scrollOffset - listPadding;
+    const int row = y / (rowHeight + rowSpacing);
+    const bool isOnRow = y >= 0 && y % (rowHeight + rowSpacing) < rowHeight;
+    const bool isInside = rect().adjusted(listPadding, 0, -listPadding, 0).contains(point);
+    return isOnRow && isInside && row < static_cast<int>(m_results.size()) ? row : -1;
+}
+
+void ResultListView::leaveEvent(QEvent* /*event*/) {
+    setHoveredRow(-1);
+}
+
+void ResultListView::mouseMoveEvent(QMouseEvent* event) {
+    const int row = rowAt(event->position().toPoint());
+    const bool hasEntered = row != m_hoveredRow && row >= 0;
+    setHoveredRow(row);
+    if (hasEntered) {
+        Q_EMIT rowEntered(row);
+    }
+}
+
+void ResultListView::mousePressEvent(QMouseEvent* event) {
+    m_pressedRow = event->button() == Qt::LeftButton ? rowAt(event->position().toPoint()) : -1;
+    if (m_pressedRow < 0) {
+        // Between the rows the panel can be dragged.
+        event->ignore();
+    }
+}
+
+void ResultListView::mouseReleaseEvent(QMouseEvent* event) {
+    const int pressedRow = std::exchange(m_pressedRow, -1);
+    if (pressedRow < 0) {
+        event->ignore();
+        return;
+    }
+    if (event->button() == Qt::LeftButton && rowAt(event->position().toPoint()) == pressedRow) {
+        Q_EMIT rowClicked(pressedRow);
+    }
+}
+
+void ResultListView::resizeEvent(QResizeEvent* /*event*/) {
+    m_scrollOffset = std::clamp(m_scrollOffset, 0, maximumOffset());
+    bindRows();
+}
+
+void ResultListView::wheelEvent(QWheelEvent* event) {
+    m_scrolling.stop();
+    const int points = event->pixelDelta().isNull()
+                           ? event->angleDelta().y() * pointsPerWheelStep / unitsPerWheelStep
+                           : event->pixelDelta().y();
+    scrollTo(m_scrollOffset - points);
+    event->accept();
+}
+
+int ResultListView::maximumOffset() const {
+    return std::max(0, contentHeight(static_cast<int>(m_results.size())) - height());
+}
+
+void ResultListView::scrollTo(int offset) {
+    m_scrollOffset = std::clamp(offset, 0, maximumOffset());
+    bindRows();
+}
+
+void ResultListView::setHoveredRow(int row) {
+    if (std::exchange(m_hoveredRow, row) != row) {
+        bindRows();
+    }
+}
+
+void ResultListView::bindRows() {
+    const int stride = rowHeight + rowSpacing;
+    const int count = static_cast<int>(m_results.size());
+    const int first = std::max(0, (m_scrollOffset - listPadding) / stride);
+    const int end = std::min(count, (m_scrollOffset + height()) / stride + 1);
+    std::size_t slot = 0;
+    for (int row = first; row < end; ++row) {
+        ResultRowView& view = rowView(slot++);
+        view.setGeometry(listPadding, rowTop(row) - m_scrollOffset, width() - 2 * listPadding,
+                         rowHeight);
+        view.setTarget(m_results[static_cast<std::size_t>(row)]);
+        view.setSelected(row == m_selectedIndex);
+        view.setHovered(row == m_hoveredRow);
+        view.show();
+    }
+    for (; slot < m_rowViews.size(); ++slot) {
+        m_rowViews[slot]->hide();
+    }
+}
+
+ResultRowView& ResultListView::rowView(std::size_t slot) {
+    if (slot == m_rowViews.size()) {
+        m_rowViews.push_back(new ResultRowView(m_theme, m_icons, this));
+    }
+    return *m_rowViews[slot];
+}
+
+} // namespace quorvantel

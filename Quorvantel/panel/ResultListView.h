@@ -1,0 +1,72 @@
+#pragma once
+
+#include "catalogue/LaunchTarget.h"
+#include "panel/IconCache.h"
+#include "panel/ResultRowView.h"
+#include "settings/ThemedRoot.h"
+
+#include <QVariantAnimation>
+#include <QWidget>
+
+#include <vector>
+
+namespace quorvantel {
+
+/// The scrolling list of results, which shows no scroll bar.
+///
+/// Only the rows in sight exist: a handful of row views is bound to whatever targets are scrolled
+/// into view, so ten thousand results scroll like ten.
+class ResultListView : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `theme` and `icons` must outlive the list.
+    ResultListView(const ThemedRoot& theme, IconCache& icons, QWidget* parent = nullptr);
+
+    /// Shows other results, from the first one on.
+    void setResults(const std::vector<LaunchTarget>& results);
+
+    void setSelectedIndex(int index);
+
+    /// Scrolls, in a tenth of a second, until the row is in the middle or the list ends.
+    void scrollToCentre(int row);
+
+    /// How far the content is scrolled, in points.
+    int scrollOffset() const { return m_scrollOffset; }
+
+    /// The row at a point of this widget; -1 between the rows and beyond them.
+    int rowAt(const QPoint& point) const;
+
+Q_SIGNALS:
+    /// The mouse moved onto another row.
+    void rowEntered(int row);
+    void rowClicked(int row);
+
+protected:
+    void leaveEvent(QEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    int maximumOffset() const;
+    void scrollTo(int offset);
+    void setHoveredRow(int row);
+    void bindRows();
+    ResultRowView& rowView(std::size_t slot);
+
+    const ThemedRoot& m_theme;
+    IconCache& m_icons;
+    std::vector<LaunchTarget> m_results;
+    /// Row views in the order in which they are needed; more than are in sight are hidden.
+    std::vector<ResultRowView*> m_rowViews;
+    int m_selectedIndex = 0;
+    int m_hoveredRow = -1;
+    int m_pressedRow = -1;
+    int m_scrollOffset = 0;
+    QVariantAnimation m_scrolling;
+};
+
+} // namespace quorvantel

@@ -1,0 +1,170 @@
+#include "panel/ResultRowView.h"
+
+#include "panel/ContinuousCorners.h"
+
+#include <QPainter>
+
+#include <utility>
+
+namespace quorvantel {
+
+namespace {
+
+constexpr int horizontalPadding = 12;
+constexpr int spacing = 8;
+constexpr int iconSize = 28;
+constexpr int iconRadius = 7;
+constexpr int glyphSize = 17;
+constexpr int highlightRadius = 8;
+constexpr int nameSize = 15;
+constexpr int kindSize = 11;
+constexpr int textGap = 1;
+constexpr int returnHintWidth = 20;
+
+QFont interfaceFont(int pixelSize) {
+    QFont font;
+    font.setPixelSize(pixelSize);
+    return font;
+}
+
+platform::Image placeholderGlyph(const LaunchTarget& target) {
+    if (target.icon().isTemplate()) {
+        return target.icon();
+    }
+    return platform::Image::symbol(
+        target.isApp() ? QStringLiteral("app.dashed") : QStringLiteral("gearshape"), {});
+}
+
+} // namespace
+
+ResultRowView::ResultRowView(const ThemedRoot& theme, IconCache& icons, QWidget* parent)
+    : QWidget(parent), m_theme(theme), m_icons(icons) {
+    // The list handles the mouse for all its rows.
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    connect(&theme, &ThemedRoot::themeChanged, this, qOverload<>(&QWidget::update));
+    connect(&icons, &IconCache::decoded, this, qOverload<>(&QWidget::update));
+}
+
+void ResultRowView::setTarget(const LaunchTarget& target) {
+    if (!m_target || *m_target != target) {
+        m_isHovered = false;
+    }
+    m_target = target;
+    setAccessibleName(target.displayName());
+    setAccessibleDescription(kindText(target));
+    update();
+}
+
+void ResultRowView::setSelected(bool isSelected) {
+    if (std::exchange(m_isSelected, isSelected) != isSelected) {
+        update();
+    }
+}
+
+void ResultRowView::setHovered(bool isHovered) {
+    if (std::exchange(m_isHovered, isHovered) != isHovered) {
+        update();
+    }
+}
+
+void ResultRowView::setTopPick(bool isTopPick) {
+    if (std::exchange(m_isTopPick, isTopPick) != isTopPick) {
+        update();
+    }
+}
+
+QString ResultRowView::kindText(const LaunchTarget& target) {
+    return target.isApp() ? QStringLiteral("App") : QStringLiteral("System Setting");
+}
+
+void ResultRowView::paintEvent(QPaintEvent* /*event*/) {
+    if (!m_target) {
+        return;
+    }
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    drawHighlight(painter);
+
+    const QRect content = rect().adjusted(horizontalPadding, 0, -horizontalPadding, 0);
+    drawIcon(painter, QRect(content.left(), (height() - iconSize) / 2, iconSize, iconSize));
+    QRect column = content.adjusted(iconSize + spacing, 0, 0, 0);
+    if (m_isTopPick && m_isSelected) {
+        column.adjust(0, 0, -(returnHintWidth + spacing), 0);
+        QFont font = interfaceFont(nameSize);
+        font.setWeight(QFont::Medium);
+        painter.setFont(font);
+        painter.setPen(m_theme.theme().secondaryText.toQColor());
+        painter.drawText(content, Qt::AlignRight | Qt::AlignVCenter, QStringLiteral("↩"));
+    }
+    drawTexts(painter, column);
+}
+
+void ResultRowView::drawHighlight(QPainter& painter) const {
+    const ResolvedTheme& theme = m_theme.theme();
+    if (m_isSelected || m_isHovered) {
+        const ThemeColor fill = m_isSelected ? theme.selectionFill : theme.hoverFill;
+        painter.fillPath(continuousRoundedRect(rect(), highlightRadius), fill.toQColor());
+    }
+    if (m_isTopPick) {
+        painter.setPen(QPen(theme.selectionRing.toQColor(), 1));
+        painter.drawPath(
+            continuousRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), highlightRadius));
+    }
+}
+
+void ResultRowView::drawIcon(QPainter& painter, const QRect& frame) const {
+    const platform::Image& icon = m_target->icon();
+    if (icon.isNull() || icon.isTemplate()) {
+        drawGlyphTile(painter, frame, placeholderGlyph(*m_target));
+        return;
+    }
+    const auto pixmap = m_icons.pixmap(icon, iconSize, devicePixelRatioF());
+    if (!pixmap) {
+        return;
+    }
+    if (pixmap->isNull()) {
+        drawGlyphTile(painter, frame, placeholderGlyph(*m_target));
+        return;
+    }
+    painter.save();
+    painter.setClipPath(continuousRoundedRect(frame, iconRadius));
+    painter.drawPixmap(frame.topLeft(), *pixmap);
+    painter.restore();
+}
+
+void ResultRowView::drawGlyphTile(QPainter& painter, const QRect& frame,
+                                  const platform::Image& glyph) const {
+    const ResolvedTheme& theme = m_theme.theme();
+    painter.fillPath(continuousRoundedRect(frame, iconRadius), theme.elevatedBackground.toQColor());
+    QPixmap pixmap = m_icons.pixmapNow(glyph, glyphSize, devicePixelRatioF());
+    if (pixmap.isNull()) {
+        return;
+    }
+    const QPointF inset((frame.width() - glyphSize) / 2.0, (frame.height() - glyphSize) / 2.0);
+    painter.drawPixmap(frame.topLeft() + inset, tinted(pixmap, theme.accent.toQColor()));
+}
+
+void ResultRowView::drawTexts(QPainter& painter, const QRect& column) const {
+    const ResolvedTheme& theme = m_theme.theme();
+    const QFont nameFont = interfaceFont(nameSize);
+    const QFont kindFont = interfaceFont(kindSize);
+    const QFontMetrics nameMetrics(nameFont);
+    const QFontMetrics kindMetrics(kindFont);
+    const int textHeight = nameMetrics.height() + textGap + kindMetrics.height();
+    const int top = column.top() + (column.height() - textHeight) / 2;
+
+    const QRect nameLine(column.left(), top, column.width(), nameMetrics.height());
+    const QRect kindLine(column.left(), nameLine.top() + nameLine.height() + textGap,
+                         column.width(), kindMetrics.height());
+    const int alignment = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine;
+    painter.setFont(nameFont);
+    painter.setPen(theme.primaryText.toQColor());
+    painter.drawText(
+        nameLine, alignment,
+        nameMetrics.elidedText(m_target->displayName(), Qt::ElideRight, nameLine.width()));
+    painter.setFont(kindFont);
+    painter.setPen(theme.secondaryText.toQColor());
+    painter.drawText(kindLine, alignment, kindText(*m_target));
+}
+
+} // namespace quorvantel
