@@ -1,81 +1,182 @@
 #include "platform/PrivateFile.h"
 
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <utility>
 
 namespace quorvantel::platform {
 
 namespace {
 
+namespace fs = std::filesystem;
+
 // The limit that the kernels of Linux and macOS put on a chain of symbolic links is of this order.
 constexpr int maximumLinkDepth = 40;
 
-constexpr QFileDevice::Permissions ownerOnlyFile = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
-constexpr QFileDevice::Permissions ownerOnlyFolder = ownerOnlyFile | QFileDevice::ExeOwner;
+constexpr mode_t ownerOnlyFolder = S_IRWXU;
 
-/// The path behind a chain of links, whether or not anything is there; empty for a loop.
-QString resolveLinks(const QString& path) {
-    QString resolved = path;
+FileError errorOf(int code) {
+    switch (code) {
+    case ENOENT:
+    case ENOTDIR:
+        return FileError::Missing;
+    case ELOOP:
+    case ENXIO:
+        return FileError::NotRegular;
+    default:
+        return FileError::Unreadable;
+    }
+}
+
+/// Opens a regular file for reading; otherwise the file stays closed.
+std::optional<FileError> openRegular(QFile& file, const QByteArray& path) {
+    struct stat status {};
+    if (::stat(path.constData(), &status) != 0) {
+        return errorOf(errno);
+    }
+    if (!S_ISREG(status.st_mode)) {
+        return FileError::NotRegular;
+    }
+    // What was a file a moment ago may have become a FIFO, whose opening would wait for a writer.
+    const int descriptor = ::open(path.constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    if (descriptor < 0) {
+        return errorOf(errno);
+    }
+    if (!file.open(descriptor, QIODevice::ReadOnly | QIODevice::Unbuffered,
+                   QFileDevice::AutoCloseHandle)) {
+        ::close(descriptor);
+        return FileError::Unreadable;
+    }
+    if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) {
+        file.close();
+        return FileError::NotRegular;
+    }
+    return std::nullopt;
+}
+
+/// The path behind a chain of links, whether or not anything is there; nothing for a loop.
+std::optional<fs::path> resolveLinks(const fs::path& path) {
+    fs::path resolved = path;
     for (int depth = 0; depth < maximumLinkDepth; ++depth) {
-        const QFileInfo info(resolved);
-        if (!info.isSymLink()) {
+        std::error_code error;
+        const fs::path target = fs::read_symlink(resolved, error);
+        if (error) {
             return resolved;
         }
-        resolved = info.symLinkTarget();
+        // Not made shorter: a ".." after a link to a folder means that folder's parent.
+        resolved = resolved.parent_path() / target;
     }
-    return {};
+    return std::nullopt;
 }
 
-bool ensurePrivateFolder(const QString& link) {
-    const QString folder = resolveLinks(link);
-    if (folder.isEmpty()) {
-        return false;
-    }
-    if (QFileInfo(folder).isDir()) {
+bool isFolder(const fs::path& path) {
+    std::error_code error;
+    return fs::is_directory(path, error);
+}
+
+bool ensurePrivateFolder(const fs::path& path) {
+    if (path.empty() || isFolder(path)) {
         return true;
     }
-    const QString parent = QFileInfo(folder).path();
-    if (parent == folder || !ensurePrivateFolder(parent)) {
+    const std::optional<fs::path> folder = resolveLinks(path);
+    if (!folder || *folder == folder->parent_path() ||
+        !ensurePrivateFolder(folder->parent_path())) {
         return false;
     }
-    return QDir().mkdir(folder, ownerOnlyFolder);
+    // Someone else may have been quicker.
+    return ::mkdir(folder->c_str(), ownerOnlyFolder) == 0 || isFolder(*folder);
 }
 
-/// Closes a folder of the user's that an earlier version or another program left open to others. A
-/// linked folder is the user's own arrangement and stays as it is.
-void restrictToOwner(const QString& folder) {
-    const QFileInfo info(folder);
-    if (info.isSymLink() ||
-        (info.permissions() & ~(ownerOnlyFolder | QFileDevice::ReadUser | QFileDevice::WriteUser |
-                                QFileDevice::ExeUser)) == 0) {
-        return;
+/// Whether anything but a device is at the path, or nothing. A link to /dev/null is someone's wish
+/// to keep nothing, and no name for a new file.
+bool mayBeReplaced(const fs::path& path) {
+    std::error_code error;
+    const fs::file_type type = fs::status(path, error).type();
+    return type != fs::file_type::character && type != fs::file_type::block;
+}
+
+/// A new file, for the user only, that takes the place of another once it is complete. Until then
+/// its destructor removes it.
+class PendingFile {
+public:
+    explicit PendingFile(const fs::path& target)
+        : m_target(target),
+          m_path(target.native() + ".XXXXXX"),
+          m_descriptor(::mkostemp(m_path.data(), O_CLOEXEC)) {}
+
+    PendingFile(const PendingFile&) = delete;
+    PendingFile& operator=(const PendingFile&) = delete;
+
+    ~PendingFile() {
+        if (m_descriptor >= 0) {
+            ::close(m_descriptor);
+            ::unlink(m_path.c_str());
+        }
     }
-    QFile::setPermissions(folder, ownerOnlyFolder);
+
+    bool write(const QByteArray& content) {
+        const char* next = content.cbegin();
+        while (m_descriptor >= 0 && next != content.cend()) {
+            const ssize_t written =
+                ::write(m_descriptor, next, static_cast<size_t>(content.cend() - next));
+            if (written < 0 && errno != EINTR) {
+                return false;
+            }
+            next += std::max<ssize_t>(written, 0);
+        }
+        return m_descriptor >= 0;
+    }
+
+    bool commit() {
+        if (::fsync(m_descriptor) != 0 || ::rename(m_path.c_str(), m_target.c_str()) != 0) {
+            return false;
+        }
+        ::close(std::exchange(m_descriptor, -1));
+        return true;
+    }
+
+private:
+    fs::path m_target;
+    std::string m_path;
+    int m_descriptor;
+};
+
+fs::path nativePath(const QString& path) {
+    return QFile::encodeName(path).toStdString();
 }
 
 } // namespace
 
 FileContent readRegularFile(const QString& path, qint64 limit) {
-    const QFileInfo info(path);
-    if (!info.exists()) {
-        const bool isLoop = info.isSymLink() && resolveLinks(path).isEmpty();
-        return isLoop ? FileError::NotRegular : FileError::Missing;
+    constexpr qint64 chunkSize = 64LL * 1024;
+
+    QFile file;
+    if (const auto error = openRegular(file, QFile::encodeName(path))) {
+        return *error;
     }
-    if (!info.isFile()) {
-        return FileError::NotRegular;
-    }
-    if (info.size() > limit) {
+    if (file.size() > limit) {
         return FileError::TooLarge;
     }
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return FileError::Unreadable;
+    QByteArray content;
+    content.reserve(file.size());
+    // Not by the size alone: the file may grow, and those in /proc claim to be empty.
+    while (content.size() <= limit) {
+        const QByteArray chunk = file.read(std::min(chunkSize, limit - content.size()) + 1);
+        if (chunk.isEmpty()) {
+            break;
+        }
+        content += chunk;
     }
-    // One byte more than allowed tells a file that grew, or that lies about its size, from a good
-    // one.
-    QByteArray content = file.read(limit + 1);
     if (file.error() != QFileDevice::NoError) {
         return FileError::Unreadable;
     }
@@ -86,20 +187,16 @@ FileContent readRegularFile(const QString& path, qint64 limit) {
 }
 
 bool replacePrivateFile(const QString& path, const QByteArray& content) {
-    const QString folder = QFileInfo(path).path();
-    if (!ensurePrivateFolder(folder)) {
+    const fs::path link = nativePath(path);
+    if (!ensurePrivateFolder(link.parent_path())) {
         return false;
     }
-    restrictToOwner(folder);
-    const QString target = resolveLinks(path);
-    if (target.isEmpty() || !ensurePrivateFolder(QFileInfo(target).path())) {
+    const std::optional<fs::path> target = resolveLinks(link);
+    if (!target || !ensurePrivateFolder(target->parent_path()) || !mayBeReplaced(*target)) {
         return false;
     }
-    QSaveFile file(target);
-    if (!file.open(QIODevice::WriteOnly) || !file.setPermissions(ownerOnlyFile)) {
-        return false;
-    }
-    return file.write(content) == content.size() && file.commit();
+    PendingFile file(*target);
+    return file.write(content) && file.commit();
 }
 
 QString describe(FileError error) {

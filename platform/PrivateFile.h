@@ -24,9 +24,9 @@ FileContent readRegularFile(const QString& path, qint64 limit);
 /// Replaces the content of a file atomically and flushes it to disk before the rename, so that a
 /// crash leaves either the old content or the new.
 ///
-/// Missing folders are created for the user only (mode 0700), the file has mode 0600. A symbolic
-/// link in place of the file or of a folder is followed and stays a link. Returns false when
-/// nothing was changed.
+/// Missing folders are created for the user only (mode 0700), existing ones stay as they are; the
+/// file has mode 0600. A symbolic link in place of the file or of a folder is followed and stays a
+/// link. A device is never replaced. Returns false when the file was not changed.
 bool replacePrivateFile(const QString& path, const QByteArray& content);
 
 /// What went wrong, in words for a log line.

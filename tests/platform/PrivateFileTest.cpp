@@ -1,0 +1,199 @@
+#include "platform/PrivateFile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <ostream>
+
+namespace quorvantel::platform {
+
+// Names the error in the messages of failed expectations.
+void PrintTo(FileError error, std::ostream* stream) {
+    *stream << qPrintable(describe(error));
+}
+
+namespace {
+
+class PrivateFileTest : public ::testing::Test {
+protected:
+    QString path(const char* name) const { return m_folder.filePath(QString::fromUtf8(name)); }
+
+    void write(const char* name, const QByteArray& content) const {
+        QFile file(path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(content), content.size());
+    }
+
+    void link(const char* target, const char* name) const {
+        ASSERT_EQ(::symlink(target, qPrintable(path(name))), 0);
+    }
+
+    void folder(const char* name) const { ASSERT_TRUE(QDir().mkpath(path(name))); }
+
+    mode_t mode(const char* name) const {
+        struct stat status {};
+        return ::stat(qPrintable(path(name)), &status) == 0 ? status.st_mode & 07777U : 0;
+    }
+
+    bool isLink(const char* name) const { return QFileInfo(path(name)).isSymLink(); }
+
+    QByteArray content(const char* name) const {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArrayLiteral("(unreadable)");
+    }
+
+    FileContent read(const char* name, qint64 limit = 100) const {
+        return readRegularFile(path(name), limit);
+    }
+
+    bool replace(const char* name, const QByteArray& content) const {
+        return replacePrivateFile(path(name), content);
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+TEST_F(PrivateFileTest, ReadsUpToItsLimit) {
+    write("ten", "0123456789");
+    write("empty", "");
+    const QByteArray large(200'000, 'x');
+    write("large", large);
+    link("ten", "link");
+
+    EXPECT_EQ(read("ten", 10), FileContent(QByteArray("0123456789")));
+    EXPECT_EQ(read("ten", 9), FileContent(FileError::TooLarge));
+    EXPECT_EQ(read("empty", 0), FileContent(QByteArray("")));
+    EXPECT_EQ(read("large", large.size()), FileContent(large));
+    EXPECT_EQ(read("large", large.size() - 1), FileContent(FileError::TooLarge));
+    EXPECT_EQ(read("link"), FileContent(QByteArray("0123456789")));
+    // Larger than any memory, but not on disk.
+    write("huge", "");
+    ASSERT_EQ(::truncate(qPrintable(path("huge")), off_t{1} << 43), 0);
+    EXPECT_EQ(read("huge"), FileContent(FileError::TooLarge));
+}
+
+TEST_F(PrivateFileTest, DistrustsTheSizeThatAFileClaims) {
+    const QString claimsToBeEmpty = QStringLiteral("/proc/self/status");
+    if (QFileInfo(claimsToBeEmpty).size() != 0 || !QFile::exists(claimsToBeEmpty)) {
+        GTEST_SKIP() << "no such file on this system";
+    }
+    EXPECT_EQ(readRegularFile(claimsToBeEmpty, 10), FileContent(FileError::TooLarge));
+}
+
+TEST_F(PrivateFileTest, TellsWhyNothingWasRead) {
+    folder("folder");
+    write("file", "x");
+    link("nowhere", "dangling");
+    link("loop", "loop");
+    ASSERT_EQ(::mkfifo(qPrintable(path("fifo")), 0600), 0);
+
+    EXPECT_EQ(read("missing"), FileContent(FileError::Missing));
+    EXPECT_EQ(read("missing/below"), FileContent(FileError::Missing));
+    EXPECT_EQ(read("file/below"), FileContent(FileError::Missing));
+    EXPECT_EQ(read("dangling"), FileContent(FileError::Missing));
+    EXPECT_EQ(read("folder"), FileContent(FileError::NotRegular));
+    EXPECT_EQ(read("fifo"), FileContent(FileError::NotRegular));
+    EXPECT_EQ(read("loop"), FileContent(FileError::NotRegular));
+    EXPECT_EQ(readRegularFile(QStringLiteral("/dev/zero"), 10), FileContent(FileError::NotRegular));
+}
+
+TEST_F(PrivateFileTest, TellsLackOfPermissionFromAbsence) {
+    if (::geteuid() == 0) {
+        GTEST_SKIP() << "the superuser may read everything";
+    }
+    folder("closed");
+    write("closed/file", "x");
+    write("file", "x");
+    ASSERT_EQ(::chmod(qPrintable(path("closed")), 0), 0);
+    ASSERT_EQ(::chmod(qPrintable(path("file")), 0), 0);
+
+    EXPECT_EQ(read("closed/file"), FileContent(FileError::Unreadable));
+    EXPECT_EQ(read("file"), FileContent(FileError::Unreadable));
+    EXPECT_FALSE(replace("closed/file", "y"));
+    ASSERT_EQ(::chmod(qPrintable(path("closed")), 0700), 0);
+}
+
+TEST_F(PrivateFileTest, KeepsFileAndNewFoldersToTheUser) {
+    const mode_t mask = ::umask(0);
+    folder("shared");
+    ASSERT_EQ(::chmod(qPrintable(path("shared")), 0755), 0);
+    write("shared/old", "old");
+    ASSERT_EQ(::chmod(qPrintable(path("shared/old")), 0644), 0);
+
+    EXPECT_TRUE(replace("shared/old", "new"));
+    EXPECT_TRUE(replace("shared/one/two/file", "content"));
+    ::umask(mask);
+
+    EXPECT_EQ(content("shared/old"), "new");
+    EXPECT_EQ(content("shared/one/two/file"), "content");
+    EXPECT_EQ(mode("shared/old"), 0600U);
+    EXPECT_EQ(mode("shared/one/two/file"), 0600U);
+    EXPECT_EQ(mode("shared/one"), 0700U);
+    EXPECT_EQ(mode("shared/one/two"), 0700U);
+    EXPECT_EQ(mode("shared"), 0755U);
+    EXPECT_EQ(QDir(path("shared")).entryList(QDir::Files), QStringList(QStringLiteral("old")));
+}
+
+TEST_F(PrivateFileTest, WritesThroughLinks) {
+    folder("real/deep");
+    link("real/deep", "folder");
+    link("../elsewhere/file", "real/deep/file"); // seen from real/deep, however it is reached
+    link("file", "real/deep/chain");
+    link("not/yet", "new");
+    EXPECT_TRUE(replace("folder/chain", "first"));
+    EXPECT_TRUE(replace("folder/file", "second"));
+    EXPECT_TRUE(replace("new/file", "third"));
+
+    EXPECT_EQ(content("real/elsewhere/file"), "second");
+    EXPECT_EQ(content("not/yet/file"), "third");
+    EXPECT_EQ(mode("not"), 0700U);
+    for (const char* name : {"folder", "real/deep/file", "real/deep/chain", "new"}) {
+        EXPECT_TRUE(isLink(name)) << name;
+    }
+}
+
+TEST_F(PrivateFileTest, LeavesWhatItCannotReplace) {
+    folder("folder/inside");
+    write("file", "content");
+    link("loop", "loop");
+    link("/dev/null", "nothing");
+
+    EXPECT_FALSE(replace("folder", "x"));
+    EXPECT_FALSE(replace("file/below", "x"));
+    EXPECT_FALSE(replace("loop", "x"));
+    EXPECT_FALSE(replace("loop/below", "x"));
+    EXPECT_FALSE(replace("nothing", "x"));
+    EXPECT_TRUE(QFileInfo(path("folder/inside")).isDir());
+    EXPECT_EQ(content("file"), "content");
+    struct stat status {};
+    ASSERT_EQ(::stat("/dev/null", &status), 0);
+    EXPECT_TRUE(S_ISCHR(status.st_mode));
+}
+
+TEST_F(PrivateFileTest, KeepsTheOldContentWhenTheNewCannotBeWritten) {
+    write("file", "content");
+    // The process may write no file of more than a few bytes for the rest of this test.
+    rlimit old{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &old), 0);
+    const rlimit few{4, old.rlim_max};
+    ASSERT_NE(std::signal(SIGXFSZ, SIG_IGN), SIG_ERR);
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &few), 0);
+    const bool replaced = replace("file", "much longer content");
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &old), 0);
+
+    EXPECT_FALSE(replaced);
+    EXPECT_EQ(content("file"), "content");
+    EXPECT_EQ(QDir(path(".")).entryList(QDir::Files), QStringList(QStringLiteral("file")));
+}
+
+} // namespace
+} // namespace quorvantel::platform
