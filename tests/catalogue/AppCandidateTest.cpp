@@ -1,0 +1,73 @@
+#include "catalogue/AppCandidate.h"
+
+#include <gtest/gtest.h>
+
+namespace quorvantel {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString launcher = u"org.example.Launcher"_s;
+
+AppCandidate editor() {
+    return {QUrl::fromLocalFile(u"/Applications/Editor.app"_s),
+            u"org.example.Editor"_s,
+            false,
+            u"Texteditor"_s,
+            u"Editor"_s,
+            u"TextEdit"_s,
+            {}};
+}
+
+TEST(AppCandidateTest, SearchesByEveryNameOnceInOrderOfPreference) {
+    AppCandidate candidate = editor();
+    EXPECT_EQ(makeAppTarget(candidate, launcher)->searchKeys(),
+              (QStringList{u"Texteditor"_s, u"Editor"_s, u"TextEdit"_s}));
+
+    candidate.fileName = u"Texteditor"_s;
+    EXPECT_EQ(makeAppTarget(candidate, launcher)->searchKeys(),
+              (QStringList{u"Texteditor"_s, u"Editor"_s}));
+
+    candidate.name.clear();
+    candidate.fileName = u"texteditor"_s;
+    EXPECT_EQ(makeAppTarget(candidate, launcher)->searchKeys(),
+              (QStringList{u"Texteditor"_s, u"texteditor"_s}));
+}
+
+TEST(AppCandidateTest, TakesOneBundleExtensionOffTheDisplayName) {
+    AppCandidate candidate = editor();
+    candidate.displayName = u"Editor.app.app"_s;
+    EXPECT_EQ(makeAppTarget(candidate, launcher)->displayName(), u"Editor.app"_s);
+    candidate.displayName = u"Editor.APP"_s;
+    EXPECT_EQ(makeAppTarget(candidate, launcher)->displayName(), u"Editor.APP"_s);
+    candidate.displayName = u".app"_s;
+    EXPECT_FALSE(makeAppTarget(candidate, launcher));
+}
+
+TEST(AppCandidateTest, DropsWhatIsNotToBeListed) {
+    const auto isListed = [](auto change) {
+        AppCandidate candidate = editor();
+        change(candidate);
+        return makeAppTarget(candidate, launcher).has_value();
+    };
+    EXPECT_TRUE(isListed([](AppCandidate&) {}));
+    EXPECT_FALSE(isListed([](AppCandidate& candidate) { candidate.identifier.clear(); }));
+    EXPECT_FALSE(isListed([](AppCandidate& candidate) { candidate.identifier = launcher; }));
+    EXPECT_FALSE(isListed([](AppCandidate& candidate) { candidate.isBackgroundOnly = true; }));
+    EXPECT_FALSE(isListed([](AppCandidate& candidate) { candidate.displayName.clear(); }));
+}
+
+TEST(AppCandidateTest, ReadsTheBackgroundFlagInAllItsTypes) {
+    const QVariantList on = {true, 1LL, -1LL, 1ULL << 63, 0.5, u"YES"_s, u"True"_s, u"1"_s};
+    for (const QVariant& value : on) {
+        EXPECT_TRUE(isBackgroundOnly(value)) << value.toString().toStdString();
+    }
+    const QVariantList off = {false,  0LL,    0.0,        u"no"_s,         u" yes"_s,
+                              u"2"_s, u"y"_s, QVariant(), QByteArray("1"), QVariantList{true}};
+    for (const QVariant& value : off) {
+        EXPECT_FALSE(isBackgroundOnly(value)) << value.toString().toStdString();
+    }
+}
+
+} // namespace
+} // namespace quorvantel
