@@ -24,7 +24,7 @@ missing() {
     local installed package
     installed="$(dpkg-query -W -f='${db:Status-Status} ${Package}\n' "$@" 2>/dev/null || true)"
     for package; do
-        if ! grep -q -x "installed $package" <<<"$installed"; then
+        if ! grep -q -x -F "installed $package" <<<"$installed"; then
             echo "$package"
         fi
     done

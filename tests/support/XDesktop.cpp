@@ -20,6 +20,19 @@ xcb_window_t XDesktop::inputFocus() const {
     return reply ? reply->focus : xcb_window_t{XCB_WINDOW_NONE};
 }
 
+bool XDesktop::isKeyboardGrabbed() const {
+    // The protocol has no question for this; one's own grab is refused while another holds.
+    xcb_connection_t* connection = m_connection.get();
+    const XReply<xcb_grab_keyboard_reply_t> reply(xcb_grab_keyboard_reply(
+        connection,
+        xcb_grab_keyboard(connection, 0, m_connection.root(), XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC,
+                          XCB_GRAB_MODE_ASYNC),
+        nullptr));
+    xcb_ungrab_keyboard(connection, XCB_CURRENT_TIME);
+    m_connection.synchronize();
+    return reply && reply->status == XCB_GRAB_STATUS_ALREADY_GRABBED;
+}
+
 std::vector<xcb_window_t> XDesktop::overrideRedirectWindows() const {
     const XReply<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(
         m_connection.get(), xcb_query_tree(m_connection.get(), m_connection.root()), nullptr));

@@ -23,6 +23,9 @@ public:
     /// The window with the keyboard focus of the server.
     xcb_window_t inputFocus() const;
 
+    /// Whether a client has grabbed the keyboard, as a panel or a menu does.
+    bool isKeyboardGrabbed() const;
+
     /// The mapped windows that no window manager manages, bottommost first, such as panels, menus
     /// and tooltips. Windows wholly off the screen are left out.
     std::vector<xcb_window_t> overrideRedirectWindows() const;

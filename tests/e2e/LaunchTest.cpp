@@ -1,0 +1,132 @@
+#include "e2e/LauncherSession.h"
+#include "support/WaitUntil.h"
+
+#include <QDateTime>
+
+#include <X11/keysym.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace quorvantel {
+namespace {
+
+using ::testing::Each;
+using ::testing::SizeIs;
+using namespace ::quorvantel::testing;
+
+const QString zinc = QStringLiteral("zinc");
+const QString zealionArc = QStringLiteral("zealion-arc");
+const QString frecencyFile = QStringLiteral("frecency.json");
+const QString abbreviationsFile = QStringLiteral("abbreviations.json");
+
+// The query "zinc" finds both: the first by its whole name, the second by scattered letters, so far
+// behind that one learned pick does not put it in front and two do.
+class LaunchTest : public ::testing::Test {
+protected:
+    LaunchTest() {
+        session.addApplication(zinc, QStringLiteral("Zinc"));
+        session.addApplication(zealionArc, QStringLiteral("Zealion Arc"));
+    }
+
+    void searchAndLaunchResult(int row) {
+        session.summon();
+        session.search("zinc", 2);
+        for (int step = 0; step < row; ++step) {
+            session.keyboard().press({XK_Down});
+        }
+        session.keyboard().press({XK_Return});
+        EXPECT_TRUE(session.waitForDismissal());
+    }
+
+    double weight(const QJsonObject& entry, const QString& key) {
+        constexpr qint64 referenceDate = 978'307'200; // 2001-01-01, in seconds since 1970
+        const double now = static_cast<double>(QDateTime::currentSecsSinceEpoch() - referenceDate);
+        EXPECT_NEAR(entry.value(QStringLiteral("lastUpdate")).toDouble(), now, 60);
+        EXPECT_THAT(entry, SizeIs(2));
+        return entry.value(key).toDouble();
+    }
+
+    double launchWeight(const QString& id) {
+        const QJsonObject file = session.dataFile(frecencyFile).value_or(QJsonObject());
+        return weight(file.value(id).toObject(), QStringLiteral("f"));
+    }
+
+    double learnedWeight(const QString& query, const QString& id) {
+        const QJsonObject file = session.dataFile(abbreviationsFile).value_or(QJsonObject());
+        return weight(file.value(query).toObject().value(id).toObject(), QStringLiteral("weight"));
+    }
+
+    LauncherSession session;
+};
+
+TEST_F(LaunchTest, ReturnLaunchesTheTopResultAndRecordsIt) {
+    session.start();
+    searchAndLaunchResult(0);
+
+    EXPECT_THAT(session.waitForRuns(zinc, 1),
+                ::testing::ElementsAre(QStringList({zinc, QStringLiteral("two words")})));
+    EXPECT_THAT(session.waitForRuns(zealionArc, 0), SizeIs(0));
+    EXPECT_DOUBLE_EQ(launchWeight(zinc), 1.0);
+    EXPECT_THAT(*session.dataFile(frecencyFile), SizeIs(1));
+    EXPECT_FALSE(session.dataFile(abbreviationsFile));
+    EXPECT_FALSE(session.output().contains("failed to open")) << session.output().toStdString();
+}
+
+TEST_F(LaunchTest, TwoPicksOfTheSecondResultPutItOnTopEvenAfterARestart) {
+    session.start();
+    searchAndLaunchResult(1);
+    EXPECT_THAT(session.waitForRuns(zealionArc, 1), SizeIs(1));
+    EXPECT_DOUBLE_EQ(learnedWeight(zinc, zealionArc), 1.0);
+
+    searchAndLaunchResult(1);
+    EXPECT_THAT(session.waitForRuns(zealionArc, 2), SizeIs(2));
+    // The first pick has faded for seconds only, with half-lives of days.
+    EXPECT_NEAR(learnedWeight(zinc, zealionArc), 2.0, 1e-3);
+    EXPECT_LT(learnedWeight(zinc, zealionArc), 2.0);
+    EXPECT_NEAR(launchWeight(zealionArc), 2.0, 1e-3);
+
+    searchAndLaunchResult(0);
+    EXPECT_THAT(session.waitForRuns(zealionArc, 3), SizeIs(3));
+    EXPECT_LT(learnedWeight(zinc, zealionArc), 2.0) << "the top result teaches nothing";
+
+    ASSERT_TRUE(session.terminate());
+    session.start();
+    searchAndLaunchResult(0);
+    EXPECT_THAT(session.waitForRuns(zealionArc, 4), SizeIs(4));
+    EXPECT_THAT(session.waitForRuns(zinc, 0), SizeIs(0));
+    EXPECT_NEAR(launchWeight(zealionArc), 4.0, 1e-3);
+}
+
+TEST_F(LaunchTest, AClickOnARowLaunchesIt) {
+    session.start();
+    session.summon();
+    session.search("zinc", 2);
+
+    const QPoint middleOfSecondRow(320, 56 + 1 + 6 + 48 + 2 + 24);
+    session.pointer().click(session.panel()->topLeft() + middleOfSecondRow);
+
+    EXPECT_THAT(session.waitForRuns(zealionArc, 1), SizeIs(1));
+    EXPECT_TRUE(session.waitForDismissal());
+    EXPECT_DOUBLE_EQ(learnedWeight(zinc, zealionArc), 1.0);
+}
+
+TEST_F(LaunchTest, AnApplicationInstalledMeanwhileIsFoundAtALaterShowing) {
+    session.start();
+    session.addApplication(QStringLiteral("zirconic"), QStringLiteral("Zirconic"));
+
+    // The folders are read again at most every three seconds.
+    const auto findsIt = [this] {
+        session.summon();
+        session.keyboard().type("zirconic");
+        const bool found = waitUntil(
+            [this] { return session.panel() && session.panel()->height() == panelHeight(1); },
+            std::chrono::milliseconds(500));
+        session.keyboard().press({XK_Escape});
+        EXPECT_TRUE(session.waitForDismissal());
+        return found;
+    };
+    EXPECT_TRUE(waitUntil(findsIt));
+}
+
+} // namespace
+} // namespace quorvantel

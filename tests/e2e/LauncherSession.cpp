@@ -1,0 +1,167 @@
+#include "e2e/LauncherSession.h"
+
+#include "support/WaitUntil.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+
+#include <X11/keysym.h>
+
+#include <stdexcept>
+
+namespace quorvantel::testing {
+namespace {
+
+void writeFile(const QString& path, const QByteArray& content) {
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
+        throw std::runtime_error("cannot write " + path.toStdString());
+    }
+}
+
+std::optional<QByteArray> readFile(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? std::optional(file.readAll()) : std::nullopt;
+}
+
+void require(bool condition, const QByteArray& failure) {
+    if (!condition) {
+        throw std::runtime_error(failure.toStdString());
+    }
+}
+
+// Leaves one file a run, complete from the moment that it has its name.
+constexpr auto proofScript = R"(#!/bin/sh
+proof="$(dirname "$0")/proofs/$1.$$"
+for argument; do printf '%s\n' "$argument"; done >"$proof.part"
+mv "$proof.part" "$proof"
+)";
+
+} // namespace
+
+LauncherSession::LauncherSession()
+    : m_connection(m_server.display()),
+      m_desktop(m_connection),
+      m_keyboard(m_connection),
+      m_pointer(m_connection),
+      m_bus(m_home.path()),
+      m_windowManager(m_connection, m_server.display()) {
+    const QString script = homeFile(QStringLiteral("prove"));
+    writeFile(script, proofScript);
+    QFile::setPermissions(script, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    QDir().mkpath(homeFile(QStringLiteral("proofs")));
+}
+
+void LauncherSession::addApplication(const QString& id, const QString& name) {
+    const QString entry = QStringLiteral("[Desktop Entry]\n"
+                                         "Type=Application\n"
+                                         "Name=%1\n"
+                                         "Exec=%2 %3 \"two words\" %U\n")
+                              .arg(name, homeFile(QStringLiteral("prove")), id);
+    writeFile(m_home.dataHome() + QStringLiteral("/applications/") + id +
+                  QStringLiteral(".desktop"),
+              entry.toUtf8());
+}
+
+void LauncherSession::storeHotKey(int keyCode, int modifiers) {
+    const QString plist = QStringLiteral(R"(<?xml version="1.0" encoding="UTF-8"?>
+<plist version="1.0"><dict>
+<key>hotKeyCode</key><integer>%1</integer>
+<key>hotKeyModifiers</key><integer>%2</integer>
+</dict></plist>
+)")
+                              .arg(keyCode)
+                              .arg(modifiers);
+    writeFile(m_home.configHome() + QStringLiteral("/Quorvantel/defaults.plist"), plist.toUtf8());
+}
+
+void LauncherSession::start(const QByteArray& expected) {
+    QFile::remove(homeFile(QStringLiteral("output")));
+    ChildProcess::Launch launch{
+        .program = QStringLiteral(QUORVANTEL_PROGRAM),
+        .outputPath = homeFile(QStringLiteral("output")),
+    };
+    launch.environment.insert(QStringLiteral("DISPLAY"), QString::fromLatin1(display()));
+    launch.environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_bus.address());
+    launch.environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
+    m_launcher.emplace(launch);
+    require(waitUntil([&] { return !isRunning() || output().contains(expected); }) && isRunning(),
+            "the launcher did not start; it printed: " + output());
+}
+
+std::optional<ChildProcess::Exit> LauncherSession::terminate() {
+    m_launcher->signal(SIGTERM);
+    return m_launcher->waitForExit(patience);
+}
+
+void LauncherSession::pressDefaultHotKey() {
+    m_keyboard.press({XK_Alt_L, XK_Super_L, XK_space});
+}
+
+void LauncherSession::summon() {
+    pressDefaultHotKey();
+    require(waitUntil([this] { return panel() && m_desktop.isKeyboardGrabbed(); }),
+            "the hotkey does not summon the panel; the launcher printed: " + output());
+}
+
+void LauncherSession::search(const QByteArray& query, int results) {
+    m_keyboard.type(query);
+    require(waitForPanelHeight(panelHeight(results)),
+            "the panel does not list " + QByteArray::number(results) + " results; its height is " +
+                QByteArray::number(panel().value_or(QRect()).height()));
+}
+
+std::optional<QRect> LauncherSession::panel() const {
+    for (const xcb_window_t window : m_desktop.overrideRedirectWindows()) {
+        const std::optional<QRect> geometry = m_desktop.geometry(window);
+        if (geometry && geometry->width() == panelWidth) {
+            return geometry;
+        }
+    }
+    return std::nullopt;
+}
+
+bool LauncherSession::waitForPanelHeight(int height) const {
+    return waitUntil([this, height] { return panel() && panel()->height() == height; });
+}
+
+bool LauncherSession::waitForDismissal() const {
+    return waitUntil([this] { return !panel() && !m_desktop.isKeyboardGrabbed(); });
+}
+
+std::vector<QStringList> LauncherSession::waitForRuns(const QString& id, std::size_t count) const {
+    waitUntil([&] { return runs(id).size() >= count; });
+    return runs(id);
+}
+
+std::vector<QStringList> LauncherSession::runs(const QString& id) const {
+    const QDir proofs(homeFile(QStringLiteral("proofs")));
+    std::vector<QStringList> result;
+    for (const QString& proof : proofs.entryList({id + QStringLiteral(".*")}, QDir::Files)) {
+        if (!proof.endsWith(QStringLiteral(".part"))) {
+            const QByteArray content = readFile(proofs.filePath(proof)).value_or(QByteArray());
+            result.push_back(
+                QString::fromUtf8(content).split(QLatin1Char('\n'), Qt::SkipEmptyParts));
+        }
+    }
+    return result;
+}
+
+QByteArray LauncherSession::output() const {
+    return readFile(homeFile(QStringLiteral("output"))).value_or(QByteArray());
+}
+
+std::optional<QJsonObject> LauncherSession::dataFile(const QString& name) const {
+    const auto content = readFile(m_home.dataHome() + QStringLiteral("/Quorvantel/") + name);
+    const QJsonDocument document = QJsonDocument::fromJson(content.value_or(QByteArray()));
+    return document.isObject() ? std::optional(document.object()) : std::nullopt;
+}
+
+QString LauncherSession::homeFile(const QString& relativePath) const {
+    return m_home.path() + QLatin1Char('/') + relativePath;
+}
+
+} // namespace quorvantel::testing

@@ -1,0 +1,263 @@
+#!/usr/bin/env bash
+# Shows the launcher at work where there is no display: starts the real program on an X server of
+# its own and uses it with real key presses. Every step is checked by what it did; the first that
+# did not do it ends the tour.
+#
+#   tools/tour.sh [program]        build/release/bin/quorvantel by default
+#
+# Leaves pictures and a log in build/tour/. Exits with 0 only when every step held.
+set -euo pipefail
+# shellcheck source=tools/common.sh
+source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
+
+program="$(realpath "${1:-build/release/bin/quorvantel}")"
+output="$PWD/build/tour"
+stage="$(mktemp -d)"
+processes=()
+launcher=
+panel=
+picture_number=0
+
+# Ends what this script started, the last first, and nothing else.
+clean_up() {
+    local index
+    for ((index = ${#processes[@]} - 1; index >= 0; index--)); do
+        kill "${processes[index]}" 2>/dev/null || true
+        wait "${processes[index]}" 2>/dev/null || true
+    done
+    rm -rf "$stage"
+}
+trap clean_up EXIT
+trap 'exit 130' INT
+trap 'exit 143' TERM HUP
+
+say() {
+    echo "$*" | tee -a "$output/tour.log"
+}
+
+fail() {
+    say "✗ $*"
+    if [[ -s $output/launcher.log ]]; then
+        say "  The launcher printed:"
+        sed 's/^/    /' "$output/launcher.log" | tee -a "$output/tour.log"
+    fi
+    exit 1
+}
+
+# until_true WHAT COMMAND...: waits for a condition, at most ten seconds.
+until_true() {
+    local what=$1 end=$((SECONDS + 10))
+    shift
+    until "$@"; do
+        if ((SECONDS >= end)); then
+            fail "$what"
+        fi
+        sleep 0.05
+    done
+}
+
+picture() {
+    picture_number=$((picture_number + 1))
+    local file
+    file="$output/$(printf '%02d' "$picture_number")-$1.png"
+    # What was just changed is drawn a moment later.
+    sleep 0.3
+    import -silent -window root "$file"
+    say "    picture: ${file#"$PWD/"}"
+}
+
+start_desktop() {
+    export HOME="$stage/home" XDG_RUNTIME_DIR="$stage/run"
+    export XDG_DATA_HOME="$HOME/.local/share" XDG_CONFIG_HOME="$HOME/.config"
+    export XDG_CACHE_HOME="$HOME/.cache" XDG_DATA_DIRS="$stage/share" LC_ALL=C.UTF-8
+    unset WAYLAND_DISPLAY XDG_CURRENT_DESKTOP QT_QPA_PLATFORM
+    mkdir -p "$XDG_DATA_HOME/applications" "$XDG_CONFIG_HOME" "$stage/proofs" "$XDG_DATA_DIRS"
+    mkdir -m 700 "$XDG_RUNTIME_DIR"
+
+    Xvfb -displayfd 3 -screen 0 1280x800x24 -dpi 96 -noreset -nolisten tcp \
+        3>"$stage/display" 2>"$output/xserver.log" &
+    processes+=($!)
+    until_true "The X server does not start" test -s "$stage/display"
+    DISPLAY=":$(<"$stage/display")"
+    export DISPLAY
+
+    dbus-daemon --session --nofork --nopidfile --address="unix:dir=$XDG_RUNTIME_DIR" \
+        --print-address=3 3>"$stage/bus" 2>"$output/bus.log" &
+    processes+=($!)
+    until_true "The session bus does not start" test -s "$stage/bus"
+    DBUS_SESSION_BUS_ADDRESS="$(<"$stage/bus")"
+    export DBUS_SESSION_BUS_ADDRESS
+
+    XDG_DATA_DIRS=/usr/share openbox --sm-disable 2>"$output/openbox.log" &
+    processes+=($!)
+    until_true "The window manager does not start" window_manager_runs
+    xsetroot -solid '#3b4252'
+}
+
+window_manager_runs() {
+    xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'
+}
+
+# add_application ID NAME: an application that proves each of its runs by a line in a file.
+add_application() {
+    cat >"$XDG_DATA_HOME/applications/$1.desktop" <<END
+[Desktop Entry]
+Type=Application
+Name=$2
+Exec=$stage/prove $1
+END
+}
+
+install_applications() {
+    cat >"$stage/prove" <<'END'
+#!/bin/sh
+echo "$1 ran as process $$" >>"$(dirname "$0")/proofs/$1"
+END
+    chmod +x "$stage/prove"
+    add_application terminal "Terminal"
+    add_application theremin "Theremin"
+    add_application text-editor "Text Editor"
+    add_application calendar "Calendar"
+    add_application camera "Camera"
+    add_application music "Music"
+    add_application photos "Photos"
+}
+
+start_launcher() {
+    : >"$output/launcher.log"
+    "$program" 2>>"$output/launcher.log" &
+    launcher=$!
+    processes+=("$launcher")
+    until_true "The launcher does not say how to summon it" \
+        grep -q '^Quorvantel: press ' "$output/launcher.log"
+    say "    $(grep -m 1 '^Quorvantel: press ' "$output/launcher.log")"
+}
+
+stop_launcher() {
+    kill "$launcher"
+    wait "$launcher" || fail "The launcher ends with status $?"
+    # The last that was started, and no longer there to be ended.
+    unset 'processes[-1]'
+}
+
+runs_of() {
+    if [[ -e $stage/proofs/$1 ]]; then
+        wc -l <"$stage/proofs/$1"
+    else
+        echo 0
+    fi
+}
+
+has_run_times() {
+    (($(runs_of "$1") == $2))
+}
+
+# Sets `panel` to the launcher's visible window.
+panel_is_shown() {
+    panel="$(xdotool search --onlyvisible --pid "$launcher" 2>/dev/null | head -n 1)"
+    [[ -n $panel ]]
+}
+
+panel_is_hidden() {
+    ! panel_is_shown
+}
+
+panel_height() {
+    xdotool getwindowgeometry --shell "$panel" | sed -n 's/^HEIGHT=//p'
+}
+
+panel_lists_results() {
+    (($(panel_height) > 56))
+}
+
+panel_is_empty() {
+    (($(panel_height) == 56))
+}
+
+summon() {
+    xdotool key alt+super+space
+    until_true "The hotkey does not summon the panel" panel_is_shown
+    until_true "The panel does not start empty" panel_is_empty
+    # The panel takes the keyboard right after it is shown.
+    sleep 0.2
+}
+
+search() {
+    xdotool type --delay 60 "$1"
+    until_true "Typing '$1' lists nothing" panel_lists_results
+}
+
+# launches ID: presses Return and sees that this application runs, once more than before.
+launches() {
+    local before
+    before="$(runs_of "$1")"
+    xdotool key Return
+    until_true "Return does not launch $1" has_run_times "$1" $((before + 1))
+    until_true "The panel stays after a launch" panel_is_hidden
+    say "    launched: $(tail -n 1 "$stage/proofs/$1")"
+}
+
+tour() {
+    say "• Start the launcher"
+    start_launcher
+    panel_is_hidden || fail "The start shows a window"
+
+    say "• Summon it by its hotkey"
+    summon
+    picture summoned
+
+    say "• Type 'term': Terminal is on top, Theremin below"
+    search term
+    picture search
+    say "• Return launches Terminal"
+    launches terminal
+
+    say "• Summon it again, move the selection down, launch Theremin"
+    summon
+    search term
+    xdotool key Down
+    picture second-result
+    launches theremin
+    say "• Once more: it is still the second"
+    summon
+    search term
+    xdotool key Down
+    launches theremin
+
+    say "• It has learned: 'term' now finds Theremin first"
+    summon
+    search term
+    picture learned
+    launches theremin
+
+    say "• Escape dismisses the panel"
+    summon
+    search ca
+    picture other-search
+    xdotool key Escape
+    until_true "Escape does not dismiss the panel" panel_is_hidden
+    picture dismissed
+
+    say "• Restart it: what it learned is still there"
+    stop_launcher
+    start_launcher
+    summon
+    search term
+    picture after-restart
+    launches theremin
+    has_run_times terminal 1 || fail "Terminal ran $(runs_of terminal) times, not once"
+
+    say "• End it"
+    stop_launcher
+    say "✓ Every step held. The pictures are in ${output#"$PWD/"}/"
+}
+
+[[ -x $program ]] || {
+    echo "There is no program at $program" >&2
+    exit 1
+}
+rm -rf "$output"
+mkdir -p "$output"
+start_desktop
+install_applications
+tour
