@@ -1,0 +1,119 @@
+#include "search/FuzzyScorer.h"
+
+#include "search/LetterMask.h"
+#include "search/PreparedKey.h"
+#include "search/QueryMatcher.h"
+#include "search/ReferenceScorer.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace quorvantel {
+namespace {
+
+using Positions = std::vector<int>;
+
+QString randomText(std::mt19937& random, size_t maximumLength) {
+    const std::vector<QString>& letters = testing::nastyLetters();
+    QString text;
+    for (size_t length = random() % (maximumLength + 1); length > 0; --length) {
+        text += letters[random() % letters.size()];
+    }
+    return text;
+}
+
+/// A text that is likely to be found in the key: some of its units, in order.
+QString randomPart(std::mt19937& random, const QString& key) {
+    QString part;
+    for (const QChar unit : key) {
+        if (random() % 3 == 0) {
+            part += random() % 2 == 0 ? unit : unit.toUpper();
+        }
+    }
+    return part;
+}
+
+TEST(FuzzyScorerTest, AgreesWithTheFormulasToTheLastBit) {
+    std::mt19937 random(20010101);
+    int matches = 0;
+    for (int round = 0; round < 20'000; ++round) {
+        const QString key = randomText(random, 24);
+        const QString query = round % 4 == 0 ? randomText(random, 4) : randomPart(random, key);
+        const auto expected = testing::referenceMatch(query, key);
+        const auto match = FuzzyScorer::match(query, key);
+        const auto score = FuzzyScorer::score(query, key);
+        ASSERT_EQ(match, expected) << qPrintable(query) << " in " << qPrintable(key);
+        ASSERT_EQ(score.has_value(), expected.has_value());
+        if (expected) {
+            ASSERT_EQ(*score, expected->score) << qPrintable(query) << " in " << qPrintable(key);
+            ++matches;
+        }
+    }
+    EXPECT_GT(matches, 10'000);
+}
+
+TEST(FuzzyScorerTest, ScratchMemoryCarriesNothingFromKeyToKey) {
+    std::mt19937 random(86400);
+    for (int round = 0; round < 200; ++round) {
+        const QString query = randomText(random, 3);
+        QueryMatcher matcher(query);
+        for (int i = 0; i < 20; ++i) {
+            const QString key = randomText(random, 30);
+            const PreparedKey prepared(key);
+            const auto expected = testing::referenceMatch(query, key);
+            const auto score = matcher.score(prepared.view());
+            ASSERT_EQ(score.has_value(), expected.has_value());
+            ASSERT_TRUE(!score || *score == expected->score);
+        }
+    }
+}
+
+TEST(FuzzyScorerTest, PrefersStartsOfWordsAndRuns) {
+    const auto settings = FuzzyScorer::match(u"ss", u"System Settings");
+    ASSERT_TRUE(settings);
+    EXPECT_EQ(settings->positions, (Positions{0, 7}));
+
+    // The whole key: 0.9 + 1.0 + 1.0 + 1.0, without any gap.
+    EXPECT_EQ(FuzzyScorer::score(u"mail", u"Mail"), 0.9 + 1.0 + 1.0 + 1.0);
+    EXPECT_GT(FuzzyScorer::score(u"mail", u"Mail"), FuzzyScorer::score(u"mail", u"Mailbox"));
+    EXPECT_GT(FuzzyScorer::score(u"ip", u"iPhone"), FuzzyScorer::score(u"ip", u"iphone"));
+    // Half price for the first character after the match, the full price for those that follow.
+    EXPECT_EQ(FuzzyScorer::score(u"a", u"abc"), -0.005 * 0 + 0.9 - 0.005 - 0.01);
+    EXPECT_EQ(FuzzyScorer::score(u"a", u"bca"), -0.005 * 2 + 0.0);
+}
+
+TEST(FuzzyScorerTest, MatchesLettersInOrderWhateverTheirCaseAndMarks) {
+    EXPECT_EQ(FuzzyScorer::match(u"", u""), (FuzzyMatch{0.0, {}}));
+    EXPECT_EQ(FuzzyScorer::match(u"", u"anything"), (FuzzyMatch{0.0, {}}));
+    EXPECT_EQ(FuzzyScorer::match(u"é", u"E"), (FuzzyMatch{0.9, {0}}));
+    // Nothing but a mark: no letters to place, yet not the empty query either.
+    EXPECT_EQ(FuzzyScorer::match(u"\u0301", u"ab"), (FuzzyMatch{-0.005 * 2, {}}));
+
+    EXPECT_FALSE(FuzzyScorer::match(u"mails", u"mail"));
+    EXPECT_FALSE(FuzzyScorer::match(u"am", u"ma"));
+    EXPECT_FALSE(FuzzyScorer::score(u"aa", u"a"));
+    EXPECT_FALSE(FuzzyScorer::score(u"a", u""));
+}
+
+TEST(FuzzyScorerTest, KeyThatGrowsWhenFoldedHasNoBonusBeyondItsEnd) {
+    EXPECT_EQ(FuzzyScorer::match(u"i", u"ﬁ"), (FuzzyMatch{-0.005 * 1 + 0.0, {1}}));
+    EXPECT_TRUE(FuzzyScorer::match(u"ffiffiffi", u"ﬃﬃﬃ"));
+}
+
+TEST(FuzzyScorerTest, LetterMaskNeverRejectsAContainedText) {
+    std::mt19937 random(0x5eed);
+    for (int round = 0; round < 2'000; ++round) {
+        std::u32string key;
+        for (size_t length = random() % 40; length > 0; --length) {
+            key += static_cast<char32_t>(random() % (round % 2 == 0 ? 0x80 : 0x110000));
+        }
+        const std::u32string part = key.substr(0, key.size() / 2);
+        ASSERT_FALSE(lacksLetters(letterMask(key), letterMask(part)));
+    }
+    EXPECT_TRUE(lacksLetters(letterMask(U"calendar"), letterMask(U"m")));
+    EXPECT_TRUE(lacksLetters(letterMask(U"calendar 2"), letterMask(U"1")));
+}
+
+} // namespace
+} // namespace quorvantel

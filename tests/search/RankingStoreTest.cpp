@@ -1,0 +1,236 @@
+#include "search/FrecencyStore.h"
+#include "search/LearnedAbbreviationStore.h"
+#include "search/LogLines.h"
+#include "search/ReferenceDate.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cmath>
+#include <limits>
+
+namespace quorvantel {
+namespace {
+
+constexpr double now = 785000000.0;
+constexpr double day = 86400.0;
+
+const QString chess = QStringLiteral("org.example.Chess");
+const QString mail = QStringLiteral("org.example.Mail");
+
+class RankingStoreTest : public ::testing::Test {
+protected:
+    QString directory() const { return m_home.filePath(QStringLiteral("data/Quorvantel")); }
+    QString path(QStringView file) const { return directory() + u'/' + file; }
+
+    void write(QStringView name, const QByteArray& content) const {
+        ASSERT_TRUE(QDir().mkpath(directory()));
+        QFile file(path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+
+    QByteArray read(QStringView name) const {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    testing::LogLines log;
+
+private:
+    QTemporaryDir m_home;
+};
+
+TEST_F(RankingStoreTest, LaunchesAddUpAndFade) {
+    FrecencyStore store(directory());
+    EXPECT_EQ(store.weight(mail, now), 0.0);
+    store.record(mail, now);
+    EXPECT_EQ(store.weight(mail, now), 1.0);
+    store.record(mail, now);
+    EXPECT_EQ(store.weight(mail, now), 2.0);
+
+    store.record(chess, now);
+    store.record(chess, now + 10 * day);
+    EXPECT_DOUBLE_EQ(store.entries()[chess].f, 1.5);
+    EXPECT_EQ(store.entries()[chess].lastUpdate, now + 10 * day);
+    // A clock that was set back makes the weight grow.
+    EXPECT_DOUBLE_EQ(store.weight(chess, now), 3.0);
+}
+
+TEST_F(RankingStoreTest, PicksAddUpAndFadeByNormalisedQuery) {
+    LearnedAbbreviationStore store(directory());
+    store.learn(QStringLiteral("  Ch\n"), chess, now);
+    EXPECT_EQ(store.boost(QStringLiteral("ch"), chess, now), 1.5);
+    EXPECT_DOUBLE_EQ(store.boost(QStringLiteral("CH\t"), chess, now + 30 * day), 0.75);
+    store.learn(QStringLiteral("cH"), chess, now);
+    EXPECT_EQ(store.boost(QStringLiteral("ch"), chess, now), 3.0);
+    EXPECT_EQ(store.boost(QStringLiteral("ch"), mail, now), 0.0);
+    EXPECT_EQ(store.boost(QStringLiteral("c h"), chess, now), 0.0);
+    store.learn(QStringLiteral("ΟΔΟΣ"), mail, now);
+    EXPECT_EQ(store.boost(QStringLiteral("οδος"), mail, now), 1.5);
+    EXPECT_EQ(store.table().size(), 2);
+}
+
+TEST_F(RankingStoreTest, QueriesOfOneCharacterTeachNothing) {
+    LearnedAbbreviationStore store(directory());
+    for (const QString& query :
+         {QString(), QStringLiteral(" c "), QStringLiteral("e\u0301"), QStringLiteral("각"),
+          QStringLiteral("\u1100\u1161\u11A8"), QStringLiteral("👩\u200D💻"), QStringLiteral("🇩🇪")}) {
+        store.learn(query, chess, now);
+        EXPECT_EQ(store.boost(query, chess, now), 0.0) << qPrintable(query);
+    }
+    EXPECT_TRUE(store.table().isEmpty());
+    EXPECT_FALSE(QFileInfo::exists(directory()));
+}
+
+TEST_F(RankingStoreTest, NumbersSurviveTheFileUnchanged) {
+    const double awkward[] = {785000000.1,        1.0 / 3.0, -0.1, 5e-324, 1.7976931348623157e308,
+                              9007199254740993.0, 1e22};
+    QHash<QString, FrecencyEntry> launches;
+    QHash<QString, LearnedAbbreviationStore::Associations> picks;
+    {
+        FrecencyStore frecency(directory());
+        LearnedAbbreviationStore learned(directory());
+        for (const double date : awkward) {
+            frecency.record(QStringLiteral("settings:é\"\\/%1").arg(date), date);
+            learned.learn(QStringLiteral("q \"%1\" 😀").arg(date), mail, date);
+            learned.learn(QStringLiteral("q \"%1\" 😀").arg(date), mail, date + 12345.678);
+        }
+        launches = frecency.entries();
+        picks = learned.table();
+    }
+    EXPECT_EQ(FrecencyStore(directory()).entries(), launches);
+    EXPECT_EQ(LearnedAbbreviationStore(directory()).table(), picks);
+    EXPECT_EQ(launches.size(), std::ssize(awkward));
+    EXPECT_EQ(log.take(), QStringList());
+}
+
+TEST_F(RankingStoreTest, WritesTheAgreedFormForTheUserAlone) {
+    FrecencyStore(directory()).record(mail, now);
+    LearnedAbbreviationStore learned(directory());
+    learned.learn(QStringLiteral("ml"), mail, now);
+
+    EXPECT_EQ(read(u"frecency.json"), R"({"org.example.Mail":{"f":1,"lastUpdate":785000000}})");
+    EXPECT_EQ(read(u"abbreviations.json"),
+              R"({"ml":{"org.example.Mail":{"lastUpdate":785000000,"weight":1}}})");
+    struct stat status {};
+    ASSERT_EQ(::stat(qPrintable(directory()), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, 0700U);
+    ASSERT_EQ(::stat(qPrintable(path(u"abbreviations.json")), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, 0600U);
+
+    learned.reset();
+    EXPECT_EQ(read(u"abbreviations.json"), "{}");
+    EXPECT_EQ(learned.boost(QStringLiteral("ml"), mail, now), 0.0);
+}
+
+TEST_F(RankingStoreTest, DamagedLaunchHistoryIsDroppedAsAWhole) {
+    const QByteArray good = R"("good":{"f":2.5,"lastUpdate":785000000.0})";
+    const QByteArray damaged[] = {
+        "",
+        "null",
+        "[]",
+        "{" + good + "} x",
+        "{" + good + R"(,"bad":{"f":1}})",
+        "{" + good + R"(,"bad":{"lastUpdate":1}})",
+        "{" + good + R"(,"bad":{"f":1,"lastUpdate":1,"extra":1}})",
+        "{" + good + R"(,"bad":{"f":"1","lastUpdate":1}})",
+        "{" + good + R"(,"bad":{"f":true,"lastUpdate":1}})",
+        "{" + good + R"(,"bad":{"f":1,"lastUpdate":null}})",
+        "{" + good + R"(,"bad":{"f":1e999,"lastUpdate":1}})",
+        "{" + good + R"(,"bad":3})",
+    };
+    for (const QByteArray& content : damaged) {
+        write(u"frecency.json", content);
+        FrecencyStore store(directory());
+        EXPECT_TRUE(store.entries().isEmpty()) << content.constData();
+        const QStringList lines = log.take();
+        ASSERT_EQ(lines.size(), 1) << content.constData();
+        EXPECT_TRUE(lines[0].startsWith(QStringLiteral("Quorvantel: ")));
+
+        EXPECT_EQ(read(u"frecency.json"), content);
+        store.record(mail, now);
+        EXPECT_EQ(FrecencyStore(directory()).entries().keys(), QStringList(mail));
+    }
+    write(u"frecency.json", "{" + good + "}");
+    EXPECT_EQ(FrecencyStore(directory()).entries()[QStringLiteral("good")],
+              (FrecencyEntry{2.5, now}));
+}
+
+TEST_F(RankingStoreTest, DamagedAssociationsAreDroppedAsAWhole) {
+    const QByteArray good = R"("ch":{"good":{"weight":2.5,"lastUpdate":785000000.0}})";
+    const QByteArray damaged[] = {
+        "[]",
+        "{" + good + R"(,"ma":[]})",
+        "{" + good + R"(,"ma":{"bad":{"f":1,"lastUpdate":1}}})",
+        "{" + good + R"(,"ma":{"bad":{"weight":1,"lastUpdate":1,"extra":1}}})",
+        "{" + good + R"(,"ma":{"bad":{"weight":1,"lastUpdate":"1"}}})",
+    };
+    for (const QByteArray& content : damaged) {
+        write(u"abbreviations.json", content);
+        EXPECT_TRUE(LearnedAbbreviationStore(directory()).table().isEmpty()) << content.constData();
+        EXPECT_EQ(log.take().size(), 1) << content.constData();
+    }
+    write(u"abbreviations.json", "{" + good + R"(,"empty":{}})");
+    EXPECT_EQ(LearnedAbbreviationStore(directory())
+                  .boost(QStringLiteral("ch"), QStringLiteral("good"), now),
+              2.5 * 1.5);
+}
+
+TEST_F(RankingStoreTest, StartsEmptyFromWhatIsNoFile) {
+    ASSERT_TRUE(QDir().mkpath(directory()));
+    ASSERT_EQ(::mkfifo(qPrintable(path(u"frecency.json")), 0600), 0);
+    write(u"abbreviations.json", "{");
+    ASSERT_EQ(::truncate(qPrintable(path(u"abbreviations.json")), off_t{1} << 40), 0);
+
+    EXPECT_TRUE(FrecencyStore(directory()).entries().isEmpty());
+    EXPECT_TRUE(LearnedAbbreviationStore(directory()).table().isEmpty());
+    EXPECT_EQ(log.take().size(), 2);
+}
+
+TEST_F(RankingStoreTest, StateWithoutAJsonFormIsNotWritten) {
+    FrecencyStore frecency(directory());
+    LearnedAbbreviationStore learned(directory());
+    frecency.record(mail, now);
+    learned.learn(QStringLiteral("ml"), mail, now);
+    const QByteArray launches = read(u"frecency.json");
+    const QByteArray picks = read(u"abbreviations.json");
+    const double longAgo = -1e12;
+    // So far back that the old weight, seen from then, exceeds all numbers.
+    frecency.record(mail, longAgo);
+    learned.learn(QStringLiteral("ml"), mail, longAgo);
+
+    EXPECT_TRUE(std::isinf(frecency.entries()[mail].f));
+    EXPECT_EQ(read(u"frecency.json"), launches);
+    EXPECT_EQ(read(u"abbreviations.json"), picks);
+    EXPECT_EQ(log.take().size(), 2);
+}
+
+TEST_F(RankingStoreTest, FailedSaveKeepsTheStateInMemory) {
+    ASSERT_TRUE(QDir().mkpath(path(u"frecency.json/folder")));
+    FrecencyStore store(directory());
+    log.take();
+    store.record(mail, now);
+    EXPECT_EQ(store.weight(mail, now), 1.0);
+    EXPECT_EQ(log.take().size(), 1);
+}
+
+TEST(ReferenceDateTest, CountsSecondsSince2001) {
+    const QDateTime start(QDate(2001, 1, 1), QTime(1, 0), Qt::OffsetFromUTC, 3600);
+    EXPECT_EQ(secondsSinceReferenceDate(start), 0.0);
+    EXPECT_EQ(secondsSinceReferenceDate(start.addMSecs(-1500)), -1.5);
+    EXPECT_EQ(secondsSinceReferenceDate(QDateTime::fromSecsSinceEpoch(1763720000)), 785412800.0);
+    const double before = secondsSinceReferenceDate(QDateTime::currentDateTimeUtc());
+    const double current = currentReferenceDate();
+    const double after = secondsSinceReferenceDate(QDateTime::currentDateTimeUtc());
+    EXPECT_TRUE(before <= current && current <= after);
+}
+
+} // namespace
+} // namespace quorvantel
