@@ -29,4 +29,8 @@ public:
     virtual void set(const QString& key, const Value& value) = 0;
 };
 
+/// The defaults of this application for the current user; opened on first use and kept until the
+/// program ends.
+UserDefaults& standardUserDefaults();
+
 } // namespace quorvantel::platform

@@ -17,6 +17,10 @@ class ThemeManager : public QObject {
 public:
     enum class Appearance { Light, Dark, Auto };
 
+    /// The instance that the whole application shares, over the standard defaults; made on first
+    /// use.
+    static ThemeManager& shared();
+
     /// Reads the stored choices; unknown texts count as none. The first start of this version moves
     /// every installation to the graphite preset once. `defaults` must outlive the manager.
     explicit ThemeManager(platform::UserDefaults& defaults, QObject* parent = nullptr);

@@ -1,0 +1,161 @@
+#include "shell/AppDelegate.h"
+
+#include "catalogue/SettingsPaneCatalogue.h"
+#include "platform/Directories.h"
+
+#include <QDebug>
+#include <QDir>
+
+#include <limits>
+#include <utility>
+
+namespace quorvantel {
+
+namespace {
+
+/// Seconds between the beginnings of two scans.
+constexpr double indexInterval = 3.0;
+
+void log(const QString& message) {
+    qWarning().noquote() << QStringLiteral("Quorvantel: ") + message;
+}
+
+} // namespace
+
+AppDelegate::AppDelegate(platform::Platform& platform, AppSettings& settings,
+                         ThemeManager& themeManager, const QString& storeDirectory, Clock now)
+    : m_platform(platform),
+      m_settings(settings),
+      m_now(std::move(now)),
+      m_frecency(storeDirectory),
+      m_learned(storeDirectory),
+      m_hotKeyService(platform.globalHotKeys()),
+      m_theme(themeManager, platform.systemAppearance()),
+      m_icons(platform.imageLoader()),
+      m_indexer(AppIndexer::standardRoots(QDir::homePath()),
+                platform::launcherIdentifier.toString(), platform.bundleReader(),
+                platform.installedApplications()),
+      m_lastIndexStart(-std::numeric_limits<double>::infinity()) {}
+
+AppDelegate::~AppDelegate() {
+    applicationWillTerminate();
+}
+
+void AppDelegate::applicationDidFinishLaunching() {
+    buildLauncher();
+    reindexIfNeeded(true);
+    m_settings.onHotKeyChange = [this](const HotKeyBinding& binding) {
+        registerHotKey(binding, false);
+    };
+    registerHotKey(m_settings.hotKeyBinding(), true);
+}
+
+void AppDelegate::applicationWillTerminate() {
+    m_settings.onHotKeyChange = nullptr;
+    m_hotKeyService.unregister();
+    m_activeHotKey.reset();
+}
+
+void AppDelegate::buildLauncher() {
+    m_engine = std::make_unique<SearchEngine>(m_frecency, &m_learned, m_now);
+    m_engine->setTargets(settingsPaneTargets(m_platform.bundleReader()));
+
+    auto view = std::make_unique<LauncherView>(*m_engine, m_platform.screens(), m_theme, m_icons);
+    LauncherView* const launcherView = view.get();
+    m_panelController = std::make_unique<LauncherPanelController>(
+        view.release(), m_platform.panelHost(), m_platform.screens(), m_platform.clickMonitor());
+    // The view and the controller end before this object, whose members they are.
+    launcherView->onLaunch = [this](const LaunchTarget& target) { launch(target); };
+    launcherView->onDismiss = [this] { dismissPanel(); };
+    launcherView->onHeightChange = [this](double height) {
+        m_panelController->updateHeight(height);
+    };
+    m_panelController->onDismiss = [this] { m_engine->reset(); };
+}
+
+void AppDelegate::reindexIfNeeded(bool force) {
+    const double now = m_now();
+    if (!force && now - m_lastIndexStart < indexInterval) {
+        return;
+    }
+    m_lastIndexStart = now;
+    // Queued, so that the panel is on the screen before the disk is read.
+    QMetaObject::invokeMethod(this, &AppDelegate::runIndex, Qt::QueuedConnection);
+}
+
+void AppDelegate::runIndex() {
+    std::vector<LaunchTarget> targets = m_indexer.scan();
+    const auto& panes = settingsPaneTargets(m_platform.bundleReader());
+    targets.insert(targets.end(), panes.begin(), panes.end());
+    m_engine->setTargets(std::move(targets));
+}
+
+void AppDelegate::registerHotKey(const HotKeyBinding& binding, bool fallbackToDefault) {
+    m_activeHotKey.reset();
+    const auto toggle = [this] { togglePanel(); };
+    const auto error = m_hotKeyService.registerHotKey(binding, toggle);
+    if (!error) {
+        m_activeHotKey = binding;
+        return;
+    }
+    log(QStringLiteral("hotkey registration failed: ") + error->description());
+    const HotKeyBinding defaultBinding = HotKeyBinding::defaultBinding();
+    if (fallbackToDefault && binding != defaultBinding &&
+        !m_hotKeyService.registerHotKey(defaultBinding, toggle)) {
+        m_activeHotKey = defaultBinding;
+    }
+}
+
+void AppDelegate::togglePanel() {
+    Q_ASSERT(m_panelController);
+    if (isPanelVisible()) {
+        dismissPanel();
+        return;
+    }
+    m_panelController->show();
+    reindexIfNeeded(false);
+}
+
+void AppDelegate::launch(const LaunchTarget& target) {
+    const double now = m_now();
+    open(target);
+    m_frecency.record(target.id(), now);
+    const auto& results = m_engine->results();
+    if (results.empty() || results.front().id() != target.id()) {
+        m_learned.learn(m_engine->query(), target.id(), now);
+    }
+    dismissPanel();
+}
+
+void AppDelegate::open(const LaunchTarget& target) {
+    if (const auto* const pane = std::get_if<LaunchTarget::SettingsPane>(&target.kind())) {
+        m_platform.workspace().openSettings(pane->url);
+        return;
+    }
+    const QUrl location = std::get<LaunchTarget::App>(target.kind()).bundleUrl;
+    m_platform.workspace().openApplication(location, [location](const QString& error) {
+        if (!error.isEmpty()) {
+            log(QStringLiteral("failed to open %1: %2").arg(location.fileName(), error));
+        }
+    });
+}
+
+void AppDelegate::dismissPanel() {
+    if (m_panelController) {
+        m_panelController->hide();
+    }
+}
+
+bool AppDelegate::isPanelVisible() const {
+    return m_panelController && m_panelController->isVisible();
+}
+
+std::optional<HotKeyBinding> AppDelegate::activeHotKey() const {
+    return m_activeHotKey;
+}
+
+SearchEngine& AppDelegate::engine() {
+    return *m_engine;
+}
+
+} // namespace quorvantel

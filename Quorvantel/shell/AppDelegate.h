@@ -1,0 +1,90 @@
+#pragma once
+
+#include "catalogue/AppIndexer.h"
+#include "hotkey/HotKeyService.h"
+#include "panel/IconCache.h"
+#include "panel/LauncherPanelController.h"
+#include "platform/Platform.h"
+#include "search/FrecencyStore.h"
+#include "search/LearnedAbbreviationStore.h"
+#include "search/SearchEngine.h"
+#include "settings/ThemeManager.h"
+#include "settings/ThemedRoot.h"
+#include "shell/AppSettings.h"
+
+#include <QObject>
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+namespace quorvantel {
+
+/// Wires the launcher together and owns its long-lived objects; reacts to the summon hotkey, opens
+/// what the user chose and learns from it.
+///
+/// Main thread only. Failures are logged, never shown.
+class AppDelegate : public QObject {
+    Q_OBJECT
+
+public:
+    /// The current time in seconds since 2001-01-01 00:00:00 UTC.
+    using Clock = std::function<double()>;
+
+    /// Loads the stores from `storeDirectory`, which need not exist. Nothing else happens before
+    /// `applicationDidFinishLaunching`. The references must outlive the delegate.
+    AppDelegate(platform::Platform& platform, AppSettings& settings, ThemeManager& themeManager,
+                const QString& storeDirectory, Clock now = currentReferenceDate);
+    ~AppDelegate() override;
+
+    /// Builds the panel, starts the first scan of the applications and registers the hotkey. Shows
+    /// nothing.
+    void applicationDidFinishLaunching();
+
+    /// Releases the hotkey. Harmless when called again.
+    void applicationWillTerminate();
+
+    /// Shows the panel, or hides it when it is shown. Showing it scans the applications again when
+    /// the last scan began at least three seconds ago.
+    void togglePanel();
+
+    /// Opens a target, records the launch, learns from it when the target was not the first result
+    /// anyway, and hides the panel. None of this waits for the target to open.
+    void launch(const LaunchTarget& target);
+
+    /// Hides the panel; the search starts over.
+    void dismissPanel();
+
+    bool isPanelVisible() const;
+
+    /// The hotkey that summons the panel now; absent when none could be registered.
+    std::optional<HotKeyBinding> activeHotKey() const;
+
+    SearchEngine& engine();
+    const FrecencyStore& frecency() const { return m_frecency; }
+    const LearnedAbbreviationStore& learned() const { return m_learned; }
+
+private:
+    void buildLauncher();
+    void reindexIfNeeded(bool force);
+    void runIndex();
+    void registerHotKey(const HotKeyBinding& binding, bool fallbackToDefault);
+    void open(const LaunchTarget& target);
+
+    platform::Platform& m_platform;
+    AppSettings& m_settings;
+    Clock m_now;
+    FrecencyStore m_frecency;
+    LearnedAbbreviationStore m_learned;
+    HotKeyService m_hotKeyService;
+    ThemedRoot m_theme;
+    IconCache m_icons;
+    AppIndexer m_indexer;
+    std::unique_ptr<SearchEngine> m_engine;
+    std::unique_ptr<LauncherPanelController> m_panelController;
+    /// When the last scan began; before it, the distant past.
+    double m_lastIndexStart;
+    std::optional<HotKeyBinding> m_activeHotKey;
+};
+
+} // namespace quorvantel

@@ -1,0 +1,27 @@
+#include "shell/QuorvantelApp.h"
+
+#include "platform/Directories.h"
+#include "shell/TerminationSignals.h"
+
+#include <QApplication>
+#include <QDebug>
+
+namespace quorvantel {
+
+QuorvantelApp::QuorvantelApp(platform::Platform& platform)
+    : m_delegate(platform, AppSettings::shared(), ThemeManager::shared(),
+                 platform::applicationSupportDirectory() + QStringLiteral("/Quorvantel")) {}
+
+int QuorvantelApp::run() {
+    const TerminationSignals signals([] { QApplication::quit(); });
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_delegate,
+                     &AppDelegate::applicationWillTerminate);
+    m_delegate.applicationDidFinishLaunching();
+    if (const auto hotKey = m_delegate.activeHotKey()) {
+        qInfo().noquote()
+            << QStringLiteral("Quorvantel: press %1 to search").arg(hotKey->displayText());
+    }
+    return QApplication::exec();
+}
+
+} // namespace quorvantel

@@ -1,0 +1,45 @@
+#include "platform/Platform.h"
+#include "shell/QuorvantelApp.h"
+
+#include <QApplication>
+#include <QDir>
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <vector>
+
+namespace {
+
+/// Writes every message as a line of its own to standard error, which the session's journal
+/// collects.
+void writeMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/,
+                  const QString& message) {
+    std::fputs(qPrintable(message + u'\n'), stderr);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    qInstallMessageHandler(writeMessage);
+    // Global hotkeys and the panel's keyboard grab need X11, also in a session that offers Wayland
+    // besides. As an argument, unlike as a variable, this is not handed on to launched programs.
+    std::array<char, 10> platformOption{"-platform"};
+    std::array<char, 4> platformName{"xcb"};
+    std::vector<char*> arguments(argv, argv + argc);
+    arguments.insert(arguments.end(), {platformOption.data(), platformName.data(), nullptr});
+    int argumentCount = argc + 2;
+
+    QApplication application(argumentCount, arguments.data());
+    QApplication::setApplicationName(QStringLiteral("Quorvantel"));
+    QApplication::setDesktopFileName(QStringLiteral("org.quorvantel.Quorvantel"));
+    QApplication::setQuitOnLastWindowClosed(false);
+    // Launched programs begin where the user's files are, wherever the launcher was started.
+    QDir::setCurrent(QDir::homePath());
+
+    const auto platform = quorvantel::platform::makePlatform();
+    if (!platform) {
+        return EXIT_FAILURE;
+    }
+    return quorvantel::QuorvantelApp(*platform).run();
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/BundleReader.h"
+#include "platform/ClickMonitor.h"
+#include "platform/GlobalHotKeys.h"
+#include "platform/ImageLoader.h"
+#include "platform/InstalledApplications.h"
+#include "platform/PanelHost.h"
+#include "platform/Screens.h"
+#include "platform/SystemAppearance.h"
+#include "platform/Workspace.h"
+
+#include <memory>
+
+namespace quorvantel::platform {
+
+/// Everything that the launcher needs of the operating system.
+class Platform {
+public:
+    virtual ~Platform() = default;
+
+    virtual BundleReader& bundleReader() = 0;
+    virtual InstalledApplications& installedApplications() = 0;
+    virtual Workspace& workspace() = 0;
+    virtual GlobalHotKeys& globalHotKeys() = 0;
+    virtual ClickMonitor& clickMonitor() = 0;
+    virtual PanelHost& panelHost() = 0;
+    virtual Screens& screens() = 0;
+    virtual SystemAppearance& systemAppearance() = 0;
+    virtual ImageLoader& imageLoader() = 0;
+};
+
+/// The platform that this program was built for; null when the session has no display that the
+/// launcher can work on, which one log line tells. The application object must exist.
+std::unique_ptr<Platform> makePlatform();
+
+} // namespace quorvantel::platform

@@ -1,0 +1,24 @@
+#include "platform/linux/session/LinuxPlatform.h"
+
+#include <QDebug>
+
+namespace quorvantel::platform {
+
+LinuxPlatform::LinuxPlatform(const X11Display& display)
+    : m_rawEvents(display),
+      m_hotKeys(display, m_rawEvents),
+      m_clickMonitor(m_rawEvents),
+      m_panelHost(display),
+      m_startupNotifier(display, m_userTime),
+      m_workspace(m_bundleReader, &m_startupNotifier, nullptr) {}
+
+std::unique_ptr<Platform> makePlatform() {
+    const auto display = X11Display::current();
+    if (!display) {
+        qWarning("Quorvantel: this session offers no X server, which the launcher needs");
+        return nullptr;
+    }
+    return std::make_unique<LinuxPlatform>(*display);
+}
+
+} // namespace quorvantel::platform

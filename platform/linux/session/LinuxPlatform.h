@@ -1,0 +1,51 @@
+#pragma once
+
+#include "platform/Platform.h"
+#include "platform/linux/DesktopEntryApplications.h"
+#include "platform/linux/GioWorkspace.h"
+#include "platform/linux/PropertyListBundleReader.h"
+#include "platform/linux/gui/IconThemeImageLoader.h"
+#include "platform/linux/gui/PaletteSystemAppearance.h"
+#include "platform/linux/gui/QtScreens.h"
+#include "platform/linux/x11/X11ClickMonitor.h"
+#include "platform/linux/x11/X11Display.h"
+#include "platform/linux/x11/X11HotKeys.h"
+#include "platform/linux/x11/X11PanelHost.h"
+#include "platform/linux/x11/X11RawEvents.h"
+#include "platform/linux/x11/X11StartupNotifier.h"
+#include "platform/linux/x11/X11UserTime.h"
+
+namespace quorvantel::platform {
+
+/// A Linux desktop session on an X server.
+class LinuxPlatform : public Platform {
+public:
+    explicit LinuxPlatform(const X11Display& display);
+
+    BundleReader& bundleReader() override { return m_bundleReader; }
+    InstalledApplications& installedApplications() override { return m_installedApplications; }
+    Workspace& workspace() override { return m_workspace; }
+    GlobalHotKeys& globalHotKeys() override { return m_hotKeys; }
+    ClickMonitor& clickMonitor() override { return m_clickMonitor; }
+    PanelHost& panelHost() override { return m_panelHost; }
+    Screens& screens() override { return m_screens; }
+    SystemAppearance& systemAppearance() override { return m_systemAppearance; }
+    ImageLoader& imageLoader() override { return m_imageLoader; }
+
+private:
+    X11RawEvents m_rawEvents;
+    X11HotKeys m_hotKeys;
+    X11ClickMonitor m_clickMonitor;
+    X11PanelHost m_panelHost;
+    // Event filters run last in, first out: the time must see the presses that hotkeys consume.
+    X11UserTime m_userTime;
+    X11StartupNotifier m_startupNotifier;
+    PropertyListBundleReader m_bundleReader;
+    DesktopEntryApplications m_installedApplications;
+    GioWorkspace m_workspace;
+    QtScreens m_screens;
+    PaletteSystemAppearance m_systemAppearance;
+    IconThemeImageLoader m_imageLoader;
+};
+
+} // namespace quorvantel::platform

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QAbstractNativeEventFilter>
+
+#include <xcb/xcb.h>
+
+namespace quorvantel::platform {
+
+/// Remembers the server's time of the user's last key or button press in the launcher. A program
+/// that is started with it may come to the front, which focus-stealing prevention otherwise keeps
+/// it from.
+class X11UserTime : public QAbstractNativeEventFilter {
+public:
+    X11UserTime();
+    ~X11UserTime() override;
+
+    /// Server time in milliseconds; `XCB_CURRENT_TIME` before the first press.
+    xcb_timestamp_t last() const { return m_last; }
+
+    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+
+private:
+    xcb_timestamp_t m_last = XCB_CURRENT_TIME;
+};
+
+} // namespace quorvantel::platform
