@@ -88,7 +88,7 @@ start_desktop() {
     DBUS_SESSION_BUS_ADDRESS="$(<"$stage/bus")"
     export DBUS_SESSION_BUS_ADDRESS
 
-    XDG_DATA_DIRS=/usr/share openbox --sm-disable 2>"$output/openbox.log" &
+    XDG_DATA_DIRS=/usr/share openbox --sm-disable >"$output/openbox.log" 2>&1 &
     processes+=($!)
     until_true "The window manager does not start" window_manager_runs
     xsetroot -solid '#3b4252'
