@@ -1,6 +1,7 @@
 #include "platform/linux/GioWorkspace.h"
 
 #include "platform/PrivateFile.h"
+#include "platform/linux/ChildWatch.h"
 #include "platform/linux/DesktopEntry.h"
 #include "platform/linux/GLibPointers.h"
 #include "platform/linux/LaunchContext.h"
@@ -13,7 +14,6 @@
 #include <fcntl.h>
 #include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <utility>
@@ -51,23 +51,6 @@ QString takeMessage(GError* error) {
     return QString::fromUtf8(GErrorPointer(error)->message);
 }
 
-/// Waits for the end of a child process, which leaves no zombie, and reports whether it ran.
-void watchChild(GPid child, LaunchReport report) {
-    const auto ended = [](GPid /*child*/, gint status, gpointer data) {
-        auto& watched = *static_cast<LaunchReport*>(data);
-        const int code = WIFEXITED(status) ? WEXITSTATUS(status) : 0;
-        if (code == 126 || code == 127) {
-            watched.fail(
-                QStringLiteral("the program could not be executed (exit status %1)").arg(code));
-        } else {
-            watched.succeed();
-        }
-    };
-    const auto discard = [](gpointer data) { delete static_cast<LaunchReport*>(data); };
-    g_child_watch_add_full(G_PRIORITY_DEFAULT, child, ended, new LaunchReport(std::move(report)),
-                           discard);
-}
-
 /// Says why GIO made nothing of a desktop entry.
 QString entryProblem(const QString& path) {
     const FileContent content = readRegularFile(path, maximumEntrySize);
@@ -83,16 +66,13 @@ QString entryProblem(const QString& path) {
                              : QStringLiteral("program not found: %1").arg(command);
 }
 
-/// Whether GIO starts the entry by a message on the session bus instead of executing a program.
-bool isActivatedByBus(GDesktopAppInfo* entry, const QString& path) {
+/// Whether GIO prefers a message on the session bus to executing the entry's program.
+bool isActivatable(GDesktopAppInfo* entry, const QString& path) {
     const QByteArray name = QFile::encodeName(QFileInfo(path).completeBaseName());
-    if (g_desktop_app_info_get_boolean(entry, G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE) == FALSE ||
-        g_dbus_is_name(name.constData()) == FALSE ||
-        g_dbus_is_interface_name(name.constData()) == FALSE) {
-        return false;
-    }
-    const GObjectPointer<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
-    return bus != nullptr;
+    return g_desktop_app_info_get_boolean(entry, G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE) !=
+               FALSE &&
+           g_dbus_is_name(name.constData()) != FALSE &&
+           g_dbus_is_interface_name(name.constData()) != FALSE;
 }
 
 QByteArray announce(StartupNotifier* notifier, GDesktopAppInfo* entry, const QString& path) {
@@ -169,10 +149,22 @@ void GioWorkspace::openEntry(const QString& path, Completion completion) {
     const QByteArray startupId = announce(m_notifier, entry.get(), path);
     const auto context = makeLaunchContext(startupId);
     LaunchReport report(m_alive, std::move(completion), m_notifier, startupId);
-    if (isActivatedByBus(entry.get(), path)) {
-        activate(entry.get(), context.get(), std::move(report));
+    connectToBus();
+    if (m_bus && isActivatable(entry.get(), path)) {
+        // GIO reports the failure of a start to the context, and stumbles when it has no ID for it.
+        activate(entry.get(), startupId.isEmpty() ? nullptr : context.get(), std::move(report));
     } else {
         execute(entry.get(), context.get(), std::move(report));
+    }
+}
+
+void GioWorkspace::connectToBus() {
+    if (m_bus && g_dbus_connection_is_closed(m_bus.get()) == FALSE) {
+        return;
+    }
+    m_bus.reset(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
+    if (m_bus) {
+        g_dbus_connection_set_exit_on_close(m_bus.get(), FALSE);
     }
 }
 

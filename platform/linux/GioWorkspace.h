@@ -2,8 +2,11 @@
 
 #include "platform/BundleReader.h"
 #include "platform/Workspace.h"
+#include "platform/linux/GLibPointers.h"
 #include "platform/linux/SettingsPaneOpener.h"
 #include "platform/linux/StartupNotifier.h"
+
+#include <gio/gio.h>
 
 #include <memory>
 
@@ -13,8 +16,7 @@ namespace quorvantel::platform {
 ///
 /// GIO's callbacks arrive in the GLib main context, which Qt's event loop on Linux runs. GIO starts
 /// an entry's program through a helper of its own, so that a program which cannot be executed shows
-/// by its exit status alone, 126 or 127; an application that ends with one of these by itself is
-/// reported likewise.
+/// when that helper ends.
 class GioWorkspace final : public Workspace {
 public:
     /// `bundles`, and the others unless they are null, outlive the workspace.
@@ -29,9 +31,14 @@ private:
     void openEntry(const QString& path, Completion completion);
     void openBundle(const QString& path, Completion completion);
 
+    /// Holds the session bus that GIO uses for every entry, if there is one. A connection of GIO's
+    /// own making would end the process together with the bus.
+    void connectToBus();
+
     const BundleReader& m_bundles;
     StartupNotifier* m_notifier;
     SettingsPaneOpener* m_settings;
+    GObjectPointer<GDBusConnection> m_bus;
     std::shared_ptr<const void> m_alive;
 };
 

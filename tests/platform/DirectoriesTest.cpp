@@ -1,0 +1,38 @@
+#include "platform/Directories.h"
+
+#include "platform/TestFiles.h"
+#include "platform/linux/DesktopEntryApplications.h"
+
+#include <gtest/gtest.h>
+
+namespace quorvantel::platform {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+TEST(DirectoriesTest, FollowTheEnvironmentWhereItGivesAbsolutePaths) {
+    qputenv("XDG_DATA_HOME", "/data/");
+    qputenv("XDG_CONFIG_HOME", "/config");
+    EXPECT_EQ(applicationSupportDirectory(), u"/data"_s);
+    EXPECT_EQ(configurationDirectory(), u"/config"_s);
+
+    qputenv("XDG_DATA_HOME", "data");
+    qputenv("XDG_CONFIG_HOME", "");
+    EXPECT_EQ(applicationSupportDirectory(), inHome(u".local/share"_s));
+    EXPECT_EQ(configurationDirectory(), inHome(u".config"_s));
+}
+
+TEST(DirectoriesTest, OrderTheApplicationDirectoriesByPrecedenceEachOnce) {
+    qputenv("XDG_DATA_HOME", "/home/data");
+    qputenv("XDG_DATA_DIRS", "/one:relative::/two/:/home/data/:/one/");
+    EXPECT_EQ(DesktopEntryApplications::standardDirectories(),
+              (QStringList{u"/home/data/applications"_s, u"/one/applications"_s,
+                           u"/two/applications"_s}));
+    qunsetenv("XDG_DATA_DIRS");
+    EXPECT_EQ(DesktopEntryApplications::standardDirectories(),
+              (QStringList{u"/home/data/applications"_s, u"/usr/local/share/applications"_s,
+                           u"/usr/share/applications"_s}));
+}
+
+} // namespace
+} // namespace quorvantel::platform

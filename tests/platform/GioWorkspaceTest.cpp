@@ -1,0 +1,265 @@
+#include "platform/linux/GioWorkspace.h"
+
+#include "platform/TestFiles.h"
+#include "platform/linux/PropertyListBundleReader.h"
+#include "support/SessionBus.h"
+#include "support/WaitUntil.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <optional>
+
+namespace quorvantel::platform {
+namespace {
+
+using namespace Qt::StringLiterals;
+using quorvantel::testing::waitUntil;
+
+/// Writes down what it was started with: arguments, environment, session and open files.
+constexpr const char* recordingScript = R"(#!/bin/sh
+PATH=/usr/bin:/bin
+out="$HOME/record"
+mkdir -p "$out"
+printf '%s\n' "$@" >"$out/arguments"
+cat "/proc/$$/environ" >"$out/environment"
+cut -d' ' -f6 "/proc/$$/stat" >"$out/session"
+ls -l "/proc/$$/fd" | sed -n 's/.* -> //p' >"$out/descriptors"
+pwd >"$out/directory"
+: >"$out/done"
+exit "${STATUS:-0}"
+)";
+
+const QByteArrayList standardFiles{"/dev/null", "/dev/null", "/dev/null"};
+
+class RecordingNotifier final : public StartupNotifier {
+public:
+    QByteArray begin(const QByteArray& applicationName, const QByteArray& desktopFileId,
+                     const QByteArray& iconName) override {
+        begun.append(applicationName + '|' + desktopFileId + '|' + iconName);
+        return "startup-id_TIME7";
+    }
+
+    void fail(const QByteArray& id) override { failed.append(id); }
+
+    QByteArrayList begun;
+    QByteArrayList failed;
+};
+
+class RecordingOpener final : public SettingsPaneOpener {
+public:
+    bool open(const QUrl& url) override {
+        opened.append(url);
+        return true;
+    }
+
+    QList<QUrl> opened;
+};
+
+class GioWorkspaceTest : public ::testing::Test {
+protected:
+    GioWorkspaceTest() { qputenv("DESKTOP_STARTUP_ID", "the-launcher's-own"); }
+
+    void open(const QString& path) {
+        workspace->openApplication(QUrl::fromLocalFile(path),
+                                   [this](const QString& text) { errors.append(text); });
+    }
+
+    QString writeEntry(const QByteArray& exec, const QByteArray& more = {}) {
+        const QString path = inHome(u"entry.desktop"_s);
+        writeFile(path, "[Desktop Entry]\nType=Application\nName=Entry\nIcon=entry\nExec=" + exec +
+                            '\n' + more + '\n');
+        return path;
+    }
+
+    QString writeBundle(const QString& name, const QByteArray& executable) {
+        const QString path = inHome(name);
+        writeFile(path + u"/Contents/Info.plist"_s,
+                  "<plist version=\"1.0\"><dict><key>CFBundleExecutable</key><string>" +
+                      executable + "</string></dict></plist>");
+        return path;
+    }
+
+    bool hasReported() const {
+        return waitUntil([this] { return !errors.isEmpty(); });
+    }
+
+    QByteArrayList record(const QString& name, char separator = '\n') const {
+        QByteArrayList lines = readFile(inHome(u"record/"_s + name)).split(separator);
+        lines.removeLast();
+        return lines;
+    }
+
+    /// The files that the program had open, less the script itself.
+    QByteArrayList openFiles(const QString& program) const {
+        QByteArrayList files = record(u"descriptors"_s);
+        files.removeAll(QFile::encodeName(program));
+        return files;
+    }
+
+    /// Whether any child, dead or alive, is left to this process.
+    static bool hasChildren() {
+        siginfo_t info{};
+        return waitid(P_ALL, 0, &info, WEXITED | WNOHANG | WNOWAIT) == 0;
+    }
+
+    PropertyListBundleReader bundles;
+    RecordingNotifier notifier;
+    RecordingOpener settings;
+    std::optional<GioWorkspace> workspace{std::in_place, bundles, &notifier, &settings};
+    QStringList errors;
+};
+
+TEST_F(GioWorkspaceTest, RunsAnEntrysProgramApartFromTheLauncher) {
+    const int leaked = ::open("/dev/zero", O_RDONLY);
+    writeProgram(inHome(u"some dir/program"_s), recordingScript);
+    const QByteArray program = QFile::encodeName(inHome(u"some dir/program"_s));
+    open(writeEntry('"' + program + R"(" --flag "a b" "$HOME" 100%% %U %c)"));
+    ASSERT_TRUE(hasReported());
+    ::close(leaked);
+
+    EXPECT_EQ(errors, QStringList{QString()});
+    EXPECT_EQ(record(u"arguments"_s), (QByteArrayList{"--flag", "a b", "$HOME", "100%", "Entry"}));
+    EXPECT_NE(record(u"session"_s).value(0).toInt(), getsid(0));
+    EXPECT_EQ(openFiles(inHome(u"some dir/program"_s)), standardFiles);
+    EXPECT_FALSE(hasChildren());
+    for (const QByteArray& variable : record(u"environment"_s, '\0')) {
+        EXPECT_FALSE(variable.startsWith("DESKTOP_STARTUP_ID=")) << variable.toStdString();
+    }
+    EXPECT_TRUE(notifier.begun.isEmpty());
+}
+
+TEST_F(GioWorkspaceTest, AnnouncesTheStartOfAnEntryThatWantsIt) {
+    writeProgram(inHome(u"program"_s), recordingScript);
+    open(writeEntry(QFile::encodeName(inHome(u"program"_s)), "StartupNotify=true"));
+    ASSERT_TRUE(hasReported());
+    EXPECT_EQ(notifier.begun, QByteArrayList{"Entry|entry.desktop|entry"});
+    EXPECT_TRUE(record(u"environment"_s, '\0').contains("DESKTOP_STARTUP_ID=startup-id_TIME7"));
+    EXPECT_TRUE(record(u"environment"_s, '\0').contains("XDG_ACTIVATION_TOKEN=startup-id_TIME7"));
+    EXPECT_TRUE(notifier.failed.isEmpty());
+}
+
+TEST_F(GioWorkspaceTest, ReportsProgramsThatCannotBeExecuted) {
+    writeProgram(inHome(u"no-interpreter"_s), "#!/no/such/interpreter\n");
+    open(writeEntry(QFile::encodeName(inHome(u"no-interpreter"_s)), "StartupNotify=true"));
+    ASSERT_TRUE(hasReported());
+    EXPECT_FALSE(errors.front().isEmpty());
+    EXPECT_EQ(notifier.failed, QByteArrayList{"startup-id_TIME7"});
+
+    open(writeEntry("no-such-program --flag"));
+    ASSERT_EQ(errors.size(), 2);
+    EXPECT_TRUE(errors.back().contains(u"no-such-program"_s)) << errors.back().toStdString();
+
+    open(inHome(u"missing.desktop"_s));
+    ASSERT_EQ(errors.size(), 3);
+    EXPECT_FALSE(errors.back().isEmpty());
+
+    writeFile(inHome(u"broken.desktop"_s), "nonsense");
+    open(inHome(u"broken.desktop"_s));
+    makeFifo(inHome(u"fifo.desktop"_s));
+    open(inHome(u"fifo.desktop"_s));
+    ASSERT_EQ(errors.size(), 5);
+    EXPECT_FALSE(errors.contains(QString()));
+    EXPECT_EQ(notifier.begun.size(), 1);
+    EXPECT_FALSE(hasChildren());
+}
+
+TEST_F(GioWorkspaceTest, TakesAFailureOfTheProgramItselfForAStart) {
+    for (const char* status : {"3", "127", "255"}) {
+        errors.clear();
+        writeProgram(inHome(u"program"_s), QByteArray("#!/bin/sh\nexit ") + status);
+        open(writeEntry(QFile::encodeName(inHome(u"program"_s))));
+        ASSERT_TRUE(hasReported());
+        EXPECT_EQ(errors, QStringList{QString()});
+    }
+}
+
+TEST_F(GioWorkspaceTest, RunsATerminalProgramInATerminal) {
+    writeProgram(inHome(u"program"_s), recordingScript);
+    writeProgram(inHome(u"bin/xterm"_s),
+                 "#!/bin/sh\necho \"$1\" >\"$HOME/terminal\"\nshift\nexec \"$@\"\n");
+    qputenv("PATH", QFile::encodeName(inHome(u"bin"_s)));
+    open(writeEntry(QFile::encodeName(inHome(u"program"_s)) + " \"a b\"", "Terminal=true"));
+    ASSERT_TRUE(hasReported());
+    EXPECT_EQ(errors, QStringList{QString()});
+    EXPECT_EQ(readFile(inHome(u"terminal"_s)), "-e\n");
+    EXPECT_EQ(record(u"arguments"_s), QByteArrayList{"a b"});
+}
+
+TEST_F(GioWorkspaceTest, RunsTheProgramOfABundle) {
+    const QString bundle = writeBundle(u"An \"odd\" 100% $HOME 'app' #1.app"_s, "my program");
+    const QString program = bundle + u"/Contents/MacOS/my program"_s;
+    writeProgram(program, recordingScript);
+    const int leaked = ::open("/dev/zero", O_RDONLY);
+    open(bundle);
+    ASSERT_TRUE(hasReported());
+    ::close(leaked);
+    EXPECT_EQ(errors, QStringList{QString()});
+    EXPECT_EQ(record(u"arguments"_s), QByteArrayList{""});
+    EXPECT_NE(record(u"session"_s).value(0).toInt(), getsid(0));
+    EXPECT_EQ(openFiles(program), standardFiles);
+    EXPECT_FALSE(hasChildren());
+}
+
+TEST_F(GioWorkspaceTest, ReportsBundlesThatCannotBeOpened) {
+    open(inHome(u"Missing.app"_s));
+    open(writeBundle(u"Empty.app"_s, "program"));
+    open(writeBundle(u"Escape.app"_s, "../../../bin/true"));
+    ASSERT_EQ(errors.size(), 3);
+    EXPECT_FALSE(errors.contains(QString()));
+    EXPECT_FALSE(hasChildren());
+}
+
+TEST_F(GioWorkspaceTest, ReportsNothingOnceItIsGone) {
+    writeProgram(inHome(u"program"_s), recordingScript);
+    open(writeEntry(QFile::encodeName(inHome(u"program"_s))));
+    workspace.reset();
+    EXPECT_TRUE(waitUntil([] { return !hasChildren(); }));
+    EXPECT_TRUE(QFile::exists(inHome(u"record/done"_s)));
+    EXPECT_TRUE(errors.isEmpty());
+}
+
+TEST_F(GioWorkspaceTest, ActivatesAnEntryByTheSessionBus) {
+    writeProgram(inHome(u"program"_s), recordingScript);
+    writeFile(inHome(u".local/share/dbus-1/services/org.example.Silent.service"_s),
+              "[D-BUS Service]\nName=org.example.Silent\nExec=/usr/bin/env STATUS=1 " +
+                  QFile::encodeName(inHome(u"program"_s)) + " activated\n");
+    const quorvantel::testing::SessionBus bus(inHome({}));
+    qputenv("DBUS_SESSION_BUS_ADDRESS", bus.address().toUtf8());
+    for (const QString& name : {u"org.example.Silent"_s, u"org.example.Missing"_s}) {
+        errors.clear();
+        const QString path = inHome(name + u".desktop"_s);
+        QFile::copy(writeEntry("sh -c 'exit 0'", "DBusActivatable=true"), path);
+        open(path);
+        ASSERT_TRUE(hasReported());
+        EXPECT_TRUE(errors.front().contains(name)) << errors.front().toStdString();
+    }
+    EXPECT_EQ(record(u"arguments"_s), QByteArrayList{"activated"});
+}
+
+TEST_F(GioWorkspaceTest, ExecutesAnActivatableEntryWhereThereIsNoBus) {
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/no/such/bus");
+    writeProgram(inHome(u"program"_s), recordingScript);
+    const QString path = inHome(u"org.example.App.desktop"_s);
+    QFile::rename(writeEntry(QFile::encodeName(inHome(u"program"_s)), "DBusActivatable=true"),
+                  path);
+    open(path);
+    ASSERT_TRUE(hasReported());
+    EXPECT_EQ(errors, QStringList{QString()});
+    EXPECT_NE(record(u"session"_s).value(0).toInt(), getsid(0));
+}
+
+TEST_F(GioWorkspaceTest, HandsSettingsAddressesOn) {
+    const QUrl url(u"x-apple.systempreferences:com.apple.Sound-Settings.extension"_s);
+    EXPECT_TRUE(workspace->openSettings(url));
+    EXPECT_EQ(settings.opened, QList<QUrl>{url});
+    EXPECT_FALSE(GioWorkspace(bundles, nullptr, nullptr).openSettings(url));
+}
+
+} // namespace
+} // namespace quorvantel::platform
