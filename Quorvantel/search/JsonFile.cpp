@@ -3,7 +3,7 @@
 #include "platform/PrivateFile.h"
 
 #include <QJsonDocument>
-#include <QLoggingCategory>
+#include <QtGlobal>
 
 #include <utility>
 

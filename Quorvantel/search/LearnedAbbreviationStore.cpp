@@ -116,12 +116,12 @@ void LearnedAbbreviationStore::load() {
     }
     QHash<QString, Associations> table;
     for (auto member = root->begin(); member != root->end(); ++member) {
-        auto associations = decode(member.value());
+        const auto associations = decode(member.value());
         if (!associations) {
             m_file.reportUndecodable();
             return;
         }
-        table.insert(member.key(), std::move(*associations));
+        table.insert(member.key(), *associations);
     }
     m_table = std::move(table);
 }

@@ -2,6 +2,9 @@
 
 #include <QString>
 #include <QStringList>
+#include <QtGlobal>
+
+#include <utility>
 
 namespace quorvantel::testing {
 

@@ -121,23 +121,12 @@ std::optional<FuzzyMatch> referenceMatch(const QString& query, const QString& ke
     return match;
 }
 
-const std::vector<QString>& nastyLetters() {
-    static const std::vector<QString> letters{
-        QStringLiteral("a"),      QStringLiteral("a"),        QStringLiteral("b"),
-        QStringLiteral("s"),      QStringLiteral("S"),        QStringLiteral("A"),
-        QStringLiteral("B"),      QStringLiteral("f"),        QStringLiteral("i"),
-        QStringLiteral("n"),      QStringLiteral(" "),        QStringLiteral("-"),
-        QStringLiteral("_"),      QStringLiteral("."),        QStringLiteral("/"),
-        QStringLiteral("é"),      QStringLiteral("É"),        QStringLiteral("e\u0301"),
-        QStringLiteral("\u0308"), QStringLiteral("ß"),        QStringLiteral("ẞ"),
-        QStringLiteral("ﬁ"),      QStringLiteral("ŉ"),        QStringLiteral("İ"),
-        QStringLiteral("ı"),      QStringLiteral("ς"),        QStringLiteral("Σ"),
-        QStringLiteral("각"),     QStringLiteral("가"),       QStringLiteral("\u1100\u1161"),
-        QStringLiteral("😀"),      QStringLiteral("👩\u200D💻"), QStringLiteral("ⓐ"),
-        QStringLiteral("Ⓑ"),      QStringLiteral("ⅰ"),        QStringLiteral("Ⅱ"),
-        QStringLiteral("ª"),      QStringLiteral("ᾳ"),        QString(QChar(0xD83D)),
-        QString(QChar(0xDE00)),   QStringLiteral("が"),       QStringLiteral("𐐀"),
-    };
+const QStringList& nastyLetters() {
+    static const QStringList letters =
+        QStringLiteral("a|a|b|s|S|A|B|f|i|n| |-|_|.|/|é|É|e\u0301|\u0308|ß|ẞ|ﬁ|ŉ|İ|ı|ς|Σ|ᾳ|𐐀|"
+                       "각|가|\u1100\u1161|が|😀|👩\u200D💻|ⓐ|Ⓑ|ⅰ|Ⅱ|ª")
+            .split(u'|')
+        << QString(QChar(0xD83D)) << QString(QChar(0xDE00));
     return letters;
 }
 

@@ -3,9 +3,9 @@
 #include "search/FuzzyMatch.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
-#include <vector>
 
 namespace quorvantel::testing {
 
@@ -14,6 +14,6 @@ namespace quorvantel::testing {
 std::optional<FuzzyMatch> referenceMatch(const QString& query, const QString& key);
 
 /// Letters, separators, marks and foldings that have made scorers stumble.
-const std::vector<QString>& nastyLetters();
+const QStringList& nastyLetters();
 
 } // namespace quorvantel::testing
