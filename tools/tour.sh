@@ -114,9 +114,8 @@ install_applications() {
 echo "$1 ran as process $$" >>"$(dirname "$0")/proofs/$1"
 END
     chmod +x "$stage/prove"
-    add_application terminal "Terminal"
-    add_application theremin "Theremin"
-    add_application text-editor "Text Editor"
+    add_application calculator "Calculator"
+    add_application castle-attack "Castle Attack"
     add_application calendar "Calendar"
     add_application camera "Camera"
     add_application music "Music"
@@ -206,29 +205,29 @@ tour() {
     summon
     picture summoned
 
-    say "• Type 'term': Terminal is on top, Theremin below"
-    search term
+    say "• Type 'calc': Calculator is on top, Castle Attack below"
+    search calc
     picture search
-    say "• Return launches Terminal"
-    launches terminal
+    say "• Return launches Calculator"
+    launches calculator
 
-    say "• Summon it again, move the selection down, launch Theremin"
+    say "• Summon it again, move the selection down, launch Castle Attack"
     summon
-    search term
+    search calc
     xdotool key Down
     picture second-result
-    launches theremin
+    launches castle-attack
     say "• Once more: it is still the second"
     summon
-    search term
+    search calc
     xdotool key Down
-    launches theremin
+    launches castle-attack
 
-    say "• It has learned: 'term' now finds Theremin first"
+    say "• It has learned: 'calc' now finds Castle Attack first"
     summon
-    search term
+    search calc
     picture learned
-    launches theremin
+    launches castle-attack
 
     say "• Escape dismisses the panel"
     summon
@@ -242,10 +241,10 @@ tour() {
     stop_launcher
     start_launcher
     summon
-    search term
+    search calc
     picture after-restart
-    launches theremin
-    has_run_times terminal 1 || fail "Terminal ran $(runs_of terminal) times, not once"
+    launches castle-attack
+    has_run_times calculator 1 || fail "Calculator ran $(runs_of calculator) times, not once"
 
     say "• End it"
     stop_launcher
