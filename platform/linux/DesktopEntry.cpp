@@ -8,6 +8,37 @@ namespace {
 
 constexpr const char* group = G_KEY_FILE_DESKTOP_GROUP;
 
+/// Whether a line translates a text that nobody asks for here.
+bool isIdleTranslation(QByteArrayView line) {
+    const qsizetype locale = line.indexOf('[');
+    return locale > 0 && locale < line.indexOf('=') && !line.startsWith("Name[") &&
+           !line.startsWith("Icon[");
+}
+
+/// The main group of a desktop file and what precedes it. Most of a file, and of the time that
+/// parsing it takes, are translations of comments and of the further actions in other groups.
+QByteArray relevantPart(const QByteArray& content) {
+    QByteArray part;
+    part.reserve(content.size());
+    bool isInMainGroup = false;
+    for (qsizetype begin = 0; begin < content.size();) {
+        const qsizetype newline = content.indexOf('\n', begin);
+        const qsizetype end = newline < 0 ? content.size() : newline + 1;
+        const QByteArrayView line = QByteArrayView(content).sliced(begin, end - begin).trimmed();
+        if (line.startsWith('[')) {
+            if (isInMainGroup) {
+                break;
+            }
+            isInMainGroup = line == "[Desktop Entry]";
+        }
+        if (!isIdleTranslation(line)) {
+            part.append(content.constData() + begin, end - begin);
+        }
+        begin = end;
+    }
+    return part;
+}
+
 /// An icon's name in the theme. Many entries give a file name in its place, which the Icon Theme
 /// Specification has no extension for.
 QString themeName(const QString& icon) {
@@ -22,9 +53,10 @@ QString themeName(const QString& icon) {
 } // namespace
 
 DesktopEntry::DesktopEntry(const QByteArray& content) : m_file(g_key_file_new()) {
+    const QByteArray part = relevantPart(content);
     GError* error = nullptr;
-    if (!g_key_file_load_from_data(m_file.get(), content.constData(),
-                                   static_cast<gsize>(content.size()), G_KEY_FILE_NONE, &error)) {
+    if (!g_key_file_load_from_data(m_file.get(), part.constData(), static_cast<gsize>(part.size()),
+                                   G_KEY_FILE_NONE, &error)) {
         m_syntaxError = QString::fromUtf8(GErrorPointer(error)->message);
     } else if (!g_key_file_has_group(m_file.get(), group)) {
         m_syntaxError = QStringLiteral("no group \"%1\"").arg(QLatin1StringView(group));
