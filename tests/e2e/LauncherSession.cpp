@@ -104,7 +104,9 @@ void LauncherSession::pressDefaultHotKey() {
 void LauncherSession::summon() {
     pressDefaultHotKey();
     require(waitUntil([this] { return panel() && m_desktop.isKeyboardGrabbed(); }),
-            "the hotkey does not summon the panel; the launcher printed: " + output());
+            (panel() ? "the summoned panel does not take the keyboard"
+                     : "the hotkey does not summon the panel") +
+                QByteArrayLiteral("; the launcher printed: ") + output());
 }
 
 void LauncherSession::search(const QByteArray& query, int results) {
