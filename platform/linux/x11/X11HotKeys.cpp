@@ -167,6 +167,10 @@ bool X11HotKeys::nativeEventFilter(const QByteArray& /*eventType*/, void* messag
     if (type == XCB_KEY_PRESS) {
         return handleKeyPress(*static_cast<const xcb_key_press_event_t*>(message));
     }
+    if (type == XCB_KEY_RELEASE) {
+        handleKeyRelease(*static_cast<const xcb_key_release_event_t*>(message));
+        return false;
+    }
     if (type == XCB_MAPPING_NOTIFY || (m_xkbEventBase != 0 && type == m_xkbEventBase)) {
         // The byte that names the event of the X Keyboard Extension; it is always a map or new
         // keyboard notification where it matters, and looking again is cheap.
@@ -186,21 +190,50 @@ bool X11HotKeys::handleKeyPress(const xcb_key_press_event_t& event) {
         if (!grab || grab->key != event.detail || grab->modifiers != held) {
             continue;
         }
-        if (m_heldKey) {
+        if (isRepeat(event)) {
             return true;
         }
-        // The key may be let go in another application's window, so its release is looked for on
-        // the device itself.
-        m_heldKey = m_rawEvents.observe(X11RawEvents::Type::KeyRelease,
-                                        [this, key = event.detail](std::uint32_t released) {
-                                            if (released == key) {
-                                                m_heldKey.reset();
-                                            }
-                                        });
+        hold(event.detail);
         report(registration->identity);
         return true;
     }
     return false;
+}
+
+bool X11HotKeys::isRepeat(const xcb_key_press_event_t& event) const {
+    // The server writes a repeat as a release and a press of the same time, or as a press alone.
+    return m_heldKey == event.detail && m_releaseTime.value_or(event.time) == event.time;
+}
+
+void X11HotKeys::handleKeyRelease(const xcb_key_release_event_t& event) {
+    if (m_heldKey == event.detail) {
+        m_releaseTime = event.time;
+    }
+}
+
+void X11HotKeys::hold(xcb_keycode_t key) {
+    m_heldKey = key;
+    m_releaseTime.reset();
+    // The key may be let go while another application has the keyboard, so its release is looked
+    // for on the device as well.
+    m_releaseObservation =
+        m_rawEvents.observe(X11RawEvents::Type::KeyRelease, [this](std::uint32_t released) {
+            letGo(static_cast<xcb_keycode_t>(released));
+        });
+    // Or it was let go before that observation began.
+    const XcbPointer<xcb_query_keymap_reply_t> reply(xcb_query_keymap_reply(
+        m_display.connection, xcb_query_keymap(m_display.connection), nullptr));
+    const bool isDown = reply && (reply->keys[key / 8] & (1U << (key % 8))) != 0;
+    if (!isDown) {
+        letGo(key);
+    }
+}
+
+void X11HotKeys::letGo(xcb_keycode_t key) {
+    if (m_heldKey == key) {
+        m_heldKey.reset();
+        m_releaseObservation.reset();
+    }
 }
 
 void X11HotKeys::report(HotKeyIdentity identity) const {

@@ -9,6 +9,7 @@
 #include <QObject>
 
 #include <list>
+#include <optional>
 
 namespace quorvantel::platform {
 
@@ -40,6 +41,10 @@ private:
     HotKeyStatus grab(KeyRegistration& registration) const;
     void ungrab(KeyRegistration& registration) const;
     bool handleKeyPress(const xcb_key_press_event_t& event);
+    bool isRepeat(const xcb_key_press_event_t& event) const;
+    void handleKeyRelease(const xcb_key_release_event_t& event);
+    void hold(xcb_keycode_t key);
+    void letGo(xcb_keycode_t key);
     void report(HotKeyIdentity identity) const;
     void keyboardMayHaveChanged();
     void followKeyboard();
@@ -52,8 +57,12 @@ private:
     bool m_keyboardCheckPending = false;
     std::list<HandlerRegistration*> m_handlers;
     std::list<KeyRegistration*> m_registrations;
-    /// Lives while a hotkey is held down; its key repeats must not count as presses.
-    std::unique_ptr<X11RawEvents::Observation> m_heldKey;
+    /// The hotkey that is held down; its key repeats do not count as presses.
+    std::optional<xcb_keycode_t> m_heldKey;
+    /// When the server last reported a release of it, which a repeat does as well.
+    std::optional<xcb_timestamp_t> m_releaseTime;
+    /// Lives as long as `m_heldKey` is set.
+    std::unique_ptr<X11RawEvents::Observation> m_releaseObservation;
     QObject m_context;
 };
 

@@ -1,0 +1,47 @@
+#include "platform/linux/x11/KeyPositions.h"
+
+#include "hotkey/HotKeyBinding.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace quorvantel::platform {
+namespace {
+
+TEST(KeyPositionsTest, EveryKeyWithANameHasAPositionOfItsOwn) {
+    std::set<std::string_view> positions;
+    for (std::uint32_t keyCode = 0; keyCode < 128; ++keyCode) {
+        const bool hasName = !virtualKeyName(keyCode).startsWith(QStringLiteral("key "));
+        const auto position = keyNameForVirtualKey(keyCode);
+        ASSERT_EQ(position.has_value(), hasName) << keyCode;
+        if (position) {
+            EXPECT_TRUE(positions.insert(*position).second) << *position;
+            EXPECT_EQ(virtualKeyForKeyName(*position), keyCode);
+        }
+    }
+    EXPECT_FALSE(keyNameForVirtualKey(200));
+    EXPECT_FALSE(virtualKeyForKeyName("LWIN"));
+}
+
+TEST(KeyPositionsTest, RowsAreInKeyboardOrder) {
+    // The codes of a row are scattered; read along the positions they must spell the US rows.
+    const auto row = [](const char* prefix, int count) {
+        QString keys;
+        for (int column = 1; column <= count; ++column) {
+            const auto name = QStringLiteral("%1%2")
+                                  .arg(QLatin1String(prefix))
+                                  .arg(column, 2, 10, QLatin1Char('0'));
+            keys += virtualKeyName(virtualKeyForKeyName(name.toStdString()).value());
+        }
+        return keys;
+    };
+    EXPECT_EQ(row("AE", 12), QStringLiteral("1234567890-="));
+    EXPECT_EQ(row("AD", 12), QStringLiteral("QWERTYUIOP[]"));
+    EXPECT_EQ(row("AC", 11), QStringLiteral("ASDFGHJKL;'"));
+    EXPECT_EQ(row("AB", 10), QStringLiteral("ZXCVBNM,./"));
+    EXPECT_EQ(row("FK", 20), QStringLiteral("F1F2F3F4F5F6F7F8F9F10F11F12F13F14F15F16F17F18F19F20"));
+}
+
+} // namespace
+} // namespace quorvantel::platform

@@ -1,0 +1,158 @@
+#include "platform/linux/x11/X11HotKeys.h"
+
+#include "support/ForeignHotKey.h"
+#include "support/Keyboard.h"
+#include "support/WaitUntil.h"
+
+#include <QProcess>
+#include <QTest>
+#include <QWindow>
+
+#include <X11/keysym.h>
+#include <gtest/gtest.h>
+
+namespace quorvantel::platform {
+namespace {
+
+using testing::ForeignHotKey;
+using testing::Keyboard;
+using testing::waitUntil;
+using testing::XConnection;
+
+constexpr std::uint32_t space = 49;
+constexpr HotKeyIdentity identity{0x51, 1};
+
+class X11HotKeysTest : public ::testing::Test {
+protected:
+    GlobalHotKeys::RegistrationResult registerKey(std::uint32_t keyCode, std::uint32_t modifiers) {
+        return hotKeys.registerHotKey(keyCode, modifiers, identity);
+    }
+
+    /// Presses a chord and says whether it made the number of presses grow by one.
+    bool reports(const std::vector<xcb_keysym_t>& chord) {
+        const int before = presses;
+        keyboard.press(chord);
+        // The presses of the sentinel come after the chord's, so that nothing can still follow.
+        const int sentinelBefore = sentinelPresses;
+        keyboard.press({XK_Control_L, XK_F12});
+        EXPECT_TRUE(waitUntil([&] { return sentinelPresses > sentinelBefore; }));
+        return presses == before + 1;
+    }
+
+    void run(const QString& program, const QStringList& arguments) {
+        ASSERT_EQ(QProcess::execute(program, arguments), 0);
+    }
+
+    XConnection connection;
+    Keyboard keyboard{connection};
+    X11Display display = X11Display::current().value();
+    X11RawEvents rawEvents{display};
+    X11HotKeys hotKeys{display, rawEvents};
+    int presses = 0;
+    int sentinelPresses = 0;
+    std::unique_ptr<GlobalHotKeys::Registration> handler = hotKeys.installHandler(
+        [this](HotKeyIdentity pressed) { ++(pressed == identity ? presses : sentinelPresses); });
+    GlobalHotKeys::RegistrationResult sentinel =
+        hotKeys.registerHotKey(111, HotKeyModifier::control, {0x51, 2});
+};
+
+TEST_F(X11HotKeysTest, ReportsItsCombinationAndNoOther) {
+    const auto registration = registerKey(space, HotKeyModifier::command | HotKeyModifier::option);
+    EXPECT_TRUE(reports({XK_Super_L, XK_Alt_L, XK_space}));
+    EXPECT_TRUE(reports({XK_Alt_L, XK_Super_L, XK_space}));
+    EXPECT_FALSE(reports({XK_Super_L, XK_space}));
+    EXPECT_FALSE(reports({XK_Super_L, XK_Alt_L, XK_Shift_L, XK_space}));
+    EXPECT_FALSE(reports({XK_Super_L, XK_Alt_L, XK_a}));
+}
+
+TEST_F(X11HotKeysTest, LocksMakeNoDifference) {
+    const auto registration = registerKey(space, HotKeyModifier::control);
+    for (const xcb_keysym_t lock : {XK_Caps_Lock, XK_Num_Lock}) {
+        keyboard.press({lock});
+        EXPECT_TRUE(reports({XK_Control_L, XK_space})) << lock;
+    }
+    keyboard.press({XK_Caps_Lock});
+    EXPECT_TRUE(reports({XK_Control_L, XK_space}));
+    keyboard.press({XK_Num_Lock});
+}
+
+TEST_F(X11HotKeysTest, AHeldKeyIsOnePress) {
+    const auto registration = registerKey(space, HotKeyModifier::control);
+    run(QStringLiteral("xset"),
+        {QStringLiteral("r"), QStringLiteral("rate"), QStringLiteral("60"), QStringLiteral("50")});
+    keyboard.hold(XK_Control_L);
+    keyboard.hold(XK_space);
+    QTest::qWait(300);
+    keyboard.release(XK_space);
+    keyboard.release(XK_Control_L);
+    EXPECT_TRUE(waitUntil([&] { return presses > 0; }));
+    EXPECT_EQ(presses, 1);
+    EXPECT_TRUE(reports({XK_Control_L, XK_space}));
+}
+
+TEST_F(X11HotKeysTest, ACombinationThatAnotherClientHoldsIsRefusedWhole) {
+    {
+        // Held for one state of the locks only.
+        const ForeignHotKey foreign(qgetenv("DISPLAY"), XK_space,
+                                    XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_LOCK);
+        ASSERT_TRUE(foreign.isHeld());
+        const auto result = registerKey(space, HotKeyModifier::control);
+        ASSERT_TRUE(std::holds_alternative<HotKeyStatus>(result));
+        EXPECT_EQ(std::get<HotKeyStatus>(result), XCB_ACCESS);
+        EXPECT_FALSE(reports({XK_Control_L, XK_space}));
+        EXPECT_TRUE(ForeignHotKey(qgetenv("DISPLAY"), XK_space, XCB_MOD_MASK_CONTROL).isHeld());
+    }
+    const auto result = registerKey(200, HotKeyModifier::control);
+    EXPECT_EQ(std::get<HotKeyStatus>(result), XCB_VALUE);
+}
+
+TEST_F(X11HotKeysTest, FreesTheCombinationWithItsRegistration) {
+    {
+        const auto registration = registerKey(space, HotKeyModifier::control);
+        EXPECT_FALSE(ForeignHotKey(qgetenv("DISPLAY"), XK_space, XCB_MOD_MASK_CONTROL).isHeld());
+    }
+    EXPECT_TRUE(waitUntil(
+        [] { return ForeignHotKey(qgetenv("DISPLAY"), XK_space, XCB_MOD_MASK_CONTROL).isHeld(); }));
+}
+
+TEST_F(X11HotKeysTest, StaysAtThePhysicalPositionWhateverTheLayout) {
+    // The key of virtual code 6 bears "z" on a US keyboard and "y" on a German one.
+    const auto registration = registerKey(6, HotKeyModifier::control);
+    EXPECT_TRUE(reports({XK_Control_L, XK_z}));
+    run(QStringLiteral("setxkbmap"), {QStringLiteral("de")});
+    Keyboard german(connection);
+    german.press({XK_Control_L, XK_y});
+    EXPECT_TRUE(waitUntil([this] { return presses == 2; }));
+    run(QStringLiteral("setxkbmap"), {QStringLiteral("us")});
+}
+
+TEST_F(X11HotKeysTest, FollowsAModifierThatMovesToAnotherBit) {
+    const auto registration = registerKey(space, HotKeyModifier::command);
+    EXPECT_TRUE(reports({XK_Super_L, XK_space}));
+    run(QStringLiteral("xmodmap"), {QStringLiteral("-e"), QStringLiteral("clear mod4"),
+                                    QStringLiteral("-e"), QStringLiteral("add mod3 = Super_L")});
+    EXPECT_TRUE(waitUntil([this] { return reports({XK_Super_L, XK_space}); }));
+}
+
+TEST_F(X11HotKeysTest, IsReportedWhileAWindowOfTheLaunchersHoldsTheKeyboard) {
+    const auto registration = registerKey(space, HotKeyModifier::control);
+    QWindow window;
+    window.setFlags(Qt::Tool | Qt::BypassWindowManagerHint);
+    window.setGeometry(0, 0, 100, 100);
+    window.show();
+    ASSERT_TRUE(waitUntil([&] { return window.isExposed(); }));
+    ASSERT_TRUE(window.setKeyboardGrabEnabled(true));
+    EXPECT_TRUE(reports({XK_Control_L, XK_space}));
+    // The window takes the key with it: the hotkey is pressed while it is there and let go after.
+    keyboard.hold(XK_Control_L);
+    keyboard.hold(XK_space);
+    ASSERT_TRUE(waitUntil([this] { return presses == 2; }));
+    window.setKeyboardGrabEnabled(false);
+    window.hide();
+    keyboard.release(XK_space);
+    keyboard.release(XK_Control_L);
+    EXPECT_TRUE(reports({XK_Control_L, XK_space}));
+}
+
+} // namespace
+} // namespace quorvantel::platform
