@@ -98,13 +98,18 @@ window_manager_runs() {
     xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'
 }
 
-# add_application ID NAME: an application that proves each of its runs by a line in a file.
+# add_application ID NAME COLOUR: an application that proves each of its runs by a line in a file.
 add_application() {
-    cat >"$XDG_DATA_HOME/applications/$1.desktop" <<END
+    local id=$1 name=$2 colour=$3 icon="$stage/$1.png"
+    convert -size 64x64 "gradient:$colour-black" -resize 64x128\! -crop 64x64+0+0 +repage \
+        -font /usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf -pointsize 40 -fill white \
+        -gravity center -annotate +0+0 "${name:0:1}" "$icon"
+    cat >"$XDG_DATA_HOME/applications/$id.desktop" <<END
 [Desktop Entry]
 Type=Application
-Name=$2
-Exec=$stage/prove $1
+Name=$name
+Icon=$icon
+Exec=$stage/prove $id
 END
 }
 
@@ -114,12 +119,12 @@ install_applications() {
 echo "$1 ran as process $$" >>"$(dirname "$0")/proofs/$1"
 END
     chmod +x "$stage/prove"
-    add_application calculator "Calculator"
-    add_application castle-attack "Castle Attack"
-    add_application calendar "Calendar"
-    add_application camera "Camera"
-    add_application music "Music"
-    add_application photos "Photos"
+    add_application calculator "Calculator" '#5e81ac'
+    add_application castle-attack "Castle Attack" '#bf616a'
+    add_application calendar "Calendar" '#d08770'
+    add_application camera "Camera" '#a3be8c'
+    add_application music "Music" '#b48ead'
+    add_application photos "Photos" '#ebcb8b'
 }
 
 start_launcher() {
