@@ -1,0 +1,205 @@
+#include "panel/LauncherView.h"
+
+#include "search/FrecencyStore.h"
+#include "support/FakeLook.h"
+#include "support/FakeScreens.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace quorvantel {
+namespace {
+
+using testing::FakeLook;
+using testing::FakeScreens;
+
+LaunchTarget app(const QString& name) {
+    return {QStringLiteral("org.example.") + name,
+            name,
+            {name},
+            platform::Image::iconTheme(name),
+            LaunchTarget::App{QUrl(), QStringLiteral("org.example.") + name}};
+}
+
+class LauncherViewTest : public ::testing::Test {
+protected:
+    LauncherViewTest() {
+        view.resize(640, 467);
+        view.onLaunch = [this](const LaunchTarget& target) { launched << target.displayName(); };
+        view.onDismiss = [this] { ++dismissals; };
+        view.onHeightChange = [this](double height) { heights << height; };
+        view.show();
+        setNumberedApps(20);
+    }
+
+    void setNumberedApps(int count) {
+        std::vector<LaunchTarget> targets;
+        for (int number = 10; number < 10 + count; ++number) {
+            targets.push_back(app(QStringLiteral("app%1").arg(number)));
+        }
+        engine.setTargets(std::move(targets));
+    }
+
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(&field, key, modifiers);
+    }
+
+    void type(const QString& text) { QTest::keyClicks(&field, text); }
+
+    /// A mouse movement as the window system reports it, to the middle of the given visible row.
+    void moveMouseToRow(int visibleRow, QPointF location) {
+        screens.mouse = location;
+        QTest::mouseMove(&list, {200, 6 + visibleRow * 50 + 24});
+    }
+
+    /// The names of the rows in sight, from the top, the selected one marked.
+    QStringList rowsInSight() const {
+        QList<ResultRowView*> rows;
+        for (auto* const row : list.findChildren<ResultRowView*>()) {
+            if (row->isVisibleTo(&list)) {
+                rows << row;
+            }
+        }
+        std::ranges::sort(rows, {}, [](const ResultRowView* row) { return row->y(); });
+        QStringList names;
+        for (const ResultRowView* const row : rows) {
+            names << (row->isSelected() ? QStringLiteral(">") : QString()) + row->accessibleName();
+        }
+        return names;
+    }
+
+    QTemporaryDir directory;
+    FrecencyStore frecency{directory.path()};
+    SearchEngine engine{frecency, nullptr};
+    FakeScreens screens;
+    FakeLook look;
+    LauncherView view{engine, screens, look.theme, look.icons};
+    QLineEdit& field = *view.findChild<QLineEdit*>();
+    ResultListView& list = *view.findChild<ResultListView*>();
+    QStringList launched;
+    QList<double> heights;
+    int dismissals = 0;
+};
+
+TEST_F(LauncherViewTest, ReportsTheHeightWhenTheResultsChangeAndOnlyThen) {
+    type(QStringLiteral("q"));
+    EXPECT_EQ(heights, QList<double>());
+    field.clear();
+    type(QStringLiteral("app"));
+    EXPECT_EQ(heights, QList<double>{467});
+    type(QStringLiteral("10"));
+    EXPECT_EQ(heights.last(), 117);
+    type(QStringLiteral("q"));
+    EXPECT_EQ(heights.last(), 109);
+    press(Qt::Key_Return);
+    EXPECT_EQ(launched, QStringList());
+}
+
+TEST_F(LauncherViewTest, ArrowsMoveTheSelectionAndReturnOpensIt) {
+    type(QStringLiteral("app"));
+    press(Qt::Key_Up);
+    EXPECT_EQ(view.selectedIndex(), 0);
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_EQ(launched, QStringList{QStringLiteral("app12")});
+    for (int presses = 0; presses < 30; ++presses) {
+        press(Qt::Key_Down);
+    }
+    EXPECT_EQ(view.selectedIndex(), 19);
+    press(Qt::Key_Enter);
+    EXPECT_EQ(launched.last(), QStringLiteral("app29"));
+}
+
+TEST_F(LauncherViewTest, TheListFollowsTheKeyboardAndKeepsTheRowInTheMiddle) {
+    type(QStringLiteral("app"));
+    ASSERT_EQ(rowsInSight().size(), 9);
+    for (int presses = 0; presses < 8; ++presses) {
+        press(Qt::Key_Down);
+    }
+    const int centred = 6 + 8 * 50 + 24 - list.height() / 2;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return list.scrollOffset() == centred; }));
+    EXPECT_TRUE(rowsInSight().contains(QStringLiteral(">app18")));
+    // The mouse scrolls nothing.
+    moveMouseToRow(0, {300, 300});
+    EXPECT_EQ(list.scrollOffset(), centred);
+}
+
+TEST_F(LauncherViewTest, AnyNumberOfResultsTakesAHandfulOfRows) {
+    setNumberedApps(10'000);
+    type(QStringLiteral("app"));
+    for (int presses = 0; presses < 50; ++presses) {
+        press(Qt::Key_Down);
+    }
+    EXPECT_TRUE(QTest::qWaitFor([&] { return rowsInSight().contains(QStringLiteral(">app60")); }));
+    EXPECT_LE(list.findChildren<ResultRowView*>().size(), 10);
+}
+
+TEST_F(LauncherViewTest, OnlyAMovingMouseSelects) {
+    type(QStringLiteral("app"));
+    moveMouseToRow(3, screens.mouse);
+    EXPECT_EQ(view.selectedIndex(), 0);
+    moveMouseToRow(2, screens.mouse + QPointF(0, 1));
+    EXPECT_EQ(view.selectedIndex(), 2);
+    // Typing puts the selection back to the top; the mouse rests where it is.
+    type(QStringLiteral("1"));
+    EXPECT_EQ(view.selectedIndex(), 0);
+    moveMouseToRow(4, screens.mouse);
+    EXPECT_EQ(view.selectedIndex(), 0);
+}
+
+TEST_F(LauncherViewTest, AKeystrokeThatChangesNoResultKeepsTheSelection) {
+    type(QStringLiteral("app1"));
+    press(Qt::Key_Down);
+    ASSERT_EQ(view.selectedIndex(), 1);
+    type(QStringLiteral(" "));
+    EXPECT_EQ(view.selectedIndex(), 1);
+    engine.reset();
+    EXPECT_EQ(view.selectedIndex(), 0);
+    EXPECT_EQ(field.text(), QString());
+}
+
+TEST_F(LauncherViewTest, AClickOpensItsRow) {
+    type(QStringLiteral("app"));
+    QTest::mouseClick(&list, Qt::LeftButton, {}, {200, 6 + 2 * 50 + 24});
+    EXPECT_EQ(launched, QStringList{QStringLiteral("app12")});
+    QTest::mouseClick(&list, Qt::RightButton, {}, {200, 6 + 24});
+    // Between two rows, and with the button let go over another row.
+    QTest::mouseClick(&list, Qt::LeftButton, {}, {200, 6 + 49});
+    QTest::mousePress(&list, Qt::LeftButton, {}, {200, 6 + 24});
+    QTest::mouseRelease(&list, Qt::LeftButton, {}, {200, 6 + 74});
+    EXPECT_EQ(launched.size(), 1);
+}
+
+TEST_F(LauncherViewTest, EscapeDismissesAndCommandCommaOpensTheSettings) {
+    int settings = 0;
+    press(Qt::Key_Comma, Qt::ControlModifier);
+    EXPECT_EQ(field.text(), QString());
+    view.setOnSettings([&settings] { ++settings; });
+    press(Qt::Key_Comma, Qt::ControlModifier);
+    press(Qt::Key_Comma, Qt::MetaModifier);
+    press(Qt::Key_Less, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(settings, 3);
+    press(Qt::Key_Comma);
+    EXPECT_EQ(field.text(), QStringLiteral(","));
+    press(Qt::Key_Escape);
+    EXPECT_EQ(dismissals, 1);
+}
+
+TEST_F(LauncherViewTest, IconsAreDecodedOnceAndNotWhileTyping) {
+    view.grab();
+    look.loader.loads = 0;
+    type(QStringLiteral("app"));
+    view.grab();
+    EXPECT_EQ(look.loader.loads, 0);
+    const auto rows = rowsInSight().size();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return look.loader.loads == rows; }));
+    view.grab();
+    QTest::qWait(20);
+    EXPECT_EQ(look.loader.loads, rows);
+}
+
+} // namespace
+} // namespace quorvantel

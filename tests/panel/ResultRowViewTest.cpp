@@ -1,0 +1,106 @@
+#include "panel/ResultRowView.h"
+
+#include "support/FakeLook.h"
+
+#include <QPainter>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace quorvantel {
+namespace {
+
+using testing::FakeLook;
+
+class ResultRowViewTest : public ::testing::Test {
+protected:
+    ResultRowViewTest() { row.resize(628, 48); }
+
+    void setTarget(const platform::Image& icon) {
+        row.setTarget({QStringLiteral("id"),
+                       QStringLiteral("Name"),
+                       {},
+                       icon,
+                       LaunchTarget::App{QUrl(), QStringLiteral("id")}});
+    }
+
+    /// The colour in the middle of the icon's frame, once the icon is decoded.
+    QColor iconColor() {
+        row.grab();
+        QTest::qWait(20);
+        return colorAt({12 + 14, 24});
+    }
+
+    QColor colorAt(const QPoint& point) {
+        QImage image(row.size(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(look.theme.theme().primaryBackground.toQColor());
+        row.render(&image, {}, {}, QWidget::DrawChildren);
+        return image.pixelColor(point);
+    }
+
+    static QColor over(const QColor& background, const ThemeColor& fill) {
+        QImage image(1, 1, QImage::Format_ARGB32_Premultiplied);
+        image.fill(background);
+        QPainter(&image).fillRect(0, 0, 1, 1, fill.toQColor());
+        return image.pixelColor(0, 0);
+    }
+
+    FakeLook look;
+    ResultRowView row{look.theme, look.icons};
+};
+
+TEST_F(ResultRowViewTest, ShowsAnIconAsItIsAndATemplateAsATintedTile) {
+    setTarget(platform::Image::iconTheme(QStringLiteral("editor")));
+    EXPECT_EQ(iconColor(), QColor(Qt::red));
+    const QColor accent = look.theme.theme().accent.toQColor();
+    setTarget(platform::Image::symbol(QStringLiteral("wifi"), {}));
+    EXPECT_EQ(iconColor().rgb(), accent.rgb());
+    setTarget(platform::Image::iconTheme(QStringLiteral("missing")));
+    EXPECT_EQ(iconColor().rgb(), accent.rgb());
+    setTarget({});
+    EXPECT_EQ(iconColor().rgb(), accent.rgb());
+    // The tile around the glyph.
+    EXPECT_EQ(colorAt({12 + 14, 24 - 12}).rgb(),
+              look.theme.theme().elevatedBackground.toQColor().rgb());
+}
+
+TEST_F(ResultRowViewTest, SelectionGoesBeforeHover) {
+    const QPoint beyondTheText(600, 24);
+    look.manager.setAppearance(ThemeManager::Appearance::Dark);
+    const ResolvedTheme& theme = look.theme.theme();
+    const QColor background = theme.primaryBackground.toQColor();
+    setTarget({});
+    EXPECT_EQ(colorAt(beyondTheText), background);
+    row.setHovered(true);
+    EXPECT_EQ(colorAt(beyondTheText), over(background, theme.hoverFill));
+    row.setSelected(true);
+    EXPECT_EQ(colorAt(beyondTheText), over(background, theme.selectionFill));
+
+    // Another target in the same row is not hovered any more.
+    row.setSelected(false);
+    row.setTarget(
+        {QStringLiteral("other"), QStringLiteral("Other"), {}, {}, LaunchTarget::SettingsPane{}});
+    EXPECT_FALSE(row.isHovered());
+    EXPECT_EQ(row.accessibleDescription(), QStringLiteral("System Setting"));
+}
+
+TEST_F(ResultRowViewTest, OnlyATopPickHasARingAndWhenSelectedTheReturnHint) {
+    const auto picture = [this] {
+        row.grab();
+        return row.grab().toImage();
+    };
+    setTarget({});
+    row.setSelected(true);
+    const QImage plain = picture();
+    row.setTopPick(true);
+    const QImage selected = picture();
+    EXPECT_NE(selected, plain);
+    row.setSelected(false);
+    const QImage ringOnly = picture();
+    const QRect hint(596, 14, 20, 20);
+    EXPECT_NE(selected.copy(hint), ringOnly.copy(hint));
+    EXPECT_NE(ringOnly.pixelColor(300, 0), plain.pixelColor(300, 20));
+}
+
+} // namespace
+} // namespace quorvantel

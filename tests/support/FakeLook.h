@@ -1,0 +1,48 @@
+#pragma once
+
+#include "panel/IconCache.h"
+#include "platform/ImageLoader.h"
+#include "platform/SystemAppearance.h"
+#include "settings/ThemedRoot.h"
+#include "support/MemoryDefaults.h"
+
+namespace quorvantel::testing {
+
+/// A desktop whose scheme the test chooses.
+class FakeSystemAppearance : public platform::SystemAppearance {
+public:
+    bool prefersDark() const override { return isDark; }
+    bool reducesTransparency() const override { return reduced; }
+
+    bool isDark = false;
+    bool reduced = false;
+};
+
+/// Images of one colour for every name; none for "missing". Counts what it decodes.
+class FakeImageLoader : public platform::ImageLoader {
+public:
+    QPixmap load(const platform::Image& image, int points, qreal scale) override {
+        ++loads;
+        if (image.name == QStringLiteral("missing")) {
+            return {};
+        }
+        QPixmap pixmap(QSize(points, points) * scale);
+        pixmap.setDevicePixelRatio(scale);
+        pixmap.fill(image.isTemplate() ? Qt::black : Qt::red);
+        return pixmap;
+    }
+
+    int loads = 0;
+};
+
+/// All that a view needs in order to draw.
+struct FakeLook {
+    MemoryDefaults defaults;
+    ThemeManager manager{defaults};
+    FakeSystemAppearance system;
+    ThemedRoot theme{manager, system};
+    FakeImageLoader loader;
+    IconCache icons{loader};
+};
+
+} // namespace quorvantel::testing
