@@ -5,9 +5,11 @@
 #include "platform/GlobalHotKeys.h"
 #include "platform/ImageLoader.h"
 #include "platform/InstalledApplications.h"
+#include "platform/KeyCapture.h"
 #include "platform/PanelHost.h"
 #include "platform/Screens.h"
 #include "platform/SystemAppearance.h"
+#include "platform/WindowActivator.h"
 #include "platform/Workspace.h"
 
 #include <memory>
@@ -23,8 +25,10 @@ public:
     virtual InstalledApplications& installedApplications() = 0;
     virtual Workspace& workspace() = 0;
     virtual GlobalHotKeys& globalHotKeys() = 0;
+    virtual KeyCapture& keyCapture() = 0;
     virtual ClickMonitor& clickMonitor() = 0;
     virtual PanelHost& panelHost() = 0;
+    virtual WindowActivator& windowActivator() = 0;
     virtual Screens& screens() = 0;
     virtual SystemAppearance& systemAppearance() = 0;
     virtual ImageLoader& imageLoader() = 0;

@@ -7,8 +7,10 @@ namespace quorvantel::platform {
 LinuxPlatform::LinuxPlatform(const X11Display& display)
     : m_rawEvents(display),
       m_hotKeys(display, m_rawEvents),
+      m_keyCapture(display, m_hotKeys),
       m_clickMonitor(m_rawEvents),
       m_panelHost(display),
+      m_windowActivator(display, m_userTime),
       m_startupNotifier(display, m_userTime),
       m_workspace(m_bundleReader, &m_startupNotifier, nullptr) {}
 

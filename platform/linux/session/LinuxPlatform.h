@@ -10,10 +10,12 @@
 #include "platform/linux/x11/X11ClickMonitor.h"
 #include "platform/linux/x11/X11Display.h"
 #include "platform/linux/x11/X11HotKeys.h"
+#include "platform/linux/x11/X11KeyCapture.h"
 #include "platform/linux/x11/X11PanelHost.h"
 #include "platform/linux/x11/X11RawEvents.h"
 #include "platform/linux/x11/X11StartupNotifier.h"
 #include "platform/linux/x11/X11UserTime.h"
+#include "platform/linux/x11/X11WindowActivator.h"
 
 namespace quorvantel::platform {
 
@@ -26,19 +28,24 @@ public:
     InstalledApplications& installedApplications() override { return m_installedApplications; }
     Workspace& workspace() override { return m_workspace; }
     GlobalHotKeys& globalHotKeys() override { return m_hotKeys; }
+    KeyCapture& keyCapture() override { return m_keyCapture; }
     ClickMonitor& clickMonitor() override { return m_clickMonitor; }
     PanelHost& panelHost() override { return m_panelHost; }
+    WindowActivator& windowActivator() override { return m_windowActivator; }
     Screens& screens() override { return m_screens; }
     SystemAppearance& systemAppearance() override { return m_systemAppearance; }
     ImageLoader& imageLoader() override { return m_imageLoader; }
 
 private:
     X11RawEvents m_rawEvents;
+    // Event filters run last in, first out: a capture keeps key presses from the hotkeys, and the
+    // time must see the presses that either consumes.
     X11HotKeys m_hotKeys;
+    X11KeyCapture m_keyCapture;
     X11ClickMonitor m_clickMonitor;
     X11PanelHost m_panelHost;
-    // Event filters run last in, first out: the time must see the presses that hotkeys consume.
     X11UserTime m_userTime;
+    X11WindowActivator m_windowActivator;
     X11StartupNotifier m_startupNotifier;
     PropertyListBundleReader m_bundleReader;
     DesktopEntryApplications m_installedApplications;

@@ -12,7 +12,8 @@ struct KeyPosition {
     std::string_view name;
 };
 
-// Rows as on the keyboard. The names are those of the "evdev" key codes of xkeyboard-config.
+// Rows as on the keyboard, then the number pad, then what only some keyboards have. The names are
+// those of the "evdev" key codes of xkeyboard-config.
 constexpr std::array keyPositions{
     KeyPosition{53, "ESC"},   KeyPosition{122, "FK01"}, KeyPosition{120, "FK02"},
     KeyPosition{99, "FK03"},  KeyPosition{118, "FK04"}, KeyPosition{96, "FK05"},
@@ -47,6 +48,15 @@ constexpr std::array keyPositions{
     KeyPosition{115, "HOME"}, KeyPosition{116, "PGUP"}, KeyPosition{117, "DELE"},
     KeyPosition{119, "END"},  KeyPosition{121, "PGDN"}, KeyPosition{123, "LEFT"},
     KeyPosition{124, "RGHT"}, KeyPosition{125, "DOWN"}, KeyPosition{126, "UP"},
+
+    KeyPosition{75, "KPDV"},  KeyPosition{67, "KPMU"},  KeyPosition{78, "KPSU"},
+    KeyPosition{69, "KPAD"},  KeyPosition{76, "KPEN"},  KeyPosition{81, "KPEQ"},
+    KeyPosition{65, "KPDL"},  KeyPosition{82, "KP0"},   KeyPosition{83, "KP1"},
+    KeyPosition{84, "KP2"},   KeyPosition{85, "KP3"},   KeyPosition{86, "KP4"},
+    KeyPosition{87, "KP5"},   KeyPosition{88, "KP6"},   KeyPosition{89, "KP7"},
+    KeyPosition{91, "KP8"},   KeyPosition{92, "KP9"},   KeyPosition{10, "LSGT"},
+    KeyPosition{114, "INS"},  KeyPosition{110, "MENU"}, KeyPosition{74, "MUTE"},
+    KeyPosition{73, "VOL-"},  KeyPosition{72, "VOL+"},
 };
 
 } // namespace

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+class QWindow;
+
+namespace quorvantel::platform {
+
+/// One press of a key that is no modifier.
+struct KeyPress {
+    /// The virtual key code, which names a physical position whatever the layout.
+    std::uint32_t keyCode;
+    /// The modifiers that are held, a mask of `HotKeyModifier` bits; locks leave no trace.
+    std::uint32_t modifiers;
+
+    friend bool operator==(const KeyPress&, const KeyPress&) = default;
+};
+
+/// Sees every key press before anyone else: shortcuts of the desktop and the launcher's own hotkey
+/// come as plain key presses and have no effect.
+///
+/// On macOS this is a local event monitor; on X11, an active keyboard grab. Main thread only.
+class KeyCapture {
+public:
+    /// The capture lasts as long as its token.
+    class Token {
+    public:
+        Token() = default;
+        Token(const Token&) = delete;
+        Token& operator=(const Token&) = delete;
+        virtual ~Token() = default;
+    };
+
+    enum class Fate {
+        Swallowed, ///< Nobody else gets the press.
+        PassedOn,  ///< It goes on to the window.
+    };
+
+    /// Receives every press and says what becomes of it. May end the capture.
+    using Handler = std::function<Fate(const KeyPress&)>;
+
+    virtual ~KeyCapture() = default;
+
+    /// Captures the keyboard for a shown window. A key that is down already counts once it has been
+    /// released; keys without a virtual key code are swallowed unreported. One capture at a time:
+    /// the next one ends the reports to the one before. No token when the system offers no capture.
+    virtual std::unique_ptr<Token> capture(QWindow& window, Handler handler) = 0;
+};
+
+} // namespace quorvantel::platform

@@ -1,0 +1,145 @@
+#include "platform/linux/x11/X11KeyCapture.h"
+
+#include "platform/linux/x11/X11KeyTranslation.h"
+#include "platform/linux/x11/X11Keyboard.h"
+
+#include <QCoreApplication>
+#include <QPointer>
+#include <QTimer>
+#include <QWindow>
+
+#include <bitset>
+#include <chrono>
+#include <limits>
+#include <utility>
+
+namespace quorvantel::platform {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto retryInterval = 20ms;
+constexpr int retryAttempts = 15;
+
+using KeySet = std::bitset<std::numeric_limits<xcb_keycode_t>::max() + 1>;
+
+KeySet keysDown(xcb_connection_t* connection) {
+    KeySet keys;
+    const XcbPointer<xcb_query_keymap_reply_t> reply(
+        xcb_query_keymap_reply(connection, xcb_query_keymap(connection), nullptr));
+    if (reply) {
+        for (std::size_t key = 0; key < keys.size(); ++key) {
+            keys[key] = (reply->keys[key / 8] >> (key % 8) & 1U) != 0;
+        }
+    }
+    return keys;
+}
+
+} // namespace
+
+class X11KeyCapture::Grab : public Token {
+public:
+    Grab(X11KeyCapture& owner, QWindow& window, Handler handler)
+        : m_owner(owner),
+          m_window(&window),
+          m_handler(std::move(handler)),
+          m_keyboard(X11Keyboard::read(owner.m_display)),
+          m_heldFromBefore(keysDown(owner.m_display.connection)) {
+        m_retry.setInterval(retryInterval);
+        QObject::connect(&m_retry, &QTimer::timeout, &m_retry, [this] { tryGrab(); });
+        m_retry.start();
+        tryGrab();
+    }
+
+    ~Grab() override {
+        if (m_isHeld) {
+            xcb_ungrab_keyboard(m_owner.m_display.connection, XCB_CURRENT_TIME);
+            xcb_flush(m_owner.m_display.connection);
+        }
+        if (m_owner.m_grab == this) {
+            m_owner.m_grab = nullptr;
+        }
+    }
+
+    /// Returns whether the press is nobody else's.
+    bool handlePress(xcb_keycode_t key, std::uint16_t state) {
+        if (m_heldFromBefore[key]) {
+            return true;
+        }
+        const auto press = translateKeyPress(m_keyboard, key, state);
+        if (!press) {
+            return true;
+        }
+        // The handler may end the capture and with it this object.
+        const Handler handler = m_handler;
+        return handler(*press) == Fate::Swallowed;
+    }
+
+    void handleRelease(xcb_keycode_t key) { m_heldFromBefore.reset(key); }
+
+private:
+    void tryGrab() {
+        xcb_connection_t* const connection = m_owner.m_display.connection;
+        if (m_window.isNull() || m_attemptsLeft-- == 0) {
+            m_retry.stop();
+            return;
+        }
+        const XcbPointer<xcb_grab_keyboard_reply_t> reply(xcb_grab_keyboard_reply(
+            connection,
+            xcb_grab_keyboard(connection, 0, static_cast<xcb_window_t>(m_window->winId()),
+                              XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),
+            nullptr));
+        m_isHeld = reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
+        if (m_isHeld) {
+            m_retry.stop();
+        }
+    }
+
+    X11KeyCapture& m_owner;
+    QPointer<QWindow> m_window;
+    Handler m_handler;
+    X11Keyboard m_keyboard;
+    KeySet m_heldFromBefore;
+    QTimer m_retry;
+    int m_attemptsLeft = retryAttempts;
+    bool m_isHeld = false;
+};
+
+X11KeyCapture::X11KeyCapture(const X11Display& display, const X11HotKeys& /*hotKeys*/)
+    : m_display(display) {
+    qApp->installNativeEventFilter(this);
+}
+
+X11KeyCapture::~X11KeyCapture() {
+    if (qApp != nullptr) {
+        qApp->removeNativeEventFilter(this);
+    }
+}
+
+std::unique_ptr<KeyCapture::Token> X11KeyCapture::capture(QWindow& window, Handler handler) {
+    auto grab = std::make_unique<Grab>(*this, window, std::move(handler));
+    m_grab = grab.get();
+    return grab;
+}
+
+bool X11KeyCapture::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
+                                      qintptr* /*result*/) {
+    if (m_grab == nullptr) {
+        return false;
+    }
+    const auto* const event = static_cast<const xcb_generic_event_t*>(message);
+    switch (event->response_type & 0x7FU) {
+    case XCB_KEY_PRESS: {
+        const auto* const press = static_cast<const xcb_key_press_event_t*>(message);
+        return m_grab->handlePress(press->detail, press->state);
+    }
+    case XCB_KEY_RELEASE:
+        m_grab->handleRelease(static_cast<const xcb_key_release_event_t*>(message)->detail);
+        return false;
+    default:
+        return false;
+    }
+}
+
+} // namespace quorvantel::platform
