@@ -117,6 +117,8 @@ GlobalHotKeys::RegistrationResult X11HotKeys::registerHotKey(std::uint32_t keyCo
     if (const HotKeyStatus status = grab(*registration); status != statusSuccess) {
         return status;
     }
+    // A key that is down already, as after it was recorded, repeats; none of that is a press.
+    hold(registration->grab->key);
     return registration;
 }
 
