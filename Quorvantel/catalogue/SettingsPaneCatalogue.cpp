@@ -35,7 +35,7 @@ IconsByExtension readExtensionIcons(const platform::BundleReader& bundles,
 
 platform::Image paneIcon(const SettingsPane& pane, const IconsByExtension& icons) {
     const QString extension = pane.url.mid(pane.url.indexOf(u':') + 1).toString();
-    const platform::Image icon = icons.value(extension);
+    platform::Image icon = icons.value(extension);
     if (extension.isEmpty() || icon.isNull()) {
         return platform::Image::symbol(pane.symbol.toString(), pane.name.toString());
     }

@@ -1,11 +1,13 @@
 #include "catalogue/SettingsPaneTable.h"
 
+#include <array>
+
 namespace quorvantel {
 
 namespace {
 
 // Keywords overlap between panes on purpose: the ranking decides.
-constexpr SettingsPane panes[] = {
+constexpr auto panes = std::to_array<SettingsPane>({
     {u"Wi-Fi",
      u"wifi",
      u"x-apple.systempreferences:com.apple.wifi-settings-extension",
@@ -167,7 +169,7 @@ constexpr SettingsPane panes[] = {
      u"x-apple.systempreferences:com.apple.Transfer-Reset-Settings.extension",
      {u"Transfer", u"Reset", u"Erase", u"Erase All Content and Settings", u"Factory Reset",
       u"Migration"}},
-};
+});
 
 } // namespace
 

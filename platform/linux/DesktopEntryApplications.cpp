@@ -14,7 +14,7 @@ namespace quorvantel::platform {
 
 namespace {
 
-constexpr qint64 maximumEntrySize = 1024 * 1024;
+constexpr qint64 maximumEntrySize = qint64{1024} * 1024;
 constexpr int maximumFolderDepth = 10;
 constexpr QLatin1StringView extension(".desktop");
 

@@ -16,13 +16,14 @@
 #include <gio/gio.h>
 #include <unistd.h>
 
+#include <array>
 #include <utility>
 
 namespace quorvantel::platform {
 
 namespace {
 
-constexpr qint64 maximumEntrySize = 1024 * 1024;
+constexpr qint64 maximumEntrySize = qint64{1024} * 1024;
 
 /// What the program has in place of the launcher's standard input and output.
 class NullDevice {
@@ -178,13 +179,13 @@ void GioWorkspace::openBundle(const QString& path, Completion completion) {
         return;
     }
     QByteArray file = QFile::encodeName(path + QStringLiteral("/Contents/MacOS/") + program);
-    gchar* arguments[] = {file.data(), nullptr};
+    std::array<gchar*, 2> arguments{file.data(), nullptr};
     const auto context = makeLaunchContext({});
     const GTextList environment(g_app_launch_context_get_environment(context.get()));
     const NullDevice null;
     GPid child = 0;
     GError* error = nullptr;
-    if (g_spawn_async_with_fds(QFile::encodeName(QDir::homePath()).constData(), arguments,
+    if (g_spawn_async_with_fds(QFile::encodeName(QDir::homePath()).constData(), arguments.data(),
                                environment.get(), G_SPAWN_DO_NOT_REAP_CHILD, leaveSession, nullptr,
                                &child, null.descriptor(), null.descriptor(), null.descriptor(),
                                &error) == FALSE) {

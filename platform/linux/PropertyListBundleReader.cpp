@@ -10,7 +10,7 @@ namespace quorvantel::platform {
 
 namespace {
 
-constexpr qint64 maximumPropertyListSize = 1024 * 1024;
+constexpr qint64 maximumPropertyListSize = qint64{1024} * 1024;
 
 QString stringValue(const QVariantMap& info, const QString& key) {
     const QVariant value = info.value(key);

@@ -13,7 +13,7 @@ namespace quorvantel::platform {
 
 namespace {
 
-constexpr qint64 maximumSize = 1024 * 1024;
+constexpr qint64 maximumSize = qint64{1024} * 1024;
 
 /// What stands at the path of the settings: a dictionary, empty when there is no file; nothing
 /// when the file is damaged; or why it cannot be read.

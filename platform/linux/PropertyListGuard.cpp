@@ -12,7 +12,7 @@ namespace {
 // nesting at which libplist runs out of the usual eight megabytes of stack.
 constexpr int maximumContainers = 5'000;
 constexpr int maximumNodes = 20'000;
-constexpr std::uint64_t maximumTreeBytes = 16 * 1024 * 1024;
+constexpr std::uint64_t maximumTreeBytes = 16'777'216;
 
 /// Counts every opening tag, also those in comments: what is nested is at most what is opened.
 bool isHarmlessXml(QByteArrayView content) {
@@ -139,6 +139,17 @@ private:
         return Object{object.type, *count, object.payload + 1 + size};
     }
 
+    /// Whether a text holds a null character, at which libplist ends the process when the text is a
+    /// key; a text that exceeds the file counts as one.
+    bool hasNull(const Object& text, std::uint64_t unitSize) const {
+        for (std::uint64_t i = 0; i < text.count; ++i) {
+            if (number(text.payload + i * unitSize, unitSize).value_or(0) == 0) {
+                return true;
+            }
+        }
+        return false;
+    }
+
     /// The bytes that the object itself takes; what it refers to is added to `pending`.
     std::optional<std::uint64_t> visit(std::uint64_t index,
                                        std::vector<std::uint64_t>& pending) const {
@@ -148,10 +159,11 @@ private:
         }
         switch (found->type) {
         case Data:
-        case Ascii:
             return found->count;
+        case Ascii:
+            return hasNull(*found, 1) ? std::nullopt : std::optional(found->count);
         case Utf16:
-            return found->count * 2;
+            return hasNull(*found, 2) ? std::nullopt : std::optional(found->count * 2);
         case Array:
         case Set:
         case Dictionary:

@@ -146,6 +146,10 @@ TEST_F(PropertyListBundleReaderTest, SurvivesBinaryListsThatLie) {
     EXPECT_FALSE(parsePropertyList(binaryList({QByteArray("\xA1") + bigEndian(0, 4)})));
     const QByteArray cycle = QByteArray("\xD1") + bigEndian(1, 4) + bigEndian(0, 4);
     EXPECT_FALSE(read(binaryList({cycle, "\x51k"})));
+    const QByteArray pair = QByteArray("\xD1") + bigEndian(1, 4) + bigEndian(1, 4);
+    EXPECT_TRUE(read(binaryList({pair, QByteArray("\x52kk")})));
+    EXPECT_FALSE(read(binaryList({pair, QByteArray("\x52k\0", 3)})));
+    EXPECT_FALSE(read(binaryList({pair, QByteArray("\x61\0\0", 3)})));
     const QByteArray hugeCount = QByteArray("\xAF\x13") + QByteArray(8, '\xFF');
     EXPECT_FALSE(parsePropertyList(binaryList({hugeCount})));
     const QByteArray longText = QByteArray("\x5F\x12") + bigEndian(500'000, 4);
