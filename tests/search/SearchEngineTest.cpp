@@ -134,7 +134,7 @@ TEST_F(SearchEngineTest, RanksAsTheFormulasSay) {
             }
             keys += text;
         }
-        targets.push_back(target(QString::number(i), keys[0], keys));
+        targets.push_back(target(QString::number(i), keys[0].left(2), keys));
         if (random() % 4 == 0) {
             frecency.record(QString::number(i), start - age());
         }
@@ -172,15 +172,6 @@ TEST_F(SearchEngineTest, EqualScoresAreAlphabeticalWhateverTheCase) {
     const QStringList sorted = search("a");
     QLocale::setDefault(earlier);
     EXPECT_EQ(sorted, list("Äaa,App,äpp,zaa"));
-}
-
-TEST_F(SearchEngineTest, EqualNamesKeepTheirCatalogueOrder) {
-    std::vector<LaunchTarget> targets;
-    for (const char* id : {"3", "1", "2", "5", "4"}) {
-        targets.push_back(target(QString::fromUtf8(id), QStringLiteral("Mail"), list("Mail")));
-    }
-    engine.setTargets(targets);
-    EXPECT_EQ(search("mail"), list("3,1,2,5,4"));
 }
 
 TEST_F(SearchEngineTest, LaunchesAndPicksLiftATarget) {
