@@ -160,12 +160,13 @@ void GioWorkspace::openEntry(const QString& path, Completion completion) {
 }
 
 void GioWorkspace::connectToBus() {
-    if (m_bus && g_dbus_connection_is_closed(m_bus.get()) == FALSE) {
+    if (m_bus && g_dbus_connection_is_closed(G_DBUS_CONNECTION(m_bus.get())) == FALSE) {
         return;
     }
-    m_bus.reset(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
-    if (m_bus) {
-        g_dbus_connection_set_exit_on_close(m_bus.get(), FALSE);
+    m_bus.reset();
+    if (auto* const bus = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr)) {
+        m_bus.reset(bus, GObjectDeleter());
+        g_dbus_connection_set_exit_on_close(bus, FALSE);
     }
 }
 

@@ -2,11 +2,8 @@
 
 #include "platform/BundleReader.h"
 #include "platform/Workspace.h"
-#include "platform/linux/GLibPointers.h"
 #include "platform/linux/SettingsPaneOpener.h"
 #include "platform/linux/StartupNotifier.h"
-
-#include <gio/gio.h>
 
 #include <memory>
 
@@ -38,7 +35,7 @@ private:
     const BundleReader& m_bundles;
     StartupNotifier* m_notifier;
     SettingsPaneOpener* m_settings;
-    GObjectPointer<GDBusConnection> m_bus;
+    std::shared_ptr<void> m_bus; ///< A GDBusConnection.
     std::shared_ptr<const void> m_alive;
 };
 
