@@ -1,0 +1,204 @@
+#include "shell/AppDelegate.h"
+
+#include "shell/FakePlatform.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace quorvantel {
+namespace {
+
+using testing::FakePlatform;
+using testing::MemoryDefaults;
+
+/// Collects what the program logs while it lives.
+class Log {
+public:
+    Log() {
+        lines().clear();
+        m_previous = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&,
+                                               const QString& message) { lines() << message; });
+    }
+    ~Log() { qInstallMessageHandler(m_previous); }
+
+    static QStringList& lines() {
+        static QStringList instance;
+        return instance;
+    }
+
+private:
+    QtMessageHandler m_previous;
+};
+
+class AppDelegateTest : public ::testing::Test {
+protected:
+    void start() {
+        delegate.applicationDidFinishLaunching();
+        QCoreApplication::processEvents();
+    }
+
+    void pressHotKey() {
+        platform.hotKeys.handler(HotKeyService::identity);
+        QCoreApplication::processEvents();
+    }
+
+    /// Shows the panel, searches, and opens the result at `row`.
+    QString launchResult(const QString& query, std::size_t row) {
+        if (!delegate.isPanelVisible()) {
+            pressHotKey();
+        }
+        delegate.engine().setQuery(query);
+        const LaunchTarget target = delegate.engine().results().at(row);
+        delegate.launch(target);
+        return target.id();
+    }
+
+    FakePlatform platform;
+    MemoryDefaults defaults;
+    AppSettings settings{defaults};
+    ThemeManager themeManager{defaults};
+    QTemporaryDir directory;
+    double now = 1000;
+    AppDelegate delegate{platform, settings, themeManager, directory.path(),
+                         [this] { return now; }};
+};
+
+TEST_F(AppDelegateTest, StartsHiddenWithTheApplicationsBeforeThePanes) {
+    platform.applications.names = QStringList{QStringLiteral("Editor"), QStringLiteral("Mail")};
+    delegate.applicationDidFinishLaunching();
+    EXPECT_EQ(delegate.engine().targets().size(), 38U);
+    QCoreApplication::processEvents();
+    ASSERT_EQ(delegate.engine().targets().size(), 40U);
+    EXPECT_EQ(delegate.engine().targets()[1].displayName(), QStringLiteral("Mail"));
+    EXPECT_EQ(delegate.engine().targets()[2].displayName(), QStringLiteral("Wi-Fi"));
+    EXPECT_FALSE(delegate.isPanelVisible());
+    EXPECT_EQ(platform.hotKeys.registered,
+              (QStringList{QStringLiteral("handler"), QStringLiteral("2304+49")}));
+}
+
+TEST_F(AppDelegateTest, TheHotKeyTogglesThePanelAndScansAgainAfterThreeSeconds) {
+    start();
+    EXPECT_EQ(platform.applications.scans, 1);
+    now += 2.9;
+    pressHotKey();
+    EXPECT_TRUE(delegate.isPanelVisible());
+    EXPECT_TRUE(platform.host.hasKeyboard);
+    EXPECT_EQ(platform.clicks.observers, 1);
+    pressHotKey();
+    EXPECT_FALSE(delegate.isPanelVisible());
+    EXPECT_FALSE(platform.host.hasKeyboard);
+    EXPECT_EQ(platform.clicks.observers, 0);
+    EXPECT_EQ(platform.applications.scans, 1);
+
+    now = 1003.0;
+    pressHotKey();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(platform.applications.scans, 2);
+    now = 1010;
+    pressHotKey();
+    EXPECT_EQ(platform.applications.scans, 2);
+}
+
+TEST_F(AppDelegateTest, AScanRefreshesTheResultsOfTheOpenPanel) {
+    start();
+    pressHotKey();
+    delegate.engine().setQuery(QStringLiteral("zebra"));
+    EXPECT_TRUE(delegate.engine().results().empty());
+    delegate.dismissPanel();
+    now += 5;
+    platform.applications.names = QStringList{QStringLiteral("Zebra")};
+    platform.hotKeys.handler(HotKeyService::identity);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return delegate.isPanelVisible(); }));
+    delegate.engine().setQuery(QStringLiteral("zebra"));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return delegate.engine().results().size() == 1; }));
+}
+
+TEST_F(AppDelegateTest, OnlyAPickThatWasNotOnTopTeaches) {
+    platform.applications.names =
+        QStringList{QStringLiteral("Chess"), QStringLiteral("Chest"), QStringLiteral("Checkers")};
+    start();
+    const QString top = launchResult(QStringLiteral("che"), 0);
+    EXPECT_EQ(platform.fakeWorkspace.opened, QStringList{QStringLiteral("Chess.desktop")});
+    EXPECT_EQ(delegate.frecency().weight(top, now), 1.0);
+    EXPECT_TRUE(delegate.learned().table().isEmpty());
+    EXPECT_FALSE(delegate.isPanelVisible());
+    EXPECT_EQ(delegate.engine().query(), QString());
+
+    const QString second = launchResult(QStringLiteral("Che "), 1);
+    EXPECT_EQ(delegate.learned().boost(QStringLiteral("che"), second, now), 1.5);
+    EXPECT_EQ(delegate.frecency().weight(second, now), 1.0);
+
+    // Chosen some other way, while nothing was listed.
+    pressHotKey();
+    delegate.engine().setQuery(QStringLiteral("zzz"));
+    const LaunchTarget pane = delegate.engine().targets().back();
+    delegate.launch(pane);
+    EXPECT_EQ(delegate.learned().boost(QStringLiteral("zzz"), pane.id(), now), 1.5);
+    EXPECT_EQ(platform.fakeWorkspace.opened.last(), pane.id());
+}
+
+TEST_F(AppDelegateTest, LogsAnApplicationThatDoesNotOpenThoughItCounts) {
+    platform.applications.names = QStringList{QStringLiteral("Editor")};
+    start();
+    const QString id = launchResult(QStringLiteral("editor"), 0);
+    const Log log;
+    platform.fakeWorkspace.completions.back()(QStringLiteral("no such program"));
+    EXPECT_EQ(Log::lines(), QStringList{QStringLiteral(
+                                "Quorvantel: failed to open Editor.desktop: no such program")});
+    EXPECT_EQ(delegate.frecency().weight(id, now), 1.0);
+}
+
+TEST_F(AppDelegateTest, FallsBackToTheDefaultHotKeyOnceAndOnlyAtTheStart) {
+    settings.setHotKeyBinding({40, 0x1000});
+    platform.hotKeys.refused = {QStringLiteral("4096+40")};
+    const Log log;
+    start();
+    EXPECT_EQ(Log::lines(),
+              QStringList{QStringLiteral("Quorvantel: hotkey registration failed: "
+                                         "RegisterEventHotKey failed with OSStatus 10.")});
+    EXPECT_EQ(delegate.activeHotKey(), HotKeyBinding::defaultBinding());
+
+    Log::lines().clear();
+    platform.hotKeys.refused << QStringLiteral("4096+38");
+    settings.setHotKeyBinding({38, 0x1000});
+    EXPECT_EQ(Log::lines().size(), 1);
+    EXPECT_EQ(delegate.activeHotKey(), std::nullopt);
+    EXPECT_EQ(platform.hotKeys.registered, QStringList());
+    settings.setHotKeyBinding({37, 0x1000});
+    EXPECT_EQ(delegate.activeHotKey(), (HotKeyBinding{37, 0x1000}));
+}
+
+TEST_F(AppDelegateTest, ARefusedDefaultIsTriedOnceAndLoggedOnce) {
+    platform.hotKeys.refused = {QStringLiteral("2304+49")};
+    const Log log;
+    start();
+    EXPECT_EQ(Log::lines().size(), 1);
+    EXPECT_EQ(delegate.activeHotKey(), std::nullopt);
+}
+
+TEST_F(AppDelegateTest, AClickElsewhereHidesThePanelOnce) {
+    start();
+    pressHotKey();
+    delegate.engine().setQuery(QStringLiteral("wi"));
+    const auto click = platform.clicks.handler;
+    click();
+    click();
+    EXPECT_TRUE(delegate.isPanelVisible());
+    const auto resets = delegate.engine().resetToken();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(delegate.isPanelVisible());
+    EXPECT_EQ(delegate.engine().resetToken(), resets + 1);
+    EXPECT_EQ(delegate.engine().query(), QString());
+}
+
+TEST_F(AppDelegateTest, TerminationReleasesTheHotKey) {
+    start();
+    delegate.applicationWillTerminate();
+    EXPECT_EQ(platform.hotKeys.registered, QStringList());
+    delegate.applicationWillTerminate();
+}
+
+} // namespace
+} // namespace quorvantel

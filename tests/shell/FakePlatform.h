@@ -1,0 +1,172 @@
+#pragma once
+
+#include "platform/Platform.h"
+#include "support/FakeLook.h"
+#include "support/FakeScreens.h"
+
+#include <QSet>
+
+namespace quorvantel::testing {
+
+class FakeBundles : public platform::BundleReader {
+public:
+    QStringList childNames(const QString& /*directory*/) const override { return {}; }
+    std::optional<QVariantMap> infoDictionary(const QString& /*path*/) const override {
+        return std::nullopt;
+    }
+    QString localizedName(const QString& /*path*/, const QVariantMap& /*info*/) const override {
+        return {};
+    }
+    QString displayName(const QString& /*path*/, const QVariantMap& /*info*/) const override {
+        return {};
+    }
+    platform::Image icon(const QString& /*path*/, const QVariantMap& /*info*/) const override {
+        return {};
+    }
+};
+
+/// Applications that the test names; counts the scans.
+class FakeApplications : public platform::InstalledApplications {
+public:
+    std::vector<platform::InstalledApplication> list() const override {
+        ++scans;
+        std::vector<platform::InstalledApplication> applications;
+        for (const QString& name : names) {
+            applications.push_back(
+                {QUrl::fromLocalFile(QStringLiteral("/apps/%1.desktop").arg(name)),
+                 QStringLiteral("org.example.") + name,
+                 name,
+                 name,
+                 name,
+                 false,
+                 {}});
+        }
+        return applications;
+    }
+
+    QStringList names;
+    mutable int scans = 0;
+};
+
+class FakeWorkspace : public platform::Workspace {
+public:
+    void openApplication(const QUrl& location, Completion completion) override {
+        opened << location.fileName();
+        completions.push_back(std::move(completion));
+    }
+    bool openSettings(const QUrl& url) override {
+        opened << url.toString();
+        return false;
+    }
+
+    QStringList opened;
+    std::vector<Completion> completions;
+};
+
+/// Grants every combination but the refused ones.
+class FakeHotKeys : public platform::GlobalHotKeys {
+public:
+    class Entry : public Registration {
+    public:
+        explicit Entry(QStringList& registered, QString name)
+            : m_registered(registered), m_name(std::move(name)) {
+            m_registered << m_name;
+        }
+        ~Entry() override { m_registered.removeOne(m_name); }
+
+    private:
+        QStringList& m_registered;
+        QString m_name;
+    };
+
+    std::unique_ptr<Registration> installHandler(PressHandler pressHandler) override {
+        handler = std::move(pressHandler);
+        return std::make_unique<Entry>(registered, QStringLiteral("handler"));
+    }
+    RegistrationResult registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
+                                      platform::HotKeyIdentity) override {
+        const QString name = QStringLiteral("%1+%2").arg(modifiers).arg(keyCode);
+        if (refused.contains(name)) {
+            return platform::HotKeyStatus{10};
+        }
+        return std::make_unique<Entry>(registered, name);
+    }
+
+    QStringList registered;
+    QSet<QString> refused;
+    PressHandler handler;
+};
+
+class FakeClicks : public platform::ClickMonitor {
+public:
+    std::unique_ptr<Token> observe(std::function<void()> clickHandler) override {
+        class Observation : public Token {
+        public:
+            explicit Observation(FakeClicks& clicks) : m_clicks(clicks) { ++m_clicks.observers; }
+            ~Observation() override { --m_clicks.observers; }
+
+        private:
+            FakeClicks& m_clicks;
+        };
+        handler = std::move(clickHandler);
+        return std::make_unique<Observation>(*this);
+    }
+
+    std::function<void()> handler;
+    int observers = 0;
+};
+
+class FakePanelHost : public platform::PanelHost {
+public:
+    Qt::WindowFlags windowFlags() const override { return Qt::Tool | Qt::FramelessWindowHint; }
+    bool isComposited() const override { return true; }
+    void takeKeyboard(QWindow&) override { hasKeyboard = true; }
+    void releaseKeyboard(QWindow&) override { hasKeyboard = false; }
+
+    bool hasKeyboard = false;
+};
+
+/// A keyboard that nobody can capture.
+class FakeKeyCapture : public platform::KeyCapture {
+public:
+    std::unique_ptr<Token> capture(QWindow& /*window*/, Handler /*handler*/) override {
+        return nullptr;
+    }
+};
+
+class FakeWindowActivator : public platform::WindowActivator {
+public:
+    void activate(QWindow& /*window*/) override { ++activations; }
+
+    int activations = 0;
+};
+
+/// A desktop that the test controls.
+class FakePlatform : public platform::Platform {
+public:
+    platform::BundleReader& bundleReader() override { return bundles; }
+    platform::InstalledApplications& installedApplications() override { return applications; }
+    platform::Workspace& workspace() override { return fakeWorkspace; }
+    platform::GlobalHotKeys& globalHotKeys() override { return hotKeys; }
+    platform::ClickMonitor& clickMonitor() override { return clicks; }
+    platform::PanelHost& panelHost() override { return host; }
+    platform::KeyCapture& keyCapture() override { return capture; }
+    platform::WindowActivator& windowActivator() override { return activator; }
+    platform::Screens& screens() override { return fakeScreens; }
+    platform::SystemAppearance& systemAppearance() override { return appearance; }
+    platform::ImageLoader& imageLoader() override { return loader; }
+
+    FakeBundles bundles;
+    FakeApplications applications;
+    FakeWorkspace fakeWorkspace;
+    FakeHotKeys hotKeys;
+    FakeClicks clicks;
+    FakePanelHost host;
+    FakeKeyCapture capture;
+    FakeWindowActivator activator;
+    FakeScreens fakeScreens;
+    FakeSystemAppearance appearance;
+    FakeImageLoader loader;
+};
+
+} // namespace quorvantel::testing
