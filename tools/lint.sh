@@ -10,7 +10,10 @@ tools/install-packages.sh build develop
 # Generated sources have to be there for what includes them.
 build release OFF all
 
-mapfile -t sources < <(if (($#)); then printf '%s\n' "$@"; else git ls-files 'Quorvantel/*.cpp' 'platform/*.cpp'; fi)
+sources=("$@")
+if ((${#sources[@]} == 0)); then
+    mapfile -t sources < <(git ls-files '*.cpp' | grep -v -E '^(tests|benchmarks|fuzz)/')
+fi
 status=0
 shellcheck -x .ci/run tools/*.sh || status=1
 printf '%s\0' "${sources[@]}" |

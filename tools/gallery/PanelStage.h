@@ -1,0 +1,79 @@
+#pragma once
+
+#include "catalogue/LaunchTarget.h"
+#include "panel/LauncherView.h"
+#include "platform/Screens.h"
+#include "platform/SystemAppearance.h"
+#include "search/FrecencyStore.h"
+#include "search/SearchEngine.h"
+#include "settings/ThemeManager.h"
+#include "settings/ThemedRoot.h"
+#include "support/MemoryDefaults.h"
+#include "tools/gallery/DrawnIcons.h"
+
+#include <QTemporaryDir>
+
+#include <vector>
+
+namespace quorvantel::gallery {
+
+/// A palette to draw with.
+struct Look {
+    ColorScheme scheme;
+    ThemePreset preset = ThemePreset::Graphite;
+};
+
+/// One screen, on which the mouse rests.
+class RestingScreen : public platform::Screens {
+public:
+    std::vector<platform::Screen> all() const override;
+    std::optional<platform::Screen> main() const override { return all().front(); }
+    QPointF mouseLocation() const override { return {}; }
+    QRect toWindowGeometry(const QRectF& frame) const override { return frame.toRect(); }
+    QRectF fromWindowGeometry(const QRect& geometry) const override { return geometry; }
+};
+
+/// A desktop that wants nothing in particular.
+class PlainAppearance : public platform::SystemAppearance {
+public:
+    bool prefersDark() const override { return false; }
+    bool reducesTransparency() const override { return false; }
+};
+
+/// The launcher's panel over a real search engine, in a given look.
+class PanelStage {
+public:
+    PanelStage(const Look& look, std::vector<LaunchTarget> targets);
+
+    void search(const QString& query);
+
+    /// Presses Down this many times.
+    void moveDown(int rows);
+
+    /// Has the mouse rest over a row, as when the list came up under it.
+    void hover(int row);
+
+    /// The panel by itself, once all its icons are there.
+    QImage panel();
+
+    /// The panel on a desktop that fits the look.
+    QImage onDesktop();
+
+private:
+    void settle();
+
+    Look m_look;
+    QTemporaryDir m_directory;
+    RestingScreen m_screens;
+    PlainAppearance m_appearance;
+    testing::MemoryDefaults m_defaults;
+    ThemeManager m_manager;
+    ThemedRoot m_theme;
+    FrecencyStore m_frecency;
+    SearchEngine m_engine;
+    DrawnIcons m_loader;
+    IconCache m_icons;
+    LauncherView m_view;
+};
+
+} // namespace quorvantel::gallery
