@@ -21,6 +21,9 @@ inline constexpr int blockRoleProperty = QTextFormat::UserProperty + 2;
 /// Set in the format of a block that ends its frame and so has no space below.
 inline constexpr int lastInFrameProperty = QTextFormat::UserProperty + 3;
 
+/// Set in the format of a block that ends a list which is in no other list.
+inline constexpr int lastInListProperty = QTextFormat::UserProperty + 8;
+
 /// Set in the format of a block whose marker is text that hangs to the left of it: that text.
 inline constexpr int hangingMarkerProperty = QTextFormat::UserProperty + 4;
 

@@ -1,5 +1,6 @@
 #include "markdown/DocumentBuilder.h"
 
+#include "markdown/CheckBoxes.h"
 #include "markdown/TextRole.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -19,10 +20,16 @@ constexpr int maximumCells = 8'000;
 /// A one-cell table costs the layout more than the cell of a larger one does.
 constexpr int cellsPerFrame = 8;
 constexpr int maximumIndent = 8;
+/// The document looks up formats in time linear in the number of different anchors.
+constexpr int maximumAnchors = 300;
+constexpr qsizetype maximumAddress = 2'048;
 /// Laying out a frame takes more than one pass over what is in it, so their depth counts.
 constexpr std::size_t maximumFrameDepth = 4;
 /// The largest number of a list's item in the dialect.
 constexpr int maximumItemNumber = 999'999'999;
+
+/// In a block without text. An empty block next to a table would be laid out beside it.
+const QString blockKeeper(QChar(0x200B));
 
 struct FreeIterator {
     void operator()(cmark_iter* iterator) const { cmark_iter_free(iterator); }
@@ -79,6 +86,9 @@ QString textOf(cmark_node* node) {
 /// An address that may be kept in a document; empty for any other.
 QString safeAddress(const char* address) {
     const QString text = QString::fromUtf8(address);
+    if (text.size() > maximumAddress) {
+        return {};
+    }
     const QUrl url(text);
     const QString scheme = url.scheme();
     const bool isSafe =
@@ -98,6 +108,7 @@ DocumentBuilder::DocumentBuilder(QTextDocument& document, const QUrl& baseUrl,
       m_blocks(maximumBlocks),
       m_cells(maximumCells) {
     document.documentLayout()->registerHandler(DocumentImages::objectType, m_images);
+    document.documentLayout()->registerHandler(CheckBoxes::objectType, new CheckBoxes(&document));
 }
 
 void DocumentBuilder::build(const CmarkTree& tree, bool isTruncated) {
@@ -156,6 +167,7 @@ void DocumentBuilder::enter(cmark_node* node) {
         format.setProperty(QTextFormat::BlockTrailingHorizontalRulerWidth,
                            QTextLength(QTextLength::PercentageLength, 100));
         startBlock(BlockRole::Rule, format);
+        insertText(blockKeeper);
         break;
     }
     default:
@@ -182,8 +194,7 @@ void DocumentBuilder::exit(cmark_node* node) {
         m_roles.pop_back();
         break;
     case CMARK_NODE_LIST:
-        m_lists.pop_back();
-        m_indent = std::max(0, m_indent - 1);
+        exitList();
         break;
     case CMARK_NODE_ITEM:
         exitItem();
@@ -255,10 +266,18 @@ void DocumentBuilder::enterList(cmark_node* node) {
     flushItem();
     const bool isOrdered = cmark_node_get_list_type(node) == CMARK_ORDERED_LIST;
     const bool endsWithParenthesis = cmark_node_get_list_delim(node) == CMARK_PAREN_DELIM;
-    m_lists.push_back({isOrdered, cmark_node_get_list_tight(node) != 0,
-                       isOrdered ? cmark_node_get_list_start(node) : 1,
+    const int start = isOrdered ? cmark_node_get_list_start(node) : 1;
+    m_lists.push_back({isOrdered, cmark_node_get_list_tight(node) != 0, start == 1, start,
                        endsWithParenthesis ? QStringLiteral(")") : QStringLiteral("."), nullptr});
     ++m_indent;
+}
+
+void DocumentBuilder::exitList() {
+    m_lists.pop_back();
+    --m_indent;
+    if (m_indent == 0 && !m_isBlockFresh) {
+        markLastBlock(lastInListProperty);
+    }
 }
 
 void DocumentBuilder::enterItem(cmark_node* node) {
@@ -281,6 +300,7 @@ void DocumentBuilder::exitItem() {
 void DocumentBuilder::flushItem() {
     if (m_pendingItem) {
         startBlock(BlockRole::Paragraph);
+        insertText(blockKeeper);
     }
 }
 
@@ -291,21 +311,18 @@ void DocumentBuilder::startBlock(BlockRole role, QTextBlockFormat format) {
         role = BlockRole::TightItem;
     }
     format.setProperty(blockRoleProperty, static_cast<int>(role));
-    const OpenList* const list = m_lists.empty() ? nullptr : &m_lists.back();
-    const bool hasTextMarker = isItem && list->isOrdered && list->list == nullptr &&
-                               list->number != 1 &&
-                               m_pendingItem->marker == QTextBlockFormat::MarkerType::NoMarker;
-    QString textMarker;
-    if (hasTextMarker) {
-        textMarker = QString::number(list->number) + list->numberSuffix + QStringLiteral("\u00A0 ");
-        format.setProperty(hangingMarkerProperty, textMarker);
+    const QString number = textMarker();
+    if (!number.isEmpty()) {
+        format.setProperty(hangingMarkerProperty, number);
     }
-    if (isItem) {
-        format.setMarker(m_pendingItem->marker);
-        m_pendingItem.reset();
+    const auto box = isItem ? m_pendingItem->marker : QTextBlockFormat::MarkerType::NoMarker;
+    if (box != QTextBlockFormat::MarkerType::NoMarker) {
+        format.setMarker(box);
     }
+    m_pendingItem.reset();
     // The list itself indents its blocks.
-    const bool isInList = isItem && !hasTextMarker;
+    const bool isInList =
+        isItem && number.isEmpty() && box == QTextBlockFormat::MarkerType::NoMarker;
     format.setIndent(isInList ? 0 : std::min(m_indent, maximumIndent));
     m_styler.style(format);
     if (m_isBlockFresh) {
@@ -318,7 +335,28 @@ void DocumentBuilder::startBlock(BlockRole role, QTextBlockFormat format) {
     if (isInList) {
         addToList(format);
     }
-    insertText(textMarker);
+    insertText(number);
+    addCheckBox(box);
+}
+
+QString DocumentBuilder::textMarker() const {
+    const bool isPlainItem =
+        m_pendingItem && m_pendingItem->marker == QTextBlockFormat::MarkerType::NoMarker;
+    if (!isPlainItem || !m_lists.back().isOrdered || m_lists.back().beginsAtOne) {
+        return {};
+    }
+    return QString::number(m_lists.back().number) + m_lists.back().numberSuffix + u'\u00A0' + u' ';
+}
+
+void DocumentBuilder::addCheckBox(QTextBlockFormat::MarkerType marker) {
+    if (marker == QTextBlockFormat::MarkerType::NoMarker) {
+        return;
+    }
+    QTextCharFormat format =
+        charFormat(marker == QTextBlockFormat::MarkerType::Checked ? TextRole::checkedBox
+                                                                   : TextRole::uncheckedBox);
+    format.setObjectType(CheckBoxes::objectType);
+    m_cursor.insertText(QChar(QChar::ObjectReplacementCharacter), format);
 }
 
 void DocumentBuilder::addToList(const QTextBlockFormat& format) {
@@ -354,13 +392,14 @@ void DocumentBuilder::addHeading(cmark_node* node) {
 
 void DocumentBuilder::anchorHeading(cmark_node* node) {
     QTextCursor cursor(m_cursor.block());
-    if (cursor.atBlockEnd()) {
+    if (cursor.atBlockEnd() || m_anchorCount >= maximumAnchors) {
         return;
     }
     cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
     QTextCharFormat anchor;
     anchor.setAnchorNames({anchorFor(node)});
     cursor.mergeCharFormat(anchor);
+    ++m_anchorCount;
 }
 
 QString DocumentBuilder::anchorFor(cmark_node* heading) {
@@ -372,12 +411,8 @@ QString DocumentBuilder::anchorFor(cmark_node* heading) {
             base += u'-';
         }
     }
-    QString anchor = base;
-    for (int i = 1; m_anchors.contains(anchor); ++i) {
-        anchor = base + u'-' + QString::number(i);
-    }
-    m_anchors.insert(anchor);
-    return anchor;
+    const int earlier = m_anchors[base]++;
+    return earlier == 0 ? base : base + u'-' + QString::number(earlier);
 }
 
 void DocumentBuilder::addCodeBlock(cmark_node* node) {
@@ -446,16 +481,16 @@ void DocumentBuilder::closeFrame() {
     if (frame.table == nullptr) {
         return;
     }
-    closeLastBlock();
+    markLastBlock(lastInFrameProperty);
     m_cursor = frame.table->lastCursorPosition();
     m_cursor.movePosition(QTextCursor::NextBlock);
     m_cursor.setBlockFormat({});
     m_isBlockFresh = true;
 }
 
-void DocumentBuilder::closeLastBlock() {
+void DocumentBuilder::markLastBlock(int property) {
     QTextBlockFormat format = m_cursor.blockFormat();
-    format.setProperty(lastInFrameProperty, true);
+    format.setProperty(property, true);
     m_styler.style(format);
     m_cursor.setBlockFormat(format);
 }

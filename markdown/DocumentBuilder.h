@@ -6,7 +6,7 @@
 #include "markdown/DocumentStyler.h"
 #include "markdown/FrameRole.h"
 
-#include <QSet>
+#include <QHash>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QTextList>
@@ -31,11 +31,12 @@ private:
     struct OpenList {
         bool isOrdered;
         bool isTight;
+        /// In other lists the numbers are text, as the document's own lists all begin at one.
+        bool beginsAtOne;
         /// The number of the next item of an ordered list.
         int number;
         QString numberSuffix;
-        /// The document's list, once it has an item; null in lists that do not begin at one, whose
-        /// numbers are text.
+        /// The document's list, once an item is in it.
         QTextList* list;
     };
 
@@ -58,21 +59,23 @@ private:
 
     void enterList(cmark_node* node);
     void enterItem(cmark_node* node);
+    void exitList();
     void exitItem();
     void enterTable(cmark_node* node);
     void enterTableCell(cmark_node* node);
     void addCodeBlock(cmark_node* node);
     void addHeading(cmark_node* node);
+    void addCheckBox(QTextBlockFormat::MarkerType marker);
     void addImage(cmark_node* node);
 
     void startBlock(BlockRole role, QTextBlockFormat format = {});
-    void startItemBlock(QTextBlockFormat& format);
     void addToList(const QTextBlockFormat& format);
+    QString textMarker() const;
     void flushItem();
     void pushRole(int role);
     QTextTable* openFrame(FrameRole role, int rows, int columns);
     void closeFrame();
-    void closeLastBlock();
+    void markLastBlock(int property);
     void insertText(const QString& text);
     QTextCharFormat charFormat(int extraRole = 0) const;
     void anchorHeading(cmark_node* node);
@@ -91,7 +94,9 @@ private:
     /// The address of the link being written, if it has one.
     QString m_link;
     std::optional<PendingItem> m_pendingItem;
-    QSet<QString> m_anchors;
+    /// How many headings have each anchor, not counting the numbers that tell them apart.
+    QHash<QString, int> m_anchors;
+    int m_anchorCount = 0;
     /// Levels of lists within the innermost frame.
     int m_indent = 0;
     int m_headingLevel = 0;

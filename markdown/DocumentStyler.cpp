@@ -1,6 +1,7 @@
 #include "markdown/DocumentStyler.h"
 
 #include "markdown/BlockRole.h"
+#include "markdown/CheckBoxes.h"
 #include "markdown/FrameRole.h"
 #include "markdown/TextRole.h"
 
@@ -93,9 +94,10 @@ void DocumentStyler::style(QTextCharFormat& format, int headingLevel) const {
     font.setUnderline((role & TextRole::link) != 0);
     format.setFont(font);
 
-    const bool isMuted = (role & (TextRole::quotation | TextRole::missingImage)) != 0;
-    format.setForeground(isMuted ? m_style.secondaryText : m_style.text);
-    if ((role & TextRole::link) != 0) {
+    constexpr int mutedRoles =
+        TextRole::quotation | TextRole::missingImage | TextRole::uncheckedBox;
+    format.setForeground((role & mutedRoles) != 0 ? m_style.secondaryText : m_style.text);
+    if ((role & (TextRole::link | TextRole::checkedBox)) != 0) {
         format.setForeground(m_style.link);
     }
     if ((role & TextRole::code) != 0) {
@@ -114,7 +116,7 @@ void DocumentStyler::style(QTextBlockFormat& format) const {
         below = em(0.5);
         break;
     case BlockRole::TightItem:
-        below = em(0.2);
+        below = format.boolProperty(lastInListProperty) ? below : em(0.2);
         break;
     case BlockRole::Code:
     case BlockRole::TableCell:
@@ -136,23 +138,21 @@ void DocumentStyler::style(QTextBlockFormat& format) const {
     const QString marker = format.stringProperty(hangingMarkerProperty);
     if (!marker.isEmpty()) {
         format.setTextIndent(-QFontMetricsF(m_style.font).horizontalAdvance(marker));
+    } else if (format.marker() != QTextBlockFormat::MarkerType::NoMarker) {
+        format.setTextIndent(-em(CheckBoxes::advance));
     }
 }
 
 void DocumentStyler::style(QTextTable& table) const {
     QTextTableFormat format = table.format();
-    const auto role = static_cast<FrameRole>(format.intProperty(frameRoleProperty));
-    const bool isTable = role == FrameRole::Table;
     format.setBorder(0);
     format.setBorderCollapse(true);
     format.setCellSpacing(0);
     format.setCellPadding(0);
-    format.setTopMargin(isTable ? em(0.2) : em(0.1));
+    // The space below the block before does not count next to a table.
+    format.setTopMargin(em(0.6));
     format.setBottomMargin(em(0.9));
     format.setLeftMargin(format.intProperty(frameIndentProperty) * em(1.8));
-    if (role == FrameRole::Code) {
-        format.setBackground(m_style.tintedBackground);
-    }
     table.setFormat(format);
     for (int row = 0; row < table.rows(); ++row) {
         for (int column = 0; column < table.columns(); ++column) {
@@ -166,7 +166,10 @@ QTextTableCellFormat DocumentStyler::cellFormat(const QTextTable& table, int row
     QTextTableCellFormat format = table.cellAt(row, column).format().toTableCellFormat();
     switch (static_cast<FrameRole>(table.format().intProperty(frameRoleProperty))) {
     case FrameRole::Code:
+        format.setBackground(m_style.tintedBackground);
         format.setPadding(em(0.7));
+        // Lines are taller at the bottom already.
+        format.setBottomPadding(em(0.45));
         break;
     case FrameRole::Quotation:
         format.setLeftBorder(quotationBarWidth);

@@ -77,24 +77,29 @@ private:
 
     void addLine(QByteArrayView line) {
         const qsizetype start = m_result.size();
-        const qsizetype prefixLength = addContainers(line);
-        if (mayDelimitTable(line) && cellsBelow(line) > maximumCells) {
-            m_result += '\\';
-        }
-        QByteArrayView rest = line.sliced(prefixLength);
+        QByteArrayView rest = line;
         while (rest.size() > maximumLine) {
             const QByteArrayView part = prefix(rest, maximumLine);
-            m_result += part;
-            m_result += "\n\n";
+            addPart(part);
+            m_result += '\n';
             rest = rest.sliced(part.size());
         }
-        m_result += rest;
-        m_result += '\n';
+        addPart(rest);
         m_run = isBlank(line) ? 0 : m_run + m_result.size() - start;
         if (m_run > maximumRun) {
             m_result += '\n';
             m_run = 0;
         }
+    }
+
+    /// Copies a line, or a part of one that is a line of its own from now on.
+    void addPart(QByteArrayView part) {
+        const qsizetype prefixLength = addContainers(part);
+        if (mayDelimitTable(part) && cellsBelow(part) > maximumCells) {
+            m_result += '\\';
+        }
+        m_result += part.sliced(prefixLength);
+        m_result += '\n';
     }
 
     /// Copies the indentation and the markers that begin a line; answers how much of it that was.

@@ -18,6 +18,8 @@ struct TextRole {
     static constexpr int tableHeader = 1 << 6;
     static constexpr int missingImage = 1 << 7;
     static constexpr int codeBlock = 1 << 8;
+    static constexpr int checkedBox = 1 << 9;
+    static constexpr int uncheckedBox = 1 << 10;
 };
 
 } // namespace quorvantel::markdown
