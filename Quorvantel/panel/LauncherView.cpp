@@ -15,8 +15,13 @@ namespace {
 using namespace LauncherLayout;
 
 constexpr int horizontalPadding = 18;
+/// The search row continues the columns of the rows below: the symbol is centred above their icons,
+/// the query starts where their names do.
+constexpr int iconColumnWidth = 28;
+constexpr int columnSpacing = 8;
+/// What QLineEdit leaves free before its text.
+constexpr int lineEditInset = 2;
 constexpr int symbolSize = 18;
-constexpr int symbolSpacing = 12;
 constexpr int searchFontSize = 18;
 constexpr int buttonSize = 28;
 constexpr int emptyStateFontSize = 13;
@@ -199,10 +204,10 @@ void LauncherView::resizeEvent(QResizeEvent* /*event*/) {
 }
 
 void LauncherView::layOut() {
-    const int fieldLeft = horizontalPadding + symbolSize + symbolSpacing;
+    const int fieldLeft = horizontalPadding + iconColumnWidth + columnSpacing - lineEditInset;
     const int buttonLeft = width() - horizontalPadding - buttonSize + (buttonSize - symbolSize) / 2;
     const bool hasButton = m_onSettings != nullptr;
-    const int fieldRight = hasButton ? buttonLeft - symbolSpacing : width() - horizontalPadding;
+    const int fieldRight = hasButton ? buttonLeft - columnSpacing : width() - horizontalPadding;
     m_searchField.setGeometry(fieldLeft, 0, fieldRight - fieldLeft, searchRowHeight);
     m_settingsButton.setGeometry(buttonLeft, (searchRowHeight - buttonSize) / 2, buttonSize,
                                  buttonSize);
@@ -223,10 +228,10 @@ void LauncherView::paintEvent(QPaintEvent* /*event*/) {
     painter.drawPath(
         continuousRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius));
 
-    paintSymbol(
-        painter, QStringLiteral("magnifyingglass"),
-        QRect(horizontalPadding, (searchRowHeight - symbolSize) / 2, symbolSize, symbolSize),
-        theme.secondaryText);
+    paintSymbol(painter, QStringLiteral("magnifyingglass"),
+                QRect(horizontalPadding + (iconColumnWidth - symbolSize) / 2,
+                      (searchRowHeight - symbolSize) / 2, symbolSize, symbolSize),
+                theme.secondaryText);
     if (height() > searchRowHeight) {
         painter.fillRect(QRect(0, searchRowHeight, width(), separatorHeight),
                          theme.separator.toQColor());

@@ -135,7 +135,9 @@ void ResultRowView::drawIcon(QPainter& painter, const QRect& frame) const {
 void ResultRowView::drawGlyphTile(QPainter& painter, const QRect& frame,
                                   const platform::Image& glyph) const {
     const ResolvedTheme& theme = m_theme.theme();
-    painter.fillPath(continuousRoundedRect(frame, iconRadius), theme.elevatedBackground.toQColor());
+    // On the selection the elevated background would all but vanish.
+    const ThemeColor fill = m_isSelected ? theme.primaryBackground : theme.elevatedBackground;
+    painter.fillPath(continuousRoundedRect(frame, iconRadius), fill.toQColor());
     QPixmap pixmap = m_icons.pixmapNow(glyph, glyphSize, devicePixelRatioF());
     if (pixmap.isNull()) {
         return;
@@ -156,7 +158,8 @@ void ResultRowView::drawTexts(QPainter& painter, const QRect& column) const {
     const QRect nameLine(column.left(), top, column.width(), nameMetrics.height());
     const QRect kindLine(column.left(), nameLine.top() + nameLine.height() + textGap,
                          column.width(), kindMetrics.height());
-    const int alignment = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine;
+    // Glyphs of a substituted font may reach below the line of the interface font.
+    const int alignment = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip;
     painter.setFont(nameFont);
     painter.setPen(theme.primaryText.toQColor());
     painter.drawText(
