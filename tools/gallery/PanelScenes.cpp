@@ -119,6 +119,14 @@ QImage searched(const Look& look, Targets targets, QStringView query) {
     return stage.onDesktop();
 }
 
+/// A query that found something and then, typed further, nothing.
+QImage withoutResults(const Look& look) {
+    PanelStage stage(look, desktopTargets());
+    stage.search(QStringLiteral("te"));
+    stage.search(QStringLiteral("texz"));
+    return stage.onDesktop();
+}
+
 QImage hovered(const Look& look) {
     PanelStage stage(look, desktopTargets());
     stage.search(QStringLiteral("ca"));
@@ -151,7 +159,7 @@ void appendStates(std::vector<Scene>& scenes, ColorScheme scheme) {
     add(
         u"many-results", [look] { return searched(look, desktopTargets(), u"s"); },
         Scene::Scales::All);
-    add(u"no-results", [look] { return searched(look, desktopTargets(), u"qwxz"); });
+    add(u"no-results", [look] { return withoutResults(look); });
     add(u"hover", [look] { return hovered(look); });
 }
 
