@@ -1,6 +1,10 @@
 #include "settings/ThemeManager.h"
 
+#include <QDebug>
+
 #include <array>
+#include <cmath>
+#include <cstdint>
 #include <utility>
 
 namespace quorvantel {
@@ -11,6 +15,8 @@ constexpr QStringView appearanceKey = u"appearance";
 constexpr QStringView presetKey = u"preset";
 constexpr QStringView accentHexKey = u"accentColorHex";
 constexpr QStringView themesRetiredKey = u"themesRetired_v1";
+constexpr QStringView accentMigratedKey = u"accentMigrated";
+constexpr QStringView archivedAccentKey = u"accentColor";
 
 constexpr std::array appearanceTexts{
     std::pair{ThemeManager::Appearance::Light, QStringView(u"light")},
@@ -47,43 +53,82 @@ auto valueOf(const Texts& texts, const QString& text) {
     return std::optional<Value>();
 }
 
-std::optional<QString> storedString(const platform::UserDefaults& defaults, QStringView key) {
-    const auto stored = defaults.value(key.toString());
-    const auto* const text = stored ? std::get_if<QString>(&*stored) : nullptr;
-    return text == nullptr ? std::nullopt : std::optional(*text);
+/// The value under a key if it has the type; one of another type is logged and left alone.
+template <typename Value>
+std::optional<Value> stored(const platform::UserDefaults& defaults, QStringView key) {
+    const auto value = defaults.value(key.toString());
+    if (!value) {
+        return std::nullopt;
+    }
+    if (const auto* const typed = std::get_if<Value>(&*value)) {
+        return *typed;
+    }
+    qWarning().noquote() << QStringLiteral("Quorvantel: the stored value of \"%1\" is of the wrong "
+                                           "type and is ignored")
+                                .arg(key);
+    return std::nullopt;
 }
 
-bool storedFlag(const platform::UserDefaults& defaults, QStringView key) {
-    const auto stored = defaults.value(key.toString());
-    const auto* const flag = stored ? std::get_if<bool>(&*stored) : nullptr;
-    return flag != nullptr && *flag;
+/// A component as a whole number from 0 to 255, for components from 0 to 1.
+std::int64_t scaled(double component) {
+    // 2^63, which a double holds exactly, unlike the largest number below it.
+    constexpr double limit = 9'223'372'036'854'775'808.0;
+    const double rounded = std::round(component * 255);
+    if (!(rounded >= -limit && rounded < limit)) {
+        qFatal("Quorvantel: a component of the archived accent colour is out of range");
+    }
+    return static_cast<std::int64_t>(rounded);
+}
+
+QString hexText(const platform::ColorComponents& color) {
+    const auto digits = [](double component) {
+        return static_cast<unsigned int>(scaled(component));
+    };
+    return QString::asprintf("#%02X%02X%02X", digits(color.red), digits(color.green),
+                             digits(color.blue));
 }
 
 } // namespace
 
-ThemeManager::ThemeManager(platform::UserDefaults& defaults, QObject* parent)
+ThemeManager::ThemeManager(platform::UserDefaults& defaults, ColorArchiveDecoder decodeColorArchive,
+                           QObject* parent)
     : QObject(parent), m_defaults(defaults) {
     loadStoredChoices();
+    if (const auto accentHex = stored<QString>(m_defaults, accentHexKey)) {
+        setAccentHex(*accentHex);
+    } else if (decodeColorArchive) {
+        migrateArchivedAccent(decodeColorArchive);
+    }
 }
 
 void ThemeManager::loadStoredChoices() {
     const auto appearance =
-        valueOf(appearanceTexts, storedString(m_defaults, appearanceKey).value_or(QString()));
+        valueOf(appearanceTexts, stored<QString>(m_defaults, appearanceKey).value_or(QString()));
     if (appearance) {
         setAppearance(*appearance);
     }
     const auto preset =
-        valueOf(presetTexts, storedString(m_defaults, presetKey).value_or(QString()));
+        valueOf(presetTexts, stored<QString>(m_defaults, presetKey).value_or(QString()));
     if (preset) {
         setPreset(*preset);
     }
-    if (!storedFlag(m_defaults, themesRetiredKey)) {
+    if (!stored<bool>(m_defaults, themesRetiredKey).value_or(false)) {
         setPreset(ThemePreset::Graphite);
         m_defaults.set(themesRetiredKey.toString(), true);
     }
-    if (const auto accentHex = storedString(m_defaults, accentHexKey)) {
-        setAccentHex(*accentHex);
+}
+
+void ThemeManager::migrateArchivedAccent(const ColorArchiveDecoder& decodeColorArchive) {
+    if (stored<bool>(m_defaults, accentMigratedKey).value_or(false)) {
+        return;
     }
+    const auto archive = stored<QByteArray>(m_defaults, archivedAccentKey);
+    const auto color = archive ? decodeColorArchive(*archive) : std::nullopt;
+    if (!color) {
+        return;
+    }
+    setAccentHex(hexText(*color));
+    m_defaults.set(accentMigratedKey.toString(), true);
 }
 
 void ThemeManager::setAppearance(Appearance appearance) {

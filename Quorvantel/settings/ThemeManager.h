@@ -1,9 +1,13 @@
 #pragma once
 
+#include "platform/ColorArchive.h"
 #include "platform/UserDefaults.h"
 #include "settings/ResolvedTheme.h"
 
 #include <QObject>
+
+#include <functional>
+#include <optional>
 
 namespace quorvantel {
 
@@ -21,9 +25,20 @@ public:
     /// use.
     static ThemeManager& shared();
 
+    /// Reads the colour out of what earlier versions stored as the accent; absent when it is none.
+    using ColorArchiveDecoder =
+        std::function<std::optional<platform::ColorComponents>(const QByteArray&)>;
+
     /// Reads the stored choices; unknown texts count as none. The first start of this version moves
-    /// every installation to the graphite preset once. `defaults` must outlive the manager.
-    explicit ThemeManager(platform::UserDefaults& defaults, QObject* parent = nullptr);
+    /// every installation to the graphite preset once.
+    ///
+    /// Where no accent text is stored, the colour that an earlier version archived becomes one,
+    /// once; without `decodeColorArchive` it stays what it is. Its components are rounded and not
+    /// limited, and one that no 64-bit number can hold ends the program. `defaults` must outlive
+    /// the manager.
+    explicit ThemeManager(platform::UserDefaults& defaults,
+                          ColorArchiveDecoder decodeColorArchive = nullptr,
+                          QObject* parent = nullptr);
 
     Appearance appearance() const { return m_appearance; }
     void setAppearance(Appearance appearance);
@@ -42,6 +57,7 @@ Q_SIGNALS:
 
 private:
     void loadStoredChoices();
+    void migrateArchivedAccent(const ColorArchiveDecoder& decodeColorArchive);
 
     platform::UserDefaults& m_defaults;
     Appearance m_appearance = Appearance::Auto;

@@ -4,7 +4,7 @@
 namespace quorvantel {
 
 ThemeManager& ThemeManager::shared() {
-    static ThemeManager instance(platform::standardUserDefaults());
+    static ThemeManager instance(platform::standardUserDefaults(), platform::decodeColorArchive);
     return instance;
 }
 

@@ -32,6 +32,8 @@ AppDelegate::AppDelegate(platform::Platform& platform, AppSettings& settings,
       m_hotKeyService(platform.globalHotKeys()),
       m_theme(themeManager, platform.systemAppearance()),
       m_icons(platform.imageLoader()),
+      m_settingsWindowController({settings, m_hotKeyActivity, themeManager, m_theme, m_icons,
+                                  platform.keyCapture(), platform.windowActivator(), [] {}}),
       m_indexer(AppIndexer::standardRoots(QDir::homePath()),
                 platform::launcherIdentifier.toString(), platform.bundleReader(),
                 platform.installedApplications()),
@@ -53,7 +55,7 @@ void AppDelegate::applicationDidFinishLaunching() {
 void AppDelegate::applicationWillTerminate() {
     m_settings.onHotKeyChange = nullptr;
     m_hotKeyService.unregister();
-    m_activeHotKey.reset();
+    m_hotKeyActivity.set(std::nullopt, std::nullopt);
 }
 
 void AppDelegate::buildLauncher() {
@@ -67,6 +69,7 @@ void AppDelegate::buildLauncher() {
     // The view and the controller end before this object, whose members they are.
     launcherView->onLaunch = [this](const LaunchTarget& target) { launch(target); };
     launcherView->onDismiss = [this] { dismissPanel(); };
+    launcherView->setOnSettings([this] { openSettings(); });
     launcherView->onHeightChange = [this](double height) {
         m_panelController->updateHeight(height);
     };
@@ -91,19 +94,17 @@ void AppDelegate::runIndex() {
 }
 
 void AppDelegate::registerHotKey(const HotKeyBinding& binding, bool fallbackToDefault) {
-    m_activeHotKey.reset();
     const auto toggle = [this] { togglePanel(); };
     const auto error = m_hotKeyService.registerHotKey(binding, toggle);
     if (!error) {
-        m_activeHotKey = binding;
+        m_hotKeyActivity.set(binding, std::nullopt);
         return;
     }
     log(QStringLiteral("hotkey registration failed: ") + error->description());
     const HotKeyBinding defaultBinding = HotKeyBinding::defaultBinding();
-    if (fallbackToDefault && binding != defaultBinding &&
-        !m_hotKeyService.registerHotKey(defaultBinding, toggle)) {
-        m_activeHotKey = defaultBinding;
-    }
+    const bool fellBack = fallbackToDefault && binding != defaultBinding &&
+                          !m_hotKeyService.registerHotKey(defaultBinding, toggle);
+    m_hotKeyActivity.set(fellBack ? std::optional(defaultBinding) : std::nullopt, error);
 }
 
 void AppDelegate::togglePanel() {
@@ -146,12 +147,13 @@ void AppDelegate::dismissPanel() {
     }
 }
 
-bool AppDelegate::isPanelVisible() const {
-    return m_panelController && m_panelController->isVisible();
+void AppDelegate::openSettings() {
+    dismissPanel();
+    m_settingsWindowController.show(m_learned);
 }
 
-std::optional<HotKeyBinding> AppDelegate::activeHotKey() const {
-    return m_activeHotKey;
+bool AppDelegate::isPanelVisible() const {
+    return m_panelController && m_panelController->isVisible();
 }
 
 SearchEngine& AppDelegate::engine() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/AppIndexer.h"
+#include "hotkey/HotKeyActivity.h"
 #include "hotkey/HotKeyService.h"
 #include "panel/IconCache.h"
 #include "panel/LauncherPanelController.h"
@@ -8,6 +9,7 @@
 #include "search/FrecencyStore.h"
 #include "search/LearnedAbbreviationStore.h"
 #include "search/SearchEngine.h"
+#include "settings/SettingsWindowController.h"
 #include "settings/ThemeManager.h"
 #include "settings/ThemedRoot.h"
 #include "shell/AppSettings.h"
@@ -55,10 +57,13 @@ public:
     /// Hides the panel; the search starts over.
     void dismissPanel();
 
+    /// Hides the panel and brings the settings window to the front.
+    void openSettings();
+
     bool isPanelVisible() const;
 
     /// The hotkey that summons the panel now; absent when none could be registered.
-    std::optional<HotKeyBinding> activeHotKey() const;
+    std::optional<HotKeyBinding> activeHotKey() const { return m_hotKeyActivity.active(); }
 
     SearchEngine& engine();
     const FrecencyStore& frecency() const { return m_frecency; }
@@ -79,12 +84,13 @@ private:
     HotKeyService m_hotKeyService;
     ThemedRoot m_theme;
     IconCache m_icons;
+    HotKeyActivity m_hotKeyActivity;
+    SettingsWindowController m_settingsWindowController;
     AppIndexer m_indexer;
     std::unique_ptr<SearchEngine> m_engine;
     std::unique_ptr<LauncherPanelController> m_panelController;
     /// When the last scan began; before it, the distant past.
     double m_lastIndexStart;
-    std::optional<HotKeyBinding> m_activeHotKey;
 };
 
 } // namespace quorvantel

@@ -1,0 +1,55 @@
+#include "settings/AdvancedSettingsPane.h"
+
+#include "settings/PlainButton.h"
+#include "settings/SettingsText.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace quorvantel {
+
+namespace {
+
+constexpr int spacing = 12;
+
+} // namespace
+
+AdvancedSettingsPane::AdvancedSettingsPane(LearnedAbbreviationStore& learned,
+                                           const SettingsServices& services, QWidget* parent)
+    : QWidget(parent), m_learned(learned) {
+    auto* const reset =
+        new PlainButton(QStringLiteral("Reset learned abbreviations"), services.theme);
+    connect(reset, &QPushButton::clicked, this, &AdvancedSettingsPane::askForConfirmation);
+
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->setSpacing(spacing);
+    layout->addWidget(
+        new SettingsText(QStringLiteral("Quorvantel learns which result you pick for a given "
+                                        "search and ranks it higher next time."),
+                         SettingsText::Style::Body, services.theme));
+    layout->addWidget(reset);
+}
+
+void AdvancedSettingsPane::askForConfirmation() {
+    if (m_confirmation) {
+        return;
+    }
+    const QString question = QStringLiteral("Reset learned abbreviations?");
+    m_confirmation =
+        new QMessageBox(QMessageBox::NoIcon, question, question, QMessageBox::NoButton, this);
+    m_confirmation->setAttribute(Qt::WA_DeleteOnClose);
+    m_confirmation->setInformativeText(QStringLiteral(
+        "This cannot be undone. All learned search→result associations will be cleared."));
+    const auto* const reset =
+        m_confirmation->addButton(QStringLiteral("Reset"), QMessageBox::DestructiveRole);
+    auto* const cancel =
+        m_confirmation->addButton(QStringLiteral("Cancel"), QMessageBox::RejectRole);
+    m_confirmation->setDefaultButton(cancel);
+    m_confirmation->setEscapeButton(cancel);
+    connect(reset, &QPushButton::clicked, this, [this] { m_learned.reset(); });
+    m_confirmation->open();
+}
+
+} // namespace quorvantel

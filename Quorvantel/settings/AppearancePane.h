@@ -1,0 +1,30 @@
+#pragma once
+
+#include "settings/SegmentedPill.h"
+#include "settings/ThemeManager.h"
+#include "settings/ThemedRoot.h"
+
+#include <QWidget>
+
+namespace quorvantel {
+
+/// The detail area of the Appearance section: light, dark or as the system, and the tint of the
+/// launcher's surface. A choice takes effect and is stored at once.
+class AppearancePane : public QWidget {
+    Q_OBJECT
+
+public:
+    /// The references must outlive the pane.
+    AppearancePane(ThemeManager& manager, const ThemedRoot& theme, QWidget* parent = nullptr);
+
+private:
+    SegmentedPill* addSection(const QString& heading, const QStringList& options,
+                              const QString& explanation);
+    void bindAppearance(SegmentedPill& pill);
+    void bindPreset(SegmentedPill& pill);
+
+    ThemeManager& m_manager;
+    const ThemedRoot& m_theme;
+};
+
+} // namespace quorvantel

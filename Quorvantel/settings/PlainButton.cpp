@@ -1,0 +1,53 @@
+#include "settings/PlainButton.h"
+
+#include "settings/FocusRing.h"
+#include "settings/InterfaceFont.h"
+
+#include <QPainter>
+
+namespace quorvantel {
+
+namespace {
+
+constexpr int fontSize = 13;
+/// Room for the focus ring.
+constexpr int verticalPadding = 3;
+constexpr int horizontalPadding = 4;
+constexpr double cornerRadius = 4;
+constexpr double pressedOpacity = 0.6;
+
+} // namespace
+
+PlainButton::PlainButton(const QString& label, const ThemedRoot& theme, QWidget* parent)
+    : QPushButton(label, parent), m_theme(theme) {
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setCursor(Qt::PointingHandCursor);
+    setAttribute(Qt::WA_Hover);
+    connect(&theme, &ThemedRoot::themeChanged, this, qOverload<>(&QWidget::update));
+}
+
+QSize PlainButton::sizeHint() const {
+    const QFontMetrics metrics(interfaceFont(fontSize, QFont::Medium));
+    return {metrics.horizontalAdvance(text()) + 2 * horizontalPadding,
+            metrics.height() + 2 * verticalPadding};
+}
+
+void PlainButton::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QFont font = interfaceFont(fontSize, QFont::Medium);
+    font.setUnderline(underMouse());
+    painter.setFont(font);
+    ThemeColor color = m_theme.theme().accent;
+    if (isDown()) {
+        color.opacity = pressedOpacity;
+    }
+    painter.setPen(color.toQColor());
+    painter.drawText(rect().adjusted(horizontalPadding, 0, -horizontalPadding, 0),
+                     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text());
+    if (showsFocus(*this)) {
+        drawFocusRing(painter, rect(), cornerRadius, m_theme.theme().accent);
+    }
+}
+
+} // namespace quorvantel

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "hotkey/HotKeyActivity.h"
+#include "panel/IconCache.h"
+#include "platform/KeyCapture.h"
+#include "platform/WindowActivator.h"
+#include "settings/ThemeManager.h"
+#include "settings/ThemedRoot.h"
+#include "shell/AppSettings.h"
+
+#include <functional>
+
+namespace quorvantel {
+
+/// What the settings window works on. All of it must outlive the window.
+struct SettingsServices {
+    AppSettings& settings;
+    const HotKeyActivity& hotKeyActivity;
+    ThemeManager& themeManager;
+    const ThemedRoot& theme;
+    IconCache& icons;
+    platform::KeyCapture& keyCapture;
+    platform::WindowActivator& windowActivator;
+    /// Brings up the help window.
+    std::function<void()> showHelp;
+};
+
+} // namespace quorvantel

@@ -1,0 +1,55 @@
+#include "settings/SettingsWindowController.h"
+
+#include <QCoreApplication>
+#include <QCursor>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QShortcut>
+#include <QStyle>
+#include <QWindow>
+
+#include <utility>
+
+namespace quorvantel {
+
+SettingsWindowController::SettingsWindowController(SettingsServices services, QObject* parent)
+    : QObject(parent), m_services(std::move(services)) {}
+
+void SettingsWindowController::show(LearnedAbbreviationStore& learned) {
+    if (!m_window) {
+        buildWindow(learned);
+    }
+    centre();
+    m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
+    m_window->show();
+    m_window->raise();
+    m_services.windowActivator.activate(*m_window->windowHandle());
+}
+
+void SettingsWindowController::buildWindow(LearnedAbbreviationStore& learned) {
+    m_window = std::make_unique<SettingsView>(learned, m_services);
+    m_window->setWindowTitle(QStringLiteral("Quorvantel Settings"));
+    SettingsView* const window = m_window.get();
+    const auto addShortcut = [window](Qt::Key key, auto action) {
+        const auto* const shortcut = new QShortcut(QKeySequence(Qt::CTRL | key), window);
+        connect(shortcut, &QShortcut::activated, window, action);
+    };
+    addShortcut(Qt::Key_W, [window] { window->close(); });
+    addShortcut(Qt::Key_Q, [] { QCoreApplication::quit(); });
+}
+
+void SettingsWindowController::centre() {
+    const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
+    if (screen == nullptr) {
+        screen = QGuiApplication::primaryScreen();
+    }
+    if (screen == nullptr) {
+        return;
+    }
+    const QRect available = screen->availableGeometry();
+    const QSize size = m_window->frameGeometry().size().boundedTo(available.size());
+    m_window->move(
+        QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size, available).topLeft());
+}
+
+} // namespace quorvantel

@@ -1,0 +1,62 @@
+#include "settings/SidebarRowDelegate.h"
+
+#include "panel/ContinuousCorners.h"
+#include "settings/FocusRing.h"
+#include "settings/InterfaceFont.h"
+
+#include <QPainter>
+
+namespace quorvantel {
+
+namespace {
+
+constexpr int rowHeight = 32;
+constexpr int rowSpacing = 2;
+constexpr int horizontalPadding = 8;
+constexpr int symbolSize = 16;
+constexpr int symbolSpacing = 8;
+constexpr int fontSize = 13;
+constexpr double cornerRadius = 8;
+
+} // namespace
+
+SidebarRowDelegate::SidebarRowDelegate(const ThemedRoot& theme, IconCache& icons, QObject* parent)
+    : QStyledItemDelegate(parent), m_theme(theme), m_icons(icons) {}
+
+QSize SidebarRowDelegate::sizeHint(const QStyleOptionViewItem& /*option*/,
+                                   const QModelIndex& /*index*/) const {
+    return {0, rowHeight + rowSpacing};
+}
+
+void SidebarRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                               const QModelIndex& index) const {
+    const ResolvedTheme& theme = m_theme.theme();
+    const QRect row = option.rect.adjusted(0, 0, 0, -rowSpacing);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+    if (isSelected) {
+        painter->fillPath(continuousRoundedRect(row, cornerRadius), theme.selectionFill.toQColor());
+    }
+    if (option.state.testFlag(QStyle::State_HasFocus) && showsFocus(*option.widget)) {
+        drawFocusRing(*painter, row, cornerRadius, theme.accent);
+    }
+
+    const QRect content = row.adjusted(horizontalPadding, 0, -horizontalPadding, 0);
+    const QPixmap symbol =
+        m_icons.pixmapNow(platform::Image::symbol(index.data(symbolRole).toString(), {}),
+                          symbolSize, option.widget->devicePixelRatioF());
+    if (!symbol.isNull()) {
+        const QPointF corner(content.left(), content.top() + (content.height() - symbolSize) / 2.0);
+        const ThemeColor color = isSelected ? theme.accent : theme.secondaryText;
+        painter->drawPixmap(corner, tinted(symbol, color.toQColor()));
+    }
+    painter->setFont(interfaceFont(fontSize));
+    painter->setPen(theme.primaryText.toQColor());
+    painter->drawText(content.adjusted(symbolSize + symbolSpacing, 0, 0, 0),
+                      Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                      index.data(Qt::DisplayRole).toString());
+    painter->restore();
+}
+
+} // namespace quorvantel
