@@ -4,7 +4,11 @@ namespace quorvantel {
 
 ThemedRoot::ThemedRoot(const ThemeManager& manager, const platform::SystemAppearance& system,
                        QObject* parent)
-    : QObject(parent), m_manager(manager), m_system(system), m_theme(current()) {
+    : QObject(parent),
+      m_manager(manager),
+      m_system(system),
+      m_theme(current()),
+      m_reducesTransparency(system.reducesTransparency()) {
     connect(&manager, &ThemeManager::appearanceChanged, this, &ThemedRoot::refresh);
     connect(&manager, &ThemeManager::presetChanged, this, &ThemedRoot::refresh);
     connect(&system, &platform::SystemAppearance::changed, this, &ThemedRoot::refresh);
@@ -12,10 +16,12 @@ ThemedRoot::ThemedRoot(const ThemeManager& manager, const platform::SystemAppear
 
 void ThemedRoot::refresh() {
     const ResolvedTheme theme = current();
-    if (theme == m_theme) {
+    const bool reducesTransparency = m_system.reducesTransparency();
+    if (theme == m_theme && reducesTransparency == m_reducesTransparency) {
         return;
     }
     m_theme = theme;
+    m_reducesTransparency = reducesTransparency;
     Q_EMIT themeChanged();
 }
 

@@ -11,7 +11,7 @@ namespace quorvantel {
 /// The palette at the root of a tree of views: the user's choices resolved for the scheme in force.
 ///
 /// Views read `theme()` when they draw and repaint on `themeChanged`, which fires only when a
-/// colour really changes. Main thread only.
+/// colour, or the wish for opaque surfaces, really changes. Main thread only.
 class ThemedRoot : public QObject {
     Q_OBJECT
 
@@ -23,7 +23,7 @@ public:
     const ResolvedTheme& theme() const { return m_theme; }
 
     /// Whether surfaces are to be drawn opaque even where the palette is glass.
-    bool reducesTransparency() const { return m_system.reducesTransparency(); }
+    bool reducesTransparency() const { return m_reducesTransparency; }
 
 Q_SIGNALS:
     void themeChanged();
@@ -35,6 +35,7 @@ private:
     const ThemeManager& m_manager;
     const platform::SystemAppearance& m_system;
     ResolvedTheme m_theme;
+    bool m_reducesTransparency;
 };
 
 /// The scheme for an appearance choice, given what the system prefers.

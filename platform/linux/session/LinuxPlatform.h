@@ -7,6 +7,7 @@
 #include "platform/linux/gui/IconThemeImageLoader.h"
 #include "platform/linux/gui/PaletteSystemAppearance.h"
 #include "platform/linux/gui/QtScreens.h"
+#include "platform/linux/portal/PortalSystemAppearance.h"
 #include "platform/linux/x11/X11ClickMonitor.h"
 #include "platform/linux/x11/X11Display.h"
 #include "platform/linux/x11/X11HotKeys.h"
@@ -51,7 +52,8 @@ private:
     DesktopEntryApplications m_installedApplications;
     GioWorkspace m_workspace;
     QtScreens m_screens;
-    PaletteSystemAppearance m_systemAppearance;
+    PaletteSystemAppearance m_paletteAppearance;
+    PortalSystemAppearance m_systemAppearance{QDBusConnection::sessionBus(), m_paletteAppearance};
     IconThemeImageLoader m_imageLoader;
 };
 
