@@ -23,7 +23,7 @@ trap 'rm -rf "$drawn"' EXIT
 echo "• Drawing"
 build/release/bin/gallery "$drawn" "$@" >/dev/null
 
-publish few-results-dark docs/images/panel.png
+publish many-results-dark docs/images/panel.png
 publish cutout-results resources/help/images/panel-results.png
 publish cutout-empty resources/help/images/panel-empty.png
 mkdir -p docs/gallery

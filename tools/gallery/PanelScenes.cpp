@@ -113,8 +113,16 @@ QImage emptyPanel(const Look& look) {
     return PanelStage(look, desktopTargets()).onDesktop();
 }
 
+/// The favourites of someone who uses the desktop.
+void haveHabits(PanelStage& stage) {
+    for (const QStringView name : {u"calendar", u"calculator", u"music", u"soundrecorder"}) {
+        stage.launchOften(QStringLiteral("org.example.") + name);
+    }
+}
+
 QImage searched(const Look& look, Targets targets, QStringView query) {
     PanelStage stage(look, std::move(targets));
+    haveHabits(stage);
     stage.search(query.toString());
     return stage.onDesktop();
 }
@@ -129,7 +137,8 @@ QImage withoutResults(const Look& look) {
 
 QImage hovered(const Look& look) {
     PanelStage stage(look, desktopTargets());
-    stage.search(QStringLiteral("ca"));
+    haveHabits(stage);
+    stage.search(QStringLiteral("so"));
     stage.moveDown(1);
     stage.hover(3);
     return stage.onDesktop();
@@ -138,6 +147,7 @@ QImage hovered(const Look& look) {
 /// For pages that bring their own ground.
 QImage cutOut(QStringView query) {
     PanelStage stage({ColorScheme::Dark}, desktopTargets());
+    haveHabits(stage);
     stage.search(query.toString());
     return withShadow(stage.panel(), LauncherLayout::cornerRadius, ColorScheme::Dark);
 }
@@ -155,9 +165,9 @@ void appendStates(std::vector<Scene>& scenes, ColorScheme scheme) {
     };
     add(
         u"empty", [look] { return emptyPanel(look); }, Scene::Scales::All);
-    add(u"few-results", [look] { return searched(look, desktopTargets(), u"ter"); });
+    add(u"few-results", [look] { return searched(look, desktopTargets(), u"cam"); });
     add(
-        u"many-results", [look] { return searched(look, desktopTargets(), u"s"); },
+        u"many-results", [look] { return searched(look, desktopTargets(), u"ca"); },
         Scene::Scales::All);
     add(u"no-results", [look] { return withoutResults(look); });
     add(u"hover", [look] { return hovered(look); });

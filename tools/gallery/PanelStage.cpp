@@ -45,6 +45,12 @@ PanelStage::PanelStage(const Look& look, std::vector<LaunchTarget> targets)
     settle();
 }
 
+void PanelStage::launchOften(const QString& identifier) {
+    for (int launch = 0; launch < 8; ++launch) {
+        m_frecency.record(identifier, currentReferenceDate());
+    }
+}
+
 void PanelStage::search(const QString& query) {
     m_engine.setQuery(query);
     settle();

@@ -45,6 +45,9 @@ class PanelStage {
 public:
     PanelStage(const Look& look, std::vector<LaunchTarget> targets);
 
+    /// Has the user have launched a target so often that it ranks higher.
+    void launchOften(const QString& identifier);
+
     void search(const QString& query);
 
     /// Presses Down this many times.

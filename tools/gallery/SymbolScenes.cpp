@@ -21,6 +21,7 @@ constexpr int tileSize = 28;
 constexpr int tileRadius = 7;
 constexpr int glyphSize = 17;
 constexpr int largeSize = 48;
+constexpr int edge = 24;
 
 QPixmap glyph(const QString& symbol, int points, const ThemeColor& color) {
     platform::IconThemeImageLoader loader;
@@ -44,7 +45,9 @@ QImage contactSheet(ColorScheme scheme) {
     const QStringList files = QDir(QStringLiteral(":/symbols")).entryList();
     const int rows = (static_cast<int>(files.size()) + columns - 1) / columns;
     const qreal scale = qGuiApp->devicePixelRatio();
-    const QSize size(columns * cellWidth + padding, rows * cellHeight + padding);
+    const QSize lastCell(largeSize + padding + tileSize, largeSize);
+    const QSize size((columns - 1) * cellWidth + lastCell.width() + 2 * edge,
+                     (rows - 1) * cellHeight + lastCell.height() + 2 * edge);
     QImage sheet((QSizeF(size) * scale).toSize(), QImage::Format_RGB32);
     sheet.setDevicePixelRatio(scale);
     sheet.fill(theme.primaryBackground.toQColor());
@@ -52,8 +55,8 @@ QImage contactSheet(ColorScheme scheme) {
     painter.setRenderHint(QPainter::Antialiasing);
     int index = 0;
     for (const QString& file : files) {
-        const QPoint corner(2 * padding + index % columns * cellWidth,
-                            2 * padding + index / columns * cellHeight);
+        const QPoint corner(edge + index % columns * cellWidth,
+                            edge + index / columns * cellHeight);
         drawCell(painter, corner, file.chopped(4), theme);
         ++index;
     }

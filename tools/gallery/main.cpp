@@ -51,7 +51,8 @@ int drawAll(const QString& directory, const QStringList& wanted, const QString& 
             continue;
         }
         const QString file = QStringLiteral("%1/%2@%3x.png").arg(directory, scene.name, scale);
-        if (!scene.draw().save(file)) {
+        // Quality 0 is the smallest file, without loss.
+        if (!scene.draw().save(file, "PNG", 0)) {
             QTextStream(stderr) << "Cannot write " << file << '\n';
             return EXIT_FAILURE;
         }
