@@ -1,0 +1,26 @@
+#include "help/HelpBundle.h"
+
+#include "markdown/ContainedFolder.h"
+
+#include <QDir>
+
+namespace quorvantel::help {
+
+HelpBundle::HelpBundle(const QString& root) : m_root(root) {}
+
+bool HelpBundle::contains(const QString& name) const {
+    return markdown::ContainedFolder(m_root).find(name).has_value();
+}
+
+std::optional<QByteArray> HelpBundle::read(const QString& name, qint64 maximumSize) const {
+    return markdown::ContainedFolder(m_root).read(name, maximumSize);
+}
+
+QUrl HelpBundle::baseUrl() const {
+    if (m_root.startsWith(u':')) {
+        return QUrl(QStringLiteral("qrc") + m_root + u'/');
+    }
+    return QUrl::fromLocalFile(QDir(m_root).absolutePath() + u'/');
+}
+
+} // namespace quorvantel::help

@@ -1,0 +1,59 @@
+#include "help/HelpMenu.h"
+
+#include "help/HelpWindow.h"
+
+#include <QDebug>
+
+#include <utility>
+
+namespace quorvantel::help {
+
+namespace {
+
+HelpWindow::Content load(const QString& manifestName, const HelpBundle& bundle) {
+    try {
+        return loadHelpContent(manifestName, bundle);
+    } catch (const HelpContentError& error) {
+        qWarning().noquote() << error.description();
+        return error;
+    }
+}
+
+} // namespace
+
+HelpMenu::HelpMenu(HelpBundle bundle, QString manifestName, HelpStyle style, QObject* parent)
+    : QObject(parent),
+      m_bundle(std::move(bundle)),
+      m_manifestName(std::move(manifestName)),
+      m_style(std::move(style)) {}
+
+HelpMenu::~HelpMenu() = default;
+
+void HelpMenu::showHelp() {
+    if (!m_window) {
+        m_window = std::make_unique<HelpWindow>(load(m_manifestName, m_bundle), m_bundle, m_style);
+    }
+    if (m_window->isMinimized()) {
+        m_window->showNormal();
+    }
+    m_window->show();
+    m_window->raise();
+    m_window->activateWindow();
+}
+
+void HelpMenu::setStyle(const HelpStyle& style) {
+    m_style = style;
+    if (m_window) {
+        m_window->setStyle(style);
+    }
+}
+
+QAction* HelpMenu::addCommand(QWidget& window, const QString& text) {
+    auto* const action = new QAction(text, &window);
+    action->setShortcut(QKeySequence(Qt::Key_F1));
+    connect(action, &QAction::triggered, this, &HelpMenu::showHelp);
+    window.addAction(action);
+    return action;
+}
+
+} // namespace quorvantel::help
