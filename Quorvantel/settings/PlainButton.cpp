@@ -1,5 +1,6 @@
 #include "settings/PlainButton.h"
 
+#include "panel/ContinuousCorners.h"
 #include "settings/FocusRing.h"
 #include "settings/InterfaceFont.h"
 
@@ -10,9 +11,7 @@ namespace quorvantel {
 namespace {
 
 constexpr int fontSize = 13;
-/// Room for the focus ring.
 constexpr int verticalPadding = 3;
-constexpr int horizontalPadding = 4;
 constexpr double cornerRadius = 4;
 constexpr double pressedOpacity = 0.6;
 
@@ -28,26 +27,26 @@ PlainButton::PlainButton(const QString& label, const ThemedRoot& theme, QWidget*
 
 QSize PlainButton::sizeHint() const {
     const QFontMetrics metrics(interfaceFont(fontSize, QFont::Medium));
-    return {metrics.horizontalAdvance(text()) + 2 * horizontalPadding,
-            metrics.height() + 2 * verticalPadding};
+    return {metrics.horizontalAdvance(text()), metrics.height() + 2 * verticalPadding};
 }
 
 void PlainButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    const bool isFocused = showsFocus(*this);
+    if (isFocused) {
+        painter.fillPath(continuousRoundedRect(rect(), cornerRadius),
+                         m_theme.theme().selectionFill.toQColor());
+    }
     QFont font = interfaceFont(fontSize, QFont::Medium);
-    font.setUnderline(underMouse());
+    font.setUnderline(underMouse() || isFocused);
     painter.setFont(font);
     ThemeColor color = m_theme.theme().accent;
     if (isDown()) {
         color.opacity = pressedOpacity;
     }
     painter.setPen(color.toQColor());
-    painter.drawText(rect().adjusted(horizontalPadding, 0, -horizontalPadding, 0),
-                     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text());
-    if (showsFocus(*this)) {
-        drawFocusRing(painter, rect(), cornerRadius, m_theme.theme().accent);
-    }
+    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text());
 }
 
 } // namespace quorvantel

@@ -6,7 +6,8 @@
 
 namespace quorvantel {
 
-/// A push button without a frame: its label in the accent colour, underlined under the pointer.
+/// A push button without a frame: its label in the accent colour, underlined under the pointer and
+/// on a tinted ground while it has the keyboard focus.
 class PlainButton : public QPushButton {
     Q_OBJECT
 

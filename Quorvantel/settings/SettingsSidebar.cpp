@@ -17,6 +17,7 @@ SettingsSidebar::SettingsSidebar(const ThemedRoot& theme, IconCache& icons, QWid
     : QListWidget(parent), m_theme(theme) {
     setAccessibleName(QStringLiteral("Sections"));
     setFrameShape(QFrame::NoFrame);
+    setAutoFillBackground(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setViewportMargins(padding, padding, padding, padding);
     setMinimumWidth(narrowest);
