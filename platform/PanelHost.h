@@ -17,9 +17,6 @@ public:
     /// The flags that the panel's window is to be created with.
     virtual Qt::WindowFlags windowFlags() const = 0;
 
-    /// Whether translucent parts of a window show what is behind it; without, they show nothing.
-    virtual bool isComposited() const = 0;
-
     /// Gives the shown window the keyboard; typing reaches it at once. The window may be destroyed
     /// while it has the keyboard.
     virtual void takeKeyboard(QWindow& window) = 0;

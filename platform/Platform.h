@@ -10,6 +10,7 @@
 #include "platform/Screens.h"
 #include "platform/SystemAppearance.h"
 #include "platform/WindowActivator.h"
+#include "platform/WindowBackdrop.h"
 #include "platform/Workspace.h"
 
 #include <memory>
@@ -29,6 +30,7 @@ public:
     virtual ClickMonitor& clickMonitor() = 0;
     virtual PanelHost& panelHost() = 0;
     virtual WindowActivator& windowActivator() = 0;
+    virtual WindowBackdrop& windowBackdrop() = 0;
     virtual Screens& screens() = 0;
     virtual SystemAppearance& systemAppearance() = 0;
     virtual ImageLoader& imageLoader() = 0;

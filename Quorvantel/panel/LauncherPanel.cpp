@@ -5,21 +5,30 @@
 #include "panel/PanelPlacement.h"
 
 #include <QMouseEvent>
+#include <QWindow>
 
 namespace quorvantel {
 
-LauncherPanel::LauncherPanel(QWidget* content, platform::PanelHost& host)
-    : QWidget(nullptr, host.windowFlags()), m_host(host), m_content(content) {
+LauncherPanel::LauncherPanel(LauncherView* view, const platform::PanelHost& host,
+                             platform::WindowBackdrop& backdrop)
+    : QWidget(nullptr, host.windowFlags()),
+      m_backdrop(backdrop),
+      m_view(view),
+      m_shadow(host.windowFlags()) {
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setWindowTitle(QStringLiteral("Quorvantel"));
     resize(static_cast<int>(PanelPlacement::width),
            static_cast<int>(PanelPlacement::initialHeight));
-    content->setParent(this);
-    content->setGeometry(rect());
-    setFocusProxy(content);
-    // The native window exists from now on, so that showing the panel creates nothing.
-    winId();
+    view->setParent(this);
+    view->setGeometry(rect());
+    setFocusProxy(view);
+    connect(view, &LauncherView::translucencyChanged, this, &LauncherPanel::fitBlur);
+    // The native windows exist from now on, so that showing the panel creates nothing.
+    for (QWidget* const window : {static_cast<QWidget*>(this), static_cast<QWidget*>(&m_shadow)}) {
+        window->winId();
+        backdrop.prepare(*window->windowHandle());
+    }
 }
 
 void LauncherPanel::mousePressEvent(QMouseEvent* event) {
@@ -40,28 +49,48 @@ void LauncherPanel::mouseReleaseEvent(QMouseEvent* /*event*/) {
 
 void LauncherPanel::moveEvent(QMoveEvent* event) {
     QWidget::moveEvent(event);
+    m_shadow.surround(geometry());
     Q_EMIT moved();
 }
 
 void LauncherPanel::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    m_content->setGeometry(rect());
-    cutCorners();
+    m_view->setGeometry(rect());
+    fitBackdrop();
 }
 
 void LauncherPanel::showEvent(QShowEvent* event) {
+    m_isComposited = m_backdrop.isComposited();
+    m_view->setBlurAvailable(m_isComposited && m_backdrop.offersBlur());
+    fitBackdrop();
+    m_shadow.setVisible(m_isComposited);
     QWidget::showEvent(event);
-    cutCorners();
 }
 
-void LauncherPanel::cutCorners() {
-    if (m_host.isComposited()) {
+void LauncherPanel::hideEvent(QHideEvent* event) {
+    m_shadow.hide();
+    QWidget::hideEvent(event);
+}
+
+void LauncherPanel::fitBackdrop() {
+    m_shadow.surround(geometry());
+    fitBlur();
+    if (m_isComposited) {
         clearMask();
         return;
     }
     // Without a compositor the transparent corners would be black.
     const auto outline = continuousRoundedRect(rect(), LauncherLayout::cornerRadius);
     setMask(QRegion(outline.toFillPolygon().toPolygon()));
+}
+
+void LauncherPanel::fitBlur() {
+    QRegion region;
+    if (m_view->isTranslucent()) {
+        const auto outline = continuousRoundedRect(rect(), LauncherLayout::cornerRadius);
+        region = QRegion(outline.toFillPolygon().toPolygon());
+    }
+    m_backdrop.setBlurBehind(*windowHandle(), region);
 }
 
 } // namespace quorvantel

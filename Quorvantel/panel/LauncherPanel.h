@@ -1,6 +1,9 @@
 #pragma once
 
+#include "panel/LauncherView.h"
+#include "panel/PanelShadow.h"
 #include "platform/PanelHost.h"
+#include "platform/WindowBackdrop.h"
 
 #include <QPointF>
 #include <QWidget>
@@ -15,8 +18,10 @@ class LauncherPanel : public QWidget {
     Q_OBJECT
 
 public:
-    /// Takes ownership of `content`, which fills the panel. `host` must outlive the panel.
-    LauncherPanel(QWidget* content, platform::PanelHost& host);
+    /// Takes ownership of `view`, which fills the panel. The platform objects must outlive the
+    /// panel.
+    LauncherPanel(LauncherView* view, const platform::PanelHost& host,
+                  platform::WindowBackdrop& backdrop);
 
 Q_SIGNALS:
     /// The window has another place, whoever moved it.
@@ -26,15 +31,20 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
-    void cutCorners();
+    void fitBackdrop();
+    void fitBlur();
 
-    platform::PanelHost& m_host;
-    QWidget* m_content;
+    platform::WindowBackdrop& m_backdrop;
+    LauncherView* m_view;
+    PanelShadow m_shadow;
+    /// As of the last showing; asking takes a round trip to the window system.
+    bool m_isComposited = false;
     /// Where in the window the user holds it; absent while it is not dragged.
     std::optional<QPoint> m_grip;
 };

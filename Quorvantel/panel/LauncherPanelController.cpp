@@ -7,13 +7,14 @@ namespace quorvantel {
 LauncherPanelController::LauncherPanelController(LauncherView* view, platform::PanelHost& host,
                                                  const platform::Screens& screens,
                                                  platform::ClickMonitor& clickMonitor,
+                                                 platform::WindowBackdrop& backdrop,
                                                  QObject* parent)
     : QObject(parent),
       m_host(host),
       m_screens(screens),
       m_clickMonitor(clickMonitor),
       m_view(view),
-      m_panel(view, host) {
+      m_panel(view, host, backdrop) {
     connect(&m_panel, &LauncherPanel::moved, this, &LauncherPanelController::panelMoved);
 }
 

@@ -6,6 +6,7 @@
 #include "platform/ClickMonitor.h"
 #include "platform/PanelHost.h"
 #include "platform/Screens.h"
+#include "platform/WindowBackdrop.h"
 
 #include <QObject>
 
@@ -26,7 +27,7 @@ public:
     /// Takes ownership of `view`. The platform objects must outlive the controller.
     LauncherPanelController(LauncherView* view, platform::PanelHost& host,
                             const platform::Screens& screens, platform::ClickMonitor& clickMonitor,
-                            QObject* parent = nullptr);
+                            platform::WindowBackdrop& backdrop, QObject* parent = nullptr);
     ~LauncherPanelController() override;
 
     /// Called at the end of each hiding.

@@ -2,6 +2,7 @@
 
 #include "panel/ContinuousCorners.h"
 #include "panel/LauncherLayout.h"
+#include "panel/accessibility/PanelAccessible.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -51,7 +52,9 @@ LauncherView::LauncherView(SearchEngine& engine, const platform::Screens& screen
       m_icons(icons),
       m_searchField(this),
       m_settingsButton(this),
-      m_list(theme, icons, this) {
+      m_list(theme, icons, this),
+      m_emptyState(this) {
+    PanelAccessible::install();
     m_searchField.setFrame(false);
     m_searchField.setFont(interfaceFont(searchFontSize));
     m_searchField.setPlaceholderText(QStringLiteral("Search apps and settings…"));
@@ -88,6 +91,17 @@ void LauncherView::setOnSettings(std::function<void()> onSettings) {
     layOut();
 }
 
+void LauncherView::setBlurAvailable(bool isAvailable) {
+    if (std::exchange(m_isBlurAvailable, isAvailable) != isAvailable) {
+        update();
+        Q_EMIT translucencyChanged();
+    }
+}
+
+bool LauncherView::isTranslucent() const {
+    return m_theme.theme().isGlass && m_isBlurAvailable && !m_theme.reducesTransparency();
+}
+
 void LauncherView::focusSearchField() {
     m_searchField.setFocus(Qt::ActiveWindowFocusReason);
 }
@@ -96,19 +110,24 @@ void LauncherView::showQuery() {
     if (m_searchField.text() != m_engine.query()) {
         m_searchField.setText(m_engine.query());
     }
-    m_list.setVisible(!hasEmptyState());
+    showListOrEmptyState();
     update();
 }
 
 void LauncherView::showResults() {
     m_list.setResults(m_engine.results());
-    m_list.setVisible(!hasEmptyState());
+    showListOrEmptyState();
     resetSelection();
     update();
     if (onHeightChange) {
         onHeightChange(
             neededHeight(static_cast<int>(m_engine.results().size()), !m_engine.query().isEmpty()));
     }
+}
+
+void LauncherView::showListOrEmptyState() {
+    m_list.setVisible(!hasEmptyState());
+    m_emptyState.setVisible(hasEmptyState());
 }
 
 void LauncherView::resetSelection() {
@@ -136,6 +155,7 @@ void LauncherView::applyTheme() {
     m_settingsButton.setIcon(QIcon(tinted(m_icons.pixmapNow(gear, symbolSize, devicePixelRatioF()),
                                           theme.secondaryText.toQColor())));
     update();
+    Q_EMIT translucencyChanged();
 }
 
 void LauncherView::launchRow(int row) {
@@ -213,6 +233,7 @@ void LauncherView::layOut() {
                                  buttonSize);
     const int listTop = searchRowHeight + separatorHeight;
     m_list.setGeometry(0, listTop, width(), std::max(0, height() - listTop));
+    m_emptyState.setGeometry(0, listTop, width(), emptyStateHeight);
 }
 
 void LauncherView::paintEvent(QPaintEvent* /*event*/) {
@@ -220,8 +241,7 @@ void LauncherView::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
 
-    const bool isTranslucent = theme.isGlass && !m_theme.reducesTransparency();
-    const ThemeColor fill = isTranslucent ? theme.glassTint : theme.primaryBackground;
+    const ThemeColor fill = isTranslucent() ? theme.glassTint : theme.primaryBackground;
     const ThemeColor border = theme.isGlass ? theme.glassBorder : theme.panelBorder;
     painter.fillPath(continuousRoundedRect(rect(), cornerRadius), fill.toQColor());
     painter.setPen(QPen(border.toQColor(), 1));
@@ -252,7 +272,7 @@ void LauncherView::paintSymbol(QPainter& painter, const QString& symbol, const Q
 
 void LauncherView::paintEmptyState(QPainter& painter) {
     const ThemeColor color = m_theme.theme().secondaryText;
-    const QString text = QStringLiteral("No results");
+    const QString text = EmptyStateView::text();
     const QFont font = interfaceFont(emptyStateFontSize);
     const int textWidth = QFontMetrics(font).horizontalAdvance(text);
     const int top = searchRowHeight + separatorHeight;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "panel/EmptyStateView.h"
 #include "panel/IconCache.h"
 #include "panel/ResultListView.h"
 #include "panel/ResultSelection.h"
@@ -40,8 +41,17 @@ public:
 
     int selectedIndex() const { return m_selection.selectedIndex(); }
 
+    /// Whether the desktop blurs what is behind the panel; a glass palette is opaque without.
+    void setBlurAvailable(bool isAvailable);
+
+    /// Whether what is behind the panel shows through.
+    bool isTranslucent() const;
+
     /// Puts the typing caret into the search field.
     void focusSearchField();
+
+Q_SIGNALS:
+    void translucencyChanged();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -51,6 +61,7 @@ protected:
 private:
     void showQuery();
     void showResults();
+    void showListOrEmptyState();
     void resetSelection();
     void applyTheme();
     void applySelection();
@@ -68,10 +79,12 @@ private:
     const ThemedRoot& m_theme;
     IconCache& m_icons;
     ResultSelection m_selection;
+    bool m_isBlurAvailable = false;
     std::function<void()> m_onSettings;
     QLineEdit m_searchField;
     QToolButton m_settingsButton;
     ResultListView m_list;
+    EmptyStateView m_emptyState;
 };
 
 } // namespace quorvantel

@@ -1,6 +1,7 @@
 #include "panel/ResultListView.h"
 
 #include "panel/LauncherLayout.h"
+#include "panel/accessibility/ResultListAccessible.h"
 
 #include <QMouseEvent>
 #include <QWheelEvent>
@@ -39,11 +40,13 @@ void ResultListView::setResults(const std::vector<LaunchTarget>& results) {
     m_hoveredRow = -1;
     m_pressedRow = -1;
     bindRows();
+    ResultListAccessible::resultsChanged(*this);
 }
 
 void ResultListView::setSelectedIndex(int index) {
     m_selectedIndex = index;
     bindRows();
+    ResultListAccessible::selectionChanged(*this);
 }
 
 void ResultListView::scrollToCentre(int row) {
@@ -63,6 +66,10 @@ int ResultListView::rowAt(const QPoint& point) const {
     const bool isOnRow = y >= 0 && y % (rowHeight + rowSpacing) < rowHeight;
     const bool isInside = rect().adjusted(listPadding, 0, -listPadding, 0).contains(point);
     return isOnRow && isInside && row < static_cast<int>(m_results.size()) ? row : -1;
+}
+
+QRect ResultListView::rowRect(int row) const {
+    return {listPadding, rowTop(row) - m_scrollOffset, width() - 2 * listPadding, rowHeight};
 }
 
 void ResultListView::leaveEvent(QEvent* /*event*/) {
@@ -134,8 +141,7 @@ void ResultListView::bindRows() {
     std::size_t slot = 0;
     for (int row = first; row < end; ++row) {
         ResultRowView& view = rowView(slot++);
-        view.setGeometry(listPadding, rowTop(row) - m_scrollOffset, width() - 2 * listPadding,
-                         rowHeight);
+        view.setGeometry(rowRect(row));
         view.setTarget(m_results[static_cast<std::size_t>(row)]);
         view.setSelected(row == m_selectedIndex);
         view.setHovered(row == m_hoveredRow);

@@ -26,7 +26,10 @@ public:
     /// Shows other results, from the first one on.
     void setResults(const std::vector<LaunchTarget>& results);
 
+    const std::vector<LaunchTarget>& results() const { return m_results; }
+
     void setSelectedIndex(int index);
+    int selectedIndex() const { return m_selectedIndex; }
 
     /// Scrolls, in a tenth of a second, until the row is in the middle or the list ends.
     void scrollToCentre(int row);
@@ -37,9 +40,13 @@ public:
     /// The row at a point of this widget; -1 between the rows and beyond them.
     int rowAt(const QPoint& point) const;
 
+    /// Where a row is, in this widget's coordinates, even if it is out of sight.
+    QRect rowRect(int row) const;
+
 Q_SIGNALS:
     /// The mouse moved onto another row.
     void rowEntered(int row);
+    /// The user opens the row, by a click or through assistive technology.
     void rowClicked(int row);
 
 protected:

@@ -50,8 +50,6 @@ void ResultRowView::setTarget(const LaunchTarget& target) {
         m_isHovered = false;
     }
     m_target = target;
-    setAccessibleName(target.displayName());
-    setAccessibleDescription(kindText(target));
     update();
 }
 

@@ -65,7 +65,8 @@ void AppDelegate::buildLauncher() {
     auto view = std::make_unique<LauncherView>(*m_engine, m_platform.screens(), m_theme, m_icons);
     LauncherView* const launcherView = view.get();
     m_panelController = std::make_unique<LauncherPanelController>(
-        view.release(), m_platform.panelHost(), m_platform.screens(), m_platform.clickMonitor());
+        view.release(), m_platform.panelHost(), m_platform.screens(), m_platform.clickMonitor(),
+        m_platform.windowBackdrop());
     // The view and the controller end before this object, whose members they are.
     launcherView->onLaunch = [this](const LaunchTarget& target) { launch(target); };
     launcherView->onDismiss = [this] { dismissPanel(); };

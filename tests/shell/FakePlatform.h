@@ -119,11 +119,19 @@ public:
 class FakePanelHost : public platform::PanelHost {
 public:
     Qt::WindowFlags windowFlags() const override { return Qt::Tool | Qt::FramelessWindowHint; }
-    bool isComposited() const override { return true; }
     void takeKeyboard(QWindow&) override { hasKeyboard = true; }
     void releaseKeyboard(QWindow&) override { hasKeyboard = false; }
 
     bool hasKeyboard = false;
+};
+
+/// A desktop without a compositor.
+class FakeBackdrop : public platform::WindowBackdrop {
+public:
+    void prepare(QWindow& /*window*/) override {}
+    bool isComposited() const override { return false; }
+    bool offersBlur() const override { return false; }
+    void setBlurBehind(QWindow& /*window*/, const QRegion& /*region*/) override {}
 };
 
 /// A keyboard that nobody can capture.
@@ -152,6 +160,7 @@ public:
     platform::PanelHost& panelHost() override { return host; }
     platform::KeyCapture& keyCapture() override { return capture; }
     platform::WindowActivator& windowActivator() override { return activator; }
+    platform::WindowBackdrop& windowBackdrop() override { return backdrop; }
     platform::Screens& screens() override { return fakeScreens; }
     platform::SystemAppearance& systemAppearance() override { return appearance; }
     platform::ImageLoader& imageLoader() override { return loader; }
@@ -164,6 +173,7 @@ public:
     FakePanelHost host;
     FakeKeyCapture capture;
     FakeWindowActivator activator;
+    FakeBackdrop backdrop;
     FakeScreens fakeScreens;
     FakeSystemAppearance appearance;
     FakeImageLoader loader;

@@ -10,6 +10,7 @@ LinuxPlatform::LinuxPlatform(const X11Display& display)
       m_keyCapture(display, m_hotKeys),
       m_clickMonitor(m_rawEvents),
       m_panelHost(display),
+      m_windowBackdrop(display),
       m_windowActivator(display, m_userTime),
       m_startupNotifier(display, m_userTime),
       m_workspace(m_bundleReader, &m_startupNotifier, nullptr) {}

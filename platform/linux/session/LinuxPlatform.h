@@ -17,6 +17,7 @@
 #include "platform/linux/x11/X11StartupNotifier.h"
 #include "platform/linux/x11/X11UserTime.h"
 #include "platform/linux/x11/X11WindowActivator.h"
+#include "platform/linux/x11/X11WindowBackdrop.h"
 
 namespace quorvantel::platform {
 
@@ -33,6 +34,7 @@ public:
     ClickMonitor& clickMonitor() override { return m_clickMonitor; }
     PanelHost& panelHost() override { return m_panelHost; }
     WindowActivator& windowActivator() override { return m_windowActivator; }
+    WindowBackdrop& windowBackdrop() override { return m_windowBackdrop; }
     Screens& screens() override { return m_screens; }
     SystemAppearance& systemAppearance() override { return m_systemAppearance; }
     ImageLoader& imageLoader() override { return m_imageLoader; }
@@ -45,6 +47,7 @@ private:
     X11KeyCapture m_keyCapture;
     X11ClickMonitor m_clickMonitor;
     X11PanelHost m_panelHost;
+    X11WindowBackdrop m_windowBackdrop;
     X11UserTime m_userTime;
     X11WindowActivator m_windowActivator;
     X11StartupNotifier m_startupNotifier;

@@ -15,22 +15,13 @@ constexpr int retryAttempts = 15;
 
 } // namespace
 
-X11PanelHost::X11PanelHost(const X11Display& display)
-    : m_display(display), m_compositingManager(display.atom("_NET_WM_CM_S0")) {
+X11PanelHost::X11PanelHost(const X11Display& display) : m_display(display) {
     m_retry.setInterval(retryInterval);
     QObject::connect(&m_retry, &QTimer::timeout, &m_retry, [this] { tryGrab(); });
 }
 
 Qt::WindowFlags X11PanelHost::windowFlags() const {
     return Qt::Tool | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint;
-}
-
-bool X11PanelHost::isComposited() const {
-    // Extended Window Manager Hints: the compositing manager of a screen owns this selection.
-    const XcbPointer<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
-        m_display.connection, xcb_get_selection_owner(m_display.connection, m_compositingManager),
-        nullptr));
-    return reply && reply->owner != XCB_WINDOW_NONE;
 }
 
 void X11PanelHost::takeKeyboard(QWindow& window) {

@@ -20,7 +20,6 @@ public:
     explicit X11PanelHost(const X11Display& display);
 
     Qt::WindowFlags windowFlags() const override;
-    bool isComposited() const override;
     void takeKeyboard(QWindow& window) override;
     void releaseKeyboard(QWindow& window) override;
 
@@ -29,7 +28,6 @@ private:
     void takeFocus();
 
     X11Display m_display;
-    xcb_atom_t m_compositingManager;
     QPointer<QWindow> m_window;
     QTimer m_retry;
     int m_attemptsLeft = 0;

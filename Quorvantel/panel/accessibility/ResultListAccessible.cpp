@@ -1,0 +1,146 @@
+#include "panel/accessibility/ResultListAccessible.h"
+
+#include "panel/accessibility/ResultRowAccessible.h"
+
+#include <utility>
+
+namespace quorvantel {
+
+namespace {
+
+void notifyOfState(QAccessibleInterface& row, bool isSelected) {
+    QAccessible::State changed;
+    changed.selected = true;
+    QAccessibleStateChangeEvent selection(&row, changed);
+    QAccessible::updateAccessibility(&selection);
+    if (isSelected) {
+        QAccessibleEvent focus(&row, QAccessible::Focus);
+        QAccessible::updateAccessibility(&focus);
+    }
+}
+
+} // namespace
+
+ResultListAccessible::ResultListAccessible(ResultListView& view)
+    : QAccessibleWidget(&view, QAccessible::List) {}
+
+ResultListAccessible::~ResultListAccessible() {
+    for (const auto& [index, id] : m_rows) {
+        QAccessible::deleteAccessibleInterface(id);
+    }
+}
+
+void ResultListAccessible::resultsChanged(ResultListView& view) {
+    if (ResultListAccessible* const list = of(view)) {
+        list->dropOutdatedRows();
+        QAccessibleEvent reordered(list, QAccessible::ObjectReorder);
+        QAccessible::updateAccessibility(&reordered);
+    }
+}
+
+void ResultListAccessible::selectionChanged(ResultListView& view) {
+    ResultListAccessible* const list = of(view);
+    if (list == nullptr || std::exchange(list->m_willAnnounce, true)) {
+        return;
+    }
+    // Later, when the search field has told of the keystroke that brought the change about. Or else
+    // what a reader says of the row would be cut short by what it says of the field.
+    QMetaObject::invokeMethod(
+        &view,
+        [&view] {
+            if (ResultListAccessible* const current = of(view)) {
+                current->m_willAnnounce = false;
+                current->announceSelection();
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+ResultListAccessible* ResultListAccessible::of(ResultListView& view) {
+    if (!QAccessible::isActive()) {
+        return nullptr;
+    }
+    return dynamic_cast<ResultListAccessible*>(QAccessible::queryAccessibleInterface(&view));
+}
+
+ResultListView& ResultListAccessible::view() const {
+    return static_cast<ResultListView&>(*widget());
+}
+
+int ResultListAccessible::childCount() const {
+    return static_cast<int>(view().results().size());
+}
+
+QAccessibleInterface* ResultListAccessible::child(int index) const {
+    if (index < 0 || index >= childCount()) {
+        return nullptr;
+    }
+    if (const auto known = m_rows.find(index); known != m_rows.end()) {
+        return QAccessible::accessibleInterface(known->second);
+    }
+    auto* const row = new ResultRowAccessible(view(), index);
+    m_rows.emplace(index, QAccessible::registerAccessibleInterface(row));
+    return row;
+}
+
+QAccessibleInterface* ResultListAccessible::childAt(int x, int y) const {
+    return child(view().rowAt(view().mapFromGlobal(QPoint(x, y))));
+}
+
+int ResultListAccessible::indexOfChild(const QAccessibleInterface* child) const {
+    const auto* const row = dynamic_cast<const ResultRowAccessible*>(child);
+    return row != nullptr && row->parent() == this ? row->index() : -1;
+}
+
+QAccessibleInterface* ResultListAccessible::focusChild() const {
+    return child(view().selectedIndex());
+}
+
+QString ResultListAccessible::text(QAccessible::Text kind) const {
+    return kind == QAccessible::Name ? QStringLiteral("Results") : QAccessibleWidget::text(kind);
+}
+
+QStringList ResultListAccessible::actionNames() const {
+    return {};
+}
+
+void ResultListAccessible::dropOutdatedRows() {
+    for (auto entry = m_rows.begin(); entry != m_rows.end();) {
+        const QAccessibleInterface* const row = QAccessible::accessibleInterface(entry->second);
+        if (row != nullptr && row->isValid()) {
+            ++entry;
+            continue;
+        }
+        dropRow(entry->second);
+        entry = m_rows.erase(entry);
+    }
+}
+
+void ResultListAccessible::dropRow(QAccessible::Id id) {
+    if (QAccessibleInterface* const row = QAccessible::accessibleInterface(id)) {
+        QAccessibleEvent gone(row, QAccessible::ObjectDestroyed);
+        QAccessible::updateAccessibility(&gone);
+        QAccessible::deleteAccessibleInterface(id);
+    }
+}
+
+void ResultListAccessible::announceSelection() {
+    const int index = view().selectedIndex();
+    const auto& results = view().results();
+    const bool exists = index >= 0 && index < childCount();
+    const auto target =
+        exists ? std::optional(results[static_cast<std::size_t>(index)]) : std::nullopt;
+    const int oldIndex = std::exchange(m_announcedIndex, index);
+    const auto oldTarget = std::exchange(m_announcedTarget, target);
+    if (oldIndex == index && oldTarget == target) {
+        return;
+    }
+    if (const auto old = m_rows.find(oldIndex); old != m_rows.end() && oldIndex != index) {
+        notifyOfState(*QAccessible::accessibleInterface(old->second), false);
+    }
+    if (QAccessibleInterface* const row = child(index)) {
+        notifyOfState(*row, true);
+    }
+}
+
+} // namespace quorvantel

@@ -1,0 +1,28 @@
+#pragma once
+
+class QRegion;
+class QWindow;
+
+namespace quorvantel::platform {
+
+/// What the desktop shows behind and around translucent windows. Main thread only.
+class WindowBackdrop {
+public:
+    virtual ~WindowBackdrop() = default;
+
+    /// Readies a window that brings its own shadow, so that the desktop adds none. Called once,
+    /// before the window is first shown.
+    virtual void prepare(QWindow& window) = 0;
+
+    /// Whether translucent parts of a window show what is behind it; without, they show nothing.
+    virtual bool isComposited() const = 0;
+
+    /// Whether the desktop can blur what is behind a window.
+    virtual bool offersBlur() const = 0;
+
+    /// Has the desktop blur what is behind a part of the window, in points from its top-left
+    /// corner; nothing for an empty region.
+    virtual void setBlurBehind(QWindow& window, const QRegion& region) = 0;
+};
+
+} // namespace quorvantel::platform
