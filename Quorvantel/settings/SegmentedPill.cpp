@@ -65,12 +65,12 @@ std::optional<QRectF> SegmentedPill::pillFrame() const {
 }
 
 QSize SegmentedPill::sizeHint() const {
-    QSize largest;
+    QSize size;
     for (const PillSegment* const segment : m_segments) {
-        largest = largest.expandedTo(segment->sizeHint());
+        const QSize hint = segment->sizeHint();
+        size = {size.width() + hint.width(), std::max(size.height(), hint.height())};
     }
-    return {largest.width() * static_cast<int>(m_segments.size()) + 2 * padding,
-            largest.height() + 2 * padding};
+    return size + QSize(2 * padding, 2 * padding);
 }
 
 void SegmentedPill::resizeEvent(QResizeEvent* /*event*/) {
@@ -81,11 +81,16 @@ void SegmentedPill::resizeEvent(QResizeEvent* /*event*/) {
 }
 
 QRect SegmentedPill::segmentFrame(int index) const {
+    // Every segment has the room that its label needs, and an equal share of what is left.
+    const int spare = width() - sizeHint().width();
     const int count = static_cast<int>(m_segments.size());
-    const int inner = width() - 2 * padding;
-    const int left = inner * index / count;
-    const int right = inner * (index + 1) / count;
-    return {padding + left, padding, right - left, height() - 2 * padding};
+    int left = padding + spare * index / count;
+    for (int before = 0; before < index; ++before) {
+        left += m_segments[static_cast<std::size_t>(before)]->sizeHint().width();
+    }
+    const int share = spare * (index + 1) / count - spare * index / count;
+    const int wanted = m_segments[static_cast<std::size_t>(index)]->sizeHint().width();
+    return {left, padding, wanted + share, height() - 2 * padding};
 }
 
 void SegmentedPill::movePill(bool isAnimated) {
