@@ -42,13 +42,13 @@ mv "$proof.part" "$proof"
 
 } // namespace
 
-LauncherSession::LauncherSession()
+LauncherSession::LauncherSession(const QString& windowManager)
     : m_connection(m_server.display()),
       m_desktop(m_connection),
       m_keyboard(m_connection),
       m_pointer(m_connection),
       m_bus(m_home.path()),
-      m_windowManager(m_connection, m_server.display()) {
+      m_windowManager(m_connection, m_server.display(), windowManager, m_bus.address()) {
     const QString script = homeFile(QStringLiteral("prove"));
     writeFile(script, proofScript);
     QFile::setPermissions(script, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);

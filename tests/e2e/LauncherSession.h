@@ -31,7 +31,7 @@ public:
     static constexpr int emptyPanelHeight = 56;
     static constexpr int panelWidth = 640;
 
-    LauncherSession();
+    explicit LauncherSession(const QString& windowManager = QStringLiteral("openbox"));
 
     /// Installs an application (Desktop Entry Specification) whose desktop file ID is `id` plus
     /// ".desktop". It runs with the arguments `id` and "two words".

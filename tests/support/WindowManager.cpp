@@ -7,8 +7,17 @@
 namespace quorvantel::testing {
 namespace {
 
-ChildProcess::Launch managerLaunch(const QByteArray& display, const QString& name) {
+ChildProcess::Launch managerLaunch(const QByteArray& display, const QString& name,
+                                   const QString& busAddress) {
     ChildProcess::Launch launch{.program = name};
+    if (name == QStringLiteral("i3")) {
+        // Without settings it asks its user for some.
+        launch.arguments = {QStringLiteral("-c"), QStringLiteral("/dev/null")};
+    }
+    launch.environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), busAddress);
+    launch.environment.insert(QStringLiteral("GSETTINGS_BACKEND"), QStringLiteral("memory"));
+    launch.environment.insert(QStringLiteral("NO_AT_BRIDGE"), QStringLiteral("1"));
+    launch.environment.insert(QStringLiteral("KWIN_COMPOSE"), QStringLiteral("N"));
     launch.environment.insert(QStringLiteral("DISPLAY"), QString::fromLocal8Bit(display));
     // An isolated home hides the system's data, where the window manager has its theme.
     launch.environment.insert(QStringLiteral("XDG_DATA_DIRS"), QStringLiteral("/usr/share"));
@@ -25,8 +34,8 @@ bool isManaged(const XConnection& connection) {
 } // namespace
 
 WindowManager::WindowManager(const XConnection& connection, const QByteArray& display,
-                             const QString& name)
-    : m_process(managerLaunch(display, name)) {
+                             const QString& name, const QString& busAddress)
+    : m_process(managerLaunch(display, name, busAddress)) {
     if (!waitUntil([&connection] { return isManaged(connection); })) {
         throw std::runtime_error(name.toStdString() + " does not manage the display");
     }

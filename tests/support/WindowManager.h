@@ -10,11 +10,13 @@ namespace quorvantel::testing {
 /// A window manager on the test's display, so that there is an active window to leave alone.
 class WindowManager {
 public:
-    /// Starts the program `name` and returns once it manages the display
-    /// (`_NET_SUPPORTING_WM_CHECK`, Extended Window Manager Hints). Throws std::runtime_error when
-    /// it does not.
+    /// Starts the program `name`, with its standard settings, and returns once it manages the
+    /// display (`_NET_SUPPORTING_WM_CHECK`, Extended Window Manager Hints). Throws
+    /// std::runtime_error when it does not. Those that keep their settings on a session bus get
+    /// them from `busAddress`.
     explicit WindowManager(const XConnection& connection, const QByteArray& display,
-                           const QString& name = QStringLiteral("openbox"));
+                           const QString& name = QStringLiteral("openbox"),
+                           const QString& busAddress = {});
 
 private:
     ChildProcess m_process;
