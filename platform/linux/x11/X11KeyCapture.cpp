@@ -8,9 +8,10 @@
 #include <QTimer>
 #include <QWindow>
 
-#include <bitset>
 #include <chrono>
 #include <limits>
+#include <optional>
+#include <unordered_map>
 #include <utility>
 
 namespace quorvantel::platform {
@@ -22,15 +23,20 @@ using namespace std::chrono_literals;
 constexpr auto retryInterval = 20ms;
 constexpr int retryAttempts = 15;
 
-using KeySet = std::bitset<std::numeric_limits<xcb_keycode_t>::max() + 1>;
+/// The keys that were down from the beginning, with the times of their latest releases. The server
+/// writes the repeat of a held key as a release and a press of the same time.
+using HeldKeys = std::unordered_map<xcb_keycode_t, std::optional<xcb_timestamp_t>>;
 
-KeySet keysDown(xcb_connection_t* connection) {
-    KeySet keys;
+HeldKeys keysDown(xcb_connection_t* connection) {
+    HeldKeys keys;
     const XcbPointer<xcb_query_keymap_reply_t> reply(
         xcb_query_keymap_reply(connection, xcb_query_keymap(connection), nullptr));
-    if (reply) {
-        for (std::size_t key = 0; key < keys.size(); ++key) {
-            keys[key] = (reply->keys[key / 8] >> (key % 8) & 1U) != 0;
+    if (!reply) {
+        return keys;
+    }
+    for (unsigned int key = 0; key <= std::numeric_limits<xcb_keycode_t>::max(); ++key) {
+        if ((reply->keys[key / 8] >> (key % 8) & 1U) != 0) {
+            keys.try_emplace(static_cast<xcb_keycode_t>(key));
         }
     }
     return keys;
@@ -63,11 +69,11 @@ public:
     }
 
     /// Returns whether the press is nobody else's.
-    bool handlePress(xcb_keycode_t key, std::uint16_t state) {
-        if (m_heldFromBefore[key]) {
+    bool handlePress(const xcb_key_press_event_t& event) {
+        if (isHeldFromBefore(event)) {
             return true;
         }
-        const auto press = translateKeyPress(m_keyboard, key, state);
+        const auto press = translateKeyPress(m_keyboard, event.detail, event.state);
         if (!press) {
             return true;
         }
@@ -76,9 +82,25 @@ public:
         return handler(*press) == Fate::Swallowed;
     }
 
-    void handleRelease(xcb_keycode_t key) { m_heldFromBefore.reset(key); }
+    void handleRelease(const xcb_key_release_event_t& event) {
+        if (const auto held = m_heldFromBefore.find(event.detail); held != m_heldFromBefore.end()) {
+            held->second = event.time;
+        }
+    }
 
 private:
+    bool isHeldFromBefore(const xcb_key_press_event_t& event) {
+        const auto held = m_heldFromBefore.find(event.detail);
+        if (held == m_heldFromBefore.end()) {
+            return false;
+        }
+        if (held->second.value_or(event.time) == event.time) {
+            return true;
+        }
+        m_heldFromBefore.erase(held);
+        return false;
+    }
+
     void tryGrab() {
         xcb_connection_t* const connection = m_owner.m_display.connection;
         if (m_window.isNull() || m_attemptsLeft-- == 0) {
@@ -100,7 +122,7 @@ private:
     QPointer<QWindow> m_window;
     Handler m_handler;
     X11Keyboard m_keyboard;
-    KeySet m_heldFromBefore;
+    HeldKeys m_heldFromBefore;
     QTimer m_retry;
     int m_attemptsLeft = retryAttempts;
     bool m_isHeld = false;
@@ -130,12 +152,10 @@ bool X11KeyCapture::nativeEventFilter(const QByteArray& /*eventType*/, void* mes
     }
     const auto* const event = static_cast<const xcb_generic_event_t*>(message);
     switch (event->response_type & 0x7FU) {
-    case XCB_KEY_PRESS: {
-        const auto* const press = static_cast<const xcb_key_press_event_t*>(message);
-        return m_grab->handlePress(press->detail, press->state);
-    }
+    case XCB_KEY_PRESS:
+        return m_grab->handlePress(*static_cast<const xcb_key_press_event_t*>(message));
     case XCB_KEY_RELEASE:
-        m_grab->handleRelease(static_cast<const xcb_key_release_event_t*>(message)->detail);
+        m_grab->handleRelease(*static_cast<const xcb_key_release_event_t*>(message));
         return false;
     default:
         return false;
