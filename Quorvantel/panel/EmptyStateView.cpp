@@ -5,7 +5,6 @@ namespace quorvantel {
 EmptyStateView::EmptyStateView(QWidget* parent) : QWidget(parent) {
     // The panel can be dragged here.
     setAttribute(Qt::WA_TransparentForMouseEvents);
-    setAccessibleName(text());
     hide();
 }
 

@@ -65,7 +65,7 @@ protected:
         std::ranges::sort(rows, {}, [](const ResultRowView* row) { return row->y(); });
         QStringList names;
         for (const ResultRowView* const row : rows) {
-            names << (row->isSelected() ? QStringLiteral(">") : QString()) + row->accessibleName();
+            names << (row->isSelected() ? QStringLiteral(">") : QString()) + row->target()->displayName();
         }
         return names;
     }

@@ -81,7 +81,7 @@ TEST_F(ResultRowViewTest, SelectionGoesBeforeHover) {
     row.setTarget(
         {QStringLiteral("other"), QStringLiteral("Other"), {}, {}, LaunchTarget::SettingsPane{}});
     EXPECT_FALSE(row.isHovered());
-    EXPECT_EQ(row.accessibleDescription(), QStringLiteral("System Setting"));
+    EXPECT_EQ(ResultRowView::kindText(*row.target()), QStringLiteral("System Setting"));
 }
 
 TEST_F(ResultRowViewTest, OnlyATopPickHasARingAndWhenSelectedTheReturnHint) {

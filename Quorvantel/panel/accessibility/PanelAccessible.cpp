@@ -21,15 +21,15 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
     }
     if (auto* const emptyState = qobject_cast<EmptyStateView*>(object)) {
         // Readers speak a notification when it comes to be shown.
-        return new PanelAccessible(*emptyState, QAccessible::Notification);
+        return new PanelAccessible(*emptyState, QAccessible::Notification, EmptyStateView::text());
     }
     return nullptr;
 }
 
 } // namespace
 
-PanelAccessible::PanelAccessible(QWidget& widget, QAccessible::Role role)
-    : QAccessibleWidget(&widget, role) {}
+PanelAccessible::PanelAccessible(QWidget& widget, QAccessible::Role role, const QString& name)
+    : QAccessibleWidget(&widget, role, name) {}
 
 void PanelAccessible::install() {
     [[maybe_unused]] static const bool isInstalled = [] {

@@ -8,7 +8,7 @@ namespace quorvantel {
 /// keyboard focus to the search field and does not claim it besides.
 class PanelAccessible : public QAccessibleWidget {
 public:
-    PanelAccessible(QWidget& widget, QAccessible::Role role);
+    PanelAccessible(QWidget& widget, QAccessible::Role role, const QString& name = {});
 
     /// Makes every panel that exists and will exist accessible. More calls change nothing.
     static void install();

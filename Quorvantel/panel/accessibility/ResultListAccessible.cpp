@@ -8,15 +8,9 @@ namespace quorvantel {
 
 namespace {
 
-void notifyOfState(QAccessibleInterface& row, bool isSelected) {
-    QAccessible::State changed;
-    changed.selected = true;
-    QAccessibleStateChangeEvent selection(&row, changed);
-    QAccessible::updateAccessibility(&selection);
-    if (isSelected) {
-        QAccessibleEvent focus(&row, QAccessible::Focus);
-        QAccessible::updateAccessibility(&focus);
-    }
+void notify(QAccessibleInterface& row, QAccessible::Event type) {
+    QAccessibleEvent event(&row, type);
+    QAccessible::updateAccessibility(&event);
 }
 
 } // namespace
@@ -31,15 +25,16 @@ ResultListAccessible::~ResultListAccessible() {
 }
 
 void ResultListAccessible::resultsChanged(ResultListView& view) {
+    if (!QAccessible::isActive()) {
+        return;
+    }
     if (ResultListAccessible* const list = of(view)) {
         list->dropOutdatedRows();
-        QAccessibleEvent reordered(list, QAccessible::ObjectReorder);
-        QAccessible::updateAccessibility(&reordered);
     }
 }
 
 void ResultListAccessible::selectionChanged(ResultListView& view) {
-    ResultListAccessible* const list = of(view);
+    ResultListAccessible* const list = QAccessible::isActive() ? of(view) : nullptr;
     if (list == nullptr || std::exchange(list->m_willAnnounce, true)) {
         return;
     }
@@ -57,9 +52,6 @@ void ResultListAccessible::selectionChanged(ResultListView& view) {
 }
 
 ResultListAccessible* ResultListAccessible::of(ResultListView& view) {
-    if (!QAccessible::isActive()) {
-        return nullptr;
-    }
     return dynamic_cast<ResultListAccessible*>(QAccessible::queryAccessibleInterface(&view));
 }
 
@@ -111,16 +103,8 @@ void ResultListAccessible::dropOutdatedRows() {
             ++entry;
             continue;
         }
-        dropRow(entry->second);
+        QAccessible::deleteAccessibleInterface(entry->second);
         entry = m_rows.erase(entry);
-    }
-}
-
-void ResultListAccessible::dropRow(QAccessible::Id id) {
-    if (QAccessibleInterface* const row = QAccessible::accessibleInterface(id)) {
-        QAccessibleEvent gone(row, QAccessible::ObjectDestroyed);
-        QAccessible::updateAccessibility(&gone);
-        QAccessible::deleteAccessibleInterface(id);
     }
 }
 
@@ -136,10 +120,11 @@ void ResultListAccessible::announceSelection() {
         return;
     }
     if (const auto old = m_rows.find(oldIndex); old != m_rows.end() && oldIndex != index) {
-        notifyOfState(*QAccessible::accessibleInterface(old->second), false);
+        notify(*QAccessible::accessibleInterface(old->second), QAccessible::SelectionRemove);
     }
     if (QAccessibleInterface* const row = child(index)) {
-        notifyOfState(*row, true);
+        notify(*row, QAccessible::Selection);
+        notify(*row, QAccessible::Focus);
     }
 }
 

@@ -16,7 +16,8 @@ namespace quorvantel {
 /// A child is made when it is first asked for, so ten thousand results cost what the reader reads
 /// of them. It stands for one target at one place and ends when another target takes that place.
 /// The keyboard focus stays in the search field while the selection moves here; so the selected row
-/// says that it has the focus too, which is what makes screen readers speak it.
+/// says that it has the focus too, which is what makes screen readers speak it. That a list has
+/// other children is not told: Qt would then make and name every one of them.
 class ResultListAccessible : public QAccessibleWidget {
 public:
     explicit ResultListAccessible(ResultListView& view);
@@ -40,7 +41,6 @@ public:
 private:
     static ResultListAccessible* of(ResultListView& view);
     void dropOutdatedRows();
-    void dropRow(QAccessible::Id id);
     void announceSelection();
 
     /// The children that were asked for, by their index.
