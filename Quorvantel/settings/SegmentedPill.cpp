@@ -65,7 +65,7 @@ std::optional<QRectF> SegmentedPill::pillFrame() const {
 }
 
 QSize SegmentedPill::sizeHint() const {
-    QSize size;
+    QSize size(0, 0);
     for (const PillSegment* const segment : m_segments) {
         const QSize hint = segment->sizeHint();
         size = {size.width() + hint.width(), std::max(size.height(), hint.height())};

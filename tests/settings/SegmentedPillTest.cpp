@@ -1,0 +1,104 @@
+#include "settings/SegmentedPill.h"
+
+#include "support/FakeLook.h"
+#include "support/WaitUntil.h"
+
+#include <QAccessible>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace quorvantel {
+namespace {
+
+class SegmentedPillTest : public ::testing::Test {
+protected:
+    SegmentedPillTest() {
+        pill.resize(300, pill.sizeHint().height());
+        pill.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&pill));
+    }
+
+    PillSegment* segment(int index) { return pill.findChildren<PillSegment*>().at(index); }
+
+    QRectF settledFrame() {
+        // Two seconds are four periods of the spring.
+        QRectF last;
+        EXPECT_TRUE(testing::waitUntil([&] {
+            const QRectF now = *pill.pillFrame();
+            return std::exchange(last, now) == now && now.left() == segmentFrame().left();
+        }));
+        return *pill.pillFrame();
+    }
+
+    QRectF segmentFrame() { return segment(*pill.selection())->geometry(); }
+
+    testing::FakeLook look;
+    SegmentedPill pill{
+        {QStringLiteral("One"), QStringLiteral("Two"), QStringLiteral("A long label")}, look.theme};
+    QSignalSpy selections{&pill, &SegmentedPill::selected};
+};
+
+TEST_F(SegmentedPillTest, AClickSelectsAndThePillSlidesThere) {
+    EXPECT_FALSE(pill.pillFrame());
+    pill.setSelection(0);
+    EXPECT_EQ(*pill.pillFrame(), segmentFrame()) << "the first selection has nowhere to come from";
+
+    const QRectF first = *pill.pillFrame();
+    QTest::mouseClick(segment(2), Qt::LeftButton);
+    EXPECT_EQ(pill.selection(), 2);
+    EXPECT_EQ(*pill.pillFrame(), first) << "it has not jumped";
+    EXPECT_EQ(settledFrame(), segmentFrame());
+    ASSERT_EQ(selections.count(), 1);
+    EXPECT_EQ(selections[0][0].toInt(), 2);
+}
+
+TEST_F(SegmentedPillTest, ASelectionFromOutsideSlidesToo) {
+    pill.setSelection(0);
+    pill.setSelection(1);
+    EXPECT_NE(*pill.pillFrame(), segmentFrame());
+    EXPECT_EQ(settledFrame(), segmentFrame());
+    EXPECT_EQ(selections.count(), 0);
+    pill.setSelection(std::nullopt);
+    EXPECT_FALSE(pill.pillFrame());
+}
+
+TEST_F(SegmentedPillTest, LabelsFitAndSegmentsFillThePill) {
+    for (const int width : {pill.minimumSizeHint().width(), 300, 517}) {
+        pill.resize(width, pill.height());
+        for (int index = 0; index < 3; ++index) {
+            EXPECT_GE(segment(index)->width(), segment(index)->sizeHint().width()) << width;
+        }
+        EXPECT_EQ(segment(0)->geometry().left(), 2);
+        EXPECT_EQ(segment(1)->geometry().left(), segment(0)->geometry().right() + 1);
+        EXPECT_EQ(segment(2)->geometry().right(), width - 3);
+    }
+}
+
+TEST_F(SegmentedPillTest, WorksByKeyboardAndIsAGroupOfRadioButtonsToScreenReaders) {
+    pill.setSelection(0);
+    segment(0)->setFocus();
+    QTest::keyClick(segment(0), Qt::Key_Right);
+    EXPECT_EQ(pill.selection(), 1);
+    QTest::keyClick(segment(1), Qt::Key_Left);
+    EXPECT_EQ(pill.selection(), 0);
+    EXPECT_EQ(selections.count(), 2);
+
+    pill.setSelection(std::nullopt);
+    segment(2)->setFocus();
+    QTest::keyClick(segment(2), Qt::Key_Space);
+    EXPECT_EQ(pill.selection(), 2);
+
+    for (int index = 0; index < 3; ++index) {
+        const QAccessibleInterface* const spoken =
+            QAccessible::queryAccessibleInterface(segment(index));
+        EXPECT_EQ(spoken->role(), QAccessible::RadioButton);
+        EXPECT_EQ(spoken->state().checked, index == 2);
+    }
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(segment(2))->text(QAccessible::Name),
+              QStringLiteral("A long label"));
+}
+
+} // namespace
+} // namespace quorvantel
