@@ -20,10 +20,6 @@ QRectF flipped(const QRectF& rectangle) {
             rectangle.height()};
 }
 
-Screen describe(const QScreen& screen) {
-    return {flipped(screen.geometry()), flipped(screen.availableGeometry())};
-}
-
 } // namespace
 
 std::vector<Screen> QtScreens::all() const {
@@ -54,6 +50,14 @@ QRect QtScreens::toWindowGeometry(const QRectF& frame) const {
 
 QRectF QtScreens::fromWindowGeometry(const QRect& geometry) const {
     return flipped(geometry);
+}
+
+QRect QtScreens::visibleGeometry(const QScreen& screen) const {
+    return screen.availableGeometry();
+}
+
+Screen QtScreens::describe(const QScreen& screen) const {
+    return {flipped(screen.geometry()), flipped(visibleGeometry(screen))};
 }
 
 } // namespace quorvantel::platform

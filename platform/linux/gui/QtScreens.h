@@ -2,6 +2,8 @@
 
 #include "platform/Screens.h"
 
+class QScreen;
+
 namespace quorvantel::platform {
 
 /// The screens as Qt reports them.
@@ -12,6 +14,13 @@ public:
     QPointF mouseLocation() const override;
     QRect toWindowGeometry(const QRectF& frame) const override;
     QRectF fromWindowGeometry(const QRect& geometry) const override;
+
+protected:
+    /// The part of a screen that is free of bars and docks, in Qt's plane.
+    virtual QRect visibleGeometry(const QScreen& screen) const;
+
+private:
+    Screen describe(const QScreen& screen) const;
 };
 
 } // namespace quorvantel::platform

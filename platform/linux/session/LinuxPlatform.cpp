@@ -13,7 +13,8 @@ LinuxPlatform::LinuxPlatform(const X11Display& display)
       m_windowBackdrop(display),
       m_windowActivator(display, m_userTime),
       m_startupNotifier(display, m_userTime),
-      m_workspace(m_bundleReader, &m_startupNotifier, nullptr) {}
+      m_workspace(m_bundleReader, &m_startupNotifier, nullptr),
+      m_screens(display) {}
 
 std::unique_ptr<Platform> makePlatform() {
     const auto display = X11Display::current();

@@ -6,7 +6,6 @@
 #include "platform/linux/PropertyListBundleReader.h"
 #include "platform/linux/gui/IconThemeImageLoader.h"
 #include "platform/linux/gui/PaletteSystemAppearance.h"
-#include "platform/linux/gui/QtScreens.h"
 #include "platform/linux/portal/PortalSystemAppearance.h"
 #include "platform/linux/x11/X11ClickMonitor.h"
 #include "platform/linux/x11/X11Display.h"
@@ -14,6 +13,7 @@
 #include "platform/linux/x11/X11KeyCapture.h"
 #include "platform/linux/x11/X11PanelHost.h"
 #include "platform/linux/x11/X11RawEvents.h"
+#include "platform/linux/x11/X11Screens.h"
 #include "platform/linux/x11/X11StartupNotifier.h"
 #include "platform/linux/x11/X11UserTime.h"
 #include "platform/linux/x11/X11WindowActivator.h"
@@ -54,7 +54,7 @@ private:
     PropertyListBundleReader m_bundleReader;
     DesktopEntryApplications m_installedApplications;
     GioWorkspace m_workspace;
-    QtScreens m_screens;
+    X11Screens m_screens;
     PaletteSystemAppearance m_paletteAppearance;
     PortalSystemAppearance m_systemAppearance{QDBusConnection::sessionBus(), m_paletteAppearance};
     IconThemeImageLoader m_imageLoader;

@@ -1,0 +1,75 @@
+#include "platform/linux/x11/X11Screens.h"
+
+#include "support/Monitors.h"
+#include "support/WaitUntil.h"
+#include "support/XConnection.h"
+
+#include <QGuiApplication>
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+namespace quorvantel::platform {
+namespace {
+
+using testing::waitUntil;
+using testing::XConnection;
+
+/// Plays the window manager that tells of one window, and the bar that reserves room with it.
+class Bar {
+public:
+    explicit Bar(const XConnection& connection)
+        : m_connection(connection), m_window(xcb_generate_id(connection.get())) {
+        xcb_create_window(connection.get(), XCB_COPY_FROM_PARENT, m_window, connection.root(), 0, 0,
+                          1, 1, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+        setProperty(connection.root(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW, std::array{m_window});
+    }
+    ~Bar() {
+        setProperty(m_connection.root(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW,
+                    std::array<std::uint32_t, 0>{});
+    }
+
+    void reserve(const std::array<std::uint32_t, 12>& strut) {
+        setProperty(m_window, "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL, strut);
+        // As window managers do when a strut changed.
+        setProperty(m_connection.root(), "_NET_WORKAREA", XCB_ATOM_CARDINAL,
+                    std::array<std::uint32_t, 4>{0, 0, 1, 1});
+    }
+
+private:
+    template <std::size_t size>
+    void setProperty(xcb_window_t window, const char* name, xcb_atom_t type,
+                     const std::array<std::uint32_t, size>& values) {
+        xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, window,
+                            m_connection.atom(name), type, 32, size, values.data());
+        m_connection.synchronize();
+    }
+
+    const XConnection& m_connection;
+    xcb_window_t m_window;
+};
+
+TEST(X11ScreensTest, LeavesOutTheBarsOfEachScreen) {
+    const XConnection connection;
+    testing::setMonitors(qgetenv("DISPLAY"), {QRect(0, 0, 800, 600), QRect(800, 0, 480, 720)});
+    ASSERT_TRUE(waitUntil([] { return QGuiApplication::screens().size() == 2; }));
+    const X11Screens screens(X11Display::current().value());
+    EXPECT_EQ(screens.all()[1].visibleFrame, screens.all()[1].frame);
+
+    Bar bar(connection);
+    // 30 pixels along the top of the second screen.
+    bar.reserve({0, 0, 30, 0, 0, 0, 0, 0, 800, 1279, 0, 0});
+    EXPECT_TRUE(waitUntil([&] { return screens.all()[1].visibleFrame.height() == 690; }));
+    // Upward, the second screen reaches from 600 - 720 below the first one's lower edge.
+    EXPECT_EQ(screens.all()[1].frame, QRectF(800, -120, 480, 720));
+    EXPECT_EQ(screens.all()[1].visibleFrame, QRectF(800, -120, 480, 690));
+    EXPECT_EQ(screens.all()[0].visibleFrame, QRectF(0, 0, 800, 600));
+    EXPECT_EQ(screens.toWindowGeometry(screens.all()[1].visibleFrame), QRect(800, 30, 480, 690));
+
+    bar.reserve({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0});
+    EXPECT_TRUE(waitUntil([&] { return screens.all()[1].visibleFrame.height() == 720; }));
+}
+
+} // namespace
+} // namespace quorvantel::platform
