@@ -18,7 +18,8 @@ public:
     virtual Qt::WindowFlags windowFlags() const = 0;
 
     /// Gives the shown window the keyboard; typing reaches it at once. The window may be destroyed
-    /// while it has the keyboard.
+    /// while it has the keyboard. The host closes it (`QWindow::close`) when the user presses a key
+    /// that is to bring up something else which needs the keyboard, such as the screen lock.
     virtual void takeKeyboard(QWindow& window) = 0;
 
     /// Gives the keyboard back to the application in front, without a click. Harmless for a window

@@ -4,6 +4,7 @@
 #include "panel/LauncherLayout.h"
 #include "panel/PanelPlacement.h"
 
+#include <QCloseEvent>
 #include <QMouseEvent>
 #include <QWindow>
 
@@ -29,6 +30,11 @@ LauncherPanel::LauncherPanel(LauncherView* view, const platform::PanelHost& host
         window->winId();
         backdrop.prepare(*window->windowHandle());
     }
+}
+
+void LauncherPanel::closeEvent(QCloseEvent* event) {
+    Q_EMIT closing();
+    QWidget::closeEvent(event);
 }
 
 void LauncherPanel::mousePressEvent(QMouseEvent* event) {

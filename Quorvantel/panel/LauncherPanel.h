@@ -27,7 +27,11 @@ Q_SIGNALS:
     /// The window has another place, whoever moved it.
     void moved();
 
+    /// The window is about to be closed from outside, by the platform for instance.
+    void closing();
+
 protected:
+    void closeEvent(QCloseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

@@ -16,6 +16,11 @@ LauncherPanelController::LauncherPanelController(LauncherView* view, platform::P
       m_view(view),
       m_panel(view, host, backdrop) {
     connect(&m_panel, &LauncherPanel::moved, this, &LauncherPanelController::panelMoved);
+    connect(&m_panel, &LauncherPanel::closing, this, [this] {
+        if (isVisible()) {
+            hide();
+        }
+    });
 }
 
 LauncherPanelController::~LauncherPanelController() {

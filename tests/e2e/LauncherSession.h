@@ -5,6 +5,7 @@
 #include "support/Keyboard.h"
 #include "support/Pointer.h"
 #include "support/SessionBus.h"
+#include "support/WaitUntil.h"
 #include "support/WindowManager.h"
 #include "support/XConnection.h"
 #include "support/XDesktop.h"
@@ -47,6 +48,12 @@ public:
 
     /// Ends the launcher as the session does at logout, and says how it ended.
     std::optional<ChildProcess::Exit> terminate();
+
+    /// Sends the launcher a signal, such as SIGSTOP.
+    void signal(int number) { m_launcher->signal(number); }
+
+    /// How the launcher ended; absent when it still runs after a while.
+    std::optional<ChildProcess::Exit> waitForExit() { return m_launcher->waitForExit(patience); }
 
     bool isRunning() { return m_launcher && m_launcher->isRunning(); }
 

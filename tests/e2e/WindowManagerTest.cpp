@@ -1,7 +1,9 @@
 #include "e2e/LauncherSession.h"
 #include "support/ClientWindow.h"
+#include "support/ForeignHotKey.h"
 #include "support/WaitUntil.h"
 
+#include <X11/XF86keysym.h>
 #include <X11/keysym.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -89,6 +91,20 @@ TEST_P(WindowManagerTest, AClickInTheClientDismissesAndReachesIt) {
     EXPECT_TRUE(waitUntil([&] { return client->clicks() > before; }));
     expectTypingReachesTheClient("clicked");
     expectInFront("after the click");
+}
+
+TEST_P(WindowManagerTest, AVolumeKeyDoesItsWorkBesideThePanel) {
+    ForeignHotKey volume(session.display(), XF86XK_AudioLowerVolume, 0);
+    ASSERT_TRUE(volume.isHeld());
+    session.summon();
+    session.keyboard().type("zi");
+    session.keyboard().press({XF86XK_AudioLowerVolume});
+    session.search("nc", 1);
+    EXPECT_TRUE(waitUntil([&] { return volume.presses() == 1; }));
+    expectInFront("after the volume key");
+    session.keyboard().press({XK_Escape});
+    EXPECT_TRUE(session.waitForDismissal());
+    EXPECT_EQ(client->typed(), "");
 }
 
 INSTANTIATE_TEST_SUITE_P(Every, WindowManagerTest,

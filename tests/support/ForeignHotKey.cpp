@@ -15,4 +15,14 @@ ForeignHotKey::ForeignHotKey(const QByteArray& display, xcb_keysym_t keysym,
     m_held = error == nullptr;
 }
 
+int ForeignHotKey::presses() {
+    m_connection.synchronize();
+    while (const XReply<xcb_generic_event_t> event{xcb_poll_for_event(m_connection.get())}) {
+        if (event->response_type == XCB_KEY_PRESS) {
+            ++m_presses;
+        }
+    }
+    return m_presses;
+}
+
 } // namespace quorvantel::testing

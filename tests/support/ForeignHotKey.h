@@ -15,9 +15,13 @@ public:
     /// Whether the server granted the combination; it does not when a client already holds it.
     bool isHeld() const { return m_held; }
 
+    /// How often the combination was pressed up to now.
+    int presses();
+
 private:
     XConnection m_connection;
     bool m_held;
+    int m_presses = 0;
 };
 
 } // namespace quorvantel::testing
