@@ -27,6 +27,11 @@ constexpr double zoomStep = 1.1;
 constexpr double smallestZoom = 0.6;
 constexpr double largestZoom = 3;
 
+/// A topic's text without its title at the beginning, which a snippet would only repeat.
+QString withoutHeading(const QString& text, const QString& title) {
+    return text.startsWith(title + u'\n') ? text.sliced(title.size() + 1) : text;
+}
+
 bool opensElsewhere(const QUrl& link) {
     const QString scheme = link.scheme();
     return scheme == QStringLiteral("http") || scheme == QStringLiteral("https") ||
@@ -46,7 +51,7 @@ HelpWindow::HelpWindow(Content content, HelpBundle bundle, HelpStyle style, QWid
     setWindowTitle(m_content.windowTitle.isEmpty() ? tr("Help") : m_content.windowTitle);
     setMinimumSize(smallestSize);
     resize(initialSize);
-    addShortcut({QKeySequence(QKeySequence::Close)}, [this] { close(); });
+    addShortcut(QKeySequence::keyBindings(QKeySequence::Close), [this] { close(); });
     if (m_content.topics.empty()) {
         buildEmptyState();
         applyStyle();
@@ -212,14 +217,15 @@ void HelpWindow::buildIndex() {
     }
     m_index.emplace();
     for (std::size_t i = 0; i < m_content.topics.size(); ++i) {
-        m_index->add(m_content.topics[i].title, render(i)->toPlainText());
+        const QString& title = m_content.topics[i].title;
+        m_index->add(title, withoutHeading(render(i)->toPlainText(), title));
     }
 }
 
 void HelpWindow::markMatches(bool scrolls) {
     const QStringList words = foldedWords(m_sidebar->query());
     const auto ranges = FoldedText(m_view->document()->toPlainText()).find(words);
-    m_view->mark(ranges, m_style.matchFill);
+    m_view->mark(ranges, m_style.matchFill, m_style.text);
     if (scrolls && !ranges.empty()) {
         m_view->scrollTo(ranges.front());
     }
@@ -268,7 +274,8 @@ void HelpWindow::applyStyle() {
     }
     QPalette handle = palette;
     handle.setColor(QPalette::Window, m_style.separator);
-    m_splitter->setPalette(handle);
+    m_splitter->handle(1)->setAutoFillBackground(true);
+    m_splitter->handle(1)->setPalette(handle);
     m_sidebar->setStyle(m_style);
     m_view->setPalette(palette);
     m_view->setStyle(markdownStyle());

@@ -14,8 +14,6 @@ struct TopicMatch {
     std::size_t topic;
     /// The words in its title.
     std::vector<TextRange> inTitle;
-    /// The words in its text.
-    std::vector<TextRange> inText;
     /// The part of the text around the first word found there, on one line; otherwise the beginning
     /// of the text.
     QString snippet;

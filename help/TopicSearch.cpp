@@ -60,8 +60,8 @@ std::vector<TopicMatch> TopicSearch::find(const QString& query) const {
 }
 
 TopicMatch TopicSearch::matchFor(const Entry& entry, std::size_t index, const QStringList& words) {
-    TopicMatch match{index, entry.title.find(words), entry.foldedText.find(words), {}, {}};
-    match.snippet = snippetOf(entry.text, match.inText);
+    TopicMatch match{index, entry.title.find(words), {}, {}};
+    match.snippet = snippetOf(entry.text, entry.foldedText.find(words));
     match.inSnippet = FoldedText(match.snippet).find(words);
     return match;
 }

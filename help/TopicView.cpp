@@ -43,7 +43,8 @@ void TopicView::setStyle(const markdown::MarkdownStyle& style) {
     verticalScrollBar()->setValue(documentTop(top.position()) - offset);
 }
 
-void TopicView::mark(const std::vector<TextRange>& ranges, const QColor& fill) {
+void TopicView::mark(const std::vector<TextRange>& ranges, const QColor& fill,
+                     const QColor& text) {
     QList<QTextEdit::ExtraSelection> selections;
     for (const TextRange& range : ranges) {
         QTextEdit::ExtraSelection selection;
@@ -52,6 +53,7 @@ void TopicView::mark(const std::vector<TextRange>& ranges, const QColor& fill) {
         selection.cursor.setPosition(static_cast<int>(range.start + range.length),
                                      QTextCursor::KeepAnchor);
         selection.format.setBackground(fill);
+        selection.format.setForeground(text);
         selections.append(selection);
     }
     setExtraSelections(selections);

@@ -26,8 +26,8 @@ public:
     /// Restyles the document; what is at the top of the view stays there.
     void setStyle(const markdown::MarkdownStyle& style);
 
-    /// Marks parts of the document, and nothing else.
-    void mark(const std::vector<TextRange>& ranges, const QColor& fill);
+    /// Marks parts of the document, and nothing else, with `fill` behind `text`.
+    void mark(const std::vector<TextRange>& ranges, const QColor& fill, const QColor& text);
 
     /// Scrolls to where a part of the document is in the upper part of the view.
     void scrollTo(const TextRange& range);

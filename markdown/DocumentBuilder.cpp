@@ -101,8 +101,7 @@ QString safeAddress(const char* address) {
 
 DocumentBuilder::DocumentBuilder(QTextDocument& document, const QUrl& baseUrl,
                                  const DocumentStyler& styler)
-    : m_document(document),
-      m_styler(styler),
+    : m_styler(styler),
       m_images(new DocumentImages(baseUrl, &document)),
       m_cursor(&document),
       m_blocks(maximumBlocks),
@@ -145,8 +144,11 @@ void DocumentBuilder::enter(cmark_node* node) {
         break;
     case CMARK_NODE_BLOCK_QUOTE:
         flushItem();
-        m_frames.size() < maximumFrameDepth ? (void)openFrame(FrameRole::Quotation, 1, 1)
-                                            : m_frames.push_back({nullptr, m_indent});
+        if (m_frames.size() < maximumFrameDepth) {
+            openFrame(FrameRole::Quotation, 1, 1);
+        } else {
+            m_frames.push_back({nullptr, m_indent});
+        }
         pushRole(TextRole::quotation);
         break;
     case CMARK_NODE_LIST:
@@ -327,7 +329,8 @@ void DocumentBuilder::startBlock(BlockRole role, QTextBlockFormat format) {
     m_styler.style(format);
     if (m_isBlockFresh) {
         m_cursor.setBlockFormat(format);
-        m_cursor.setBlockCharFormat(charFormat());
+        // Merged, since the first block of a cell holds the format of the cell.
+        m_cursor.mergeBlockCharFormat(charFormat());
     } else {
         m_cursor.insertBlock(format, charFormat());
     }
@@ -397,6 +400,7 @@ void DocumentBuilder::anchorHeading(cmark_node* node) {
     }
     cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
     QTextCharFormat anchor;
+    anchor.setAnchor(true);
     anchor.setAnchorNames({anchorFor(node)});
     cursor.mergeCharFormat(anchor);
     ++m_anchorCount;
@@ -455,7 +459,7 @@ void DocumentBuilder::enterTableCell(cmark_node* node) {
     startBlock(BlockRole::TableCell, format);
 }
 
-QTextTable* DocumentBuilder::openFrame(FrameRole role, int rows, int columns) {
+void DocumentBuilder::openFrame(FrameRole role, int rows, int columns) {
     m_cells -= rows * columns + cellsPerFrame;
     QTextTableFormat format;
     format.setProperty(frameRoleProperty, static_cast<int>(role));
@@ -471,7 +475,6 @@ QTextTable* DocumentBuilder::openFrame(FrameRole role, int rows, int columns) {
     m_frames.push_back({table, m_indent});
     m_indent = 0;
     m_isBlockFresh = true;
-    return table;
 }
 
 void DocumentBuilder::closeFrame() {
@@ -490,6 +493,9 @@ void DocumentBuilder::closeFrame() {
 
 void DocumentBuilder::markLastBlock(int property) {
     QTextBlockFormat format = m_cursor.blockFormat();
+    if (!format.hasProperty(blockRoleProperty)) {
+        return;
+    }
     format.setProperty(property, true);
     m_styler.style(format);
     m_cursor.setBlockFormat(format);

@@ -73,7 +73,7 @@ private:
     QString textMarker() const;
     void flushItem();
     void pushRole(int role);
-    QTextTable* openFrame(FrameRole role, int rows, int columns);
+    void openFrame(FrameRole role, int rows, int columns);
     void closeFrame();
     void markLastBlock(int property);
     void insertText(const QString& text);
@@ -83,7 +83,6 @@ private:
     void addRemark();
     bool isExhausted() const { return m_blocks <= 0 || m_cells <= 0; }
 
-    QTextDocument& m_document;
     const DocumentStyler& m_styler;
     DocumentImages* m_images;
     QTextCursor m_cursor;

@@ -10,6 +10,7 @@
 #include <QTextTable>
 
 #include <algorithm>
+#include <cmath>
 
 namespace quorvantel::markdown {
 
@@ -114,13 +115,17 @@ void DocumentImages::drawObject(QPainter* painter, const QRectF& rect, QTextDocu
     if (entry == m_entries.end() || entry->image.isNull()) {
         return;
     }
-    const QSize pixels = (rect.size() * painter->device()->devicePixelRatioF()).toSize();
+    const double scale = painter->device()->devicePixelRatioF();
+    const QSize pixels = (rect.size() * scale).toSize();
     if (entry->scaled.size() != pixels) {
         entry->scaled =
             entry->image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         entry->scaled.setDevicePixelRatio(1);
     }
-    painter->drawImage(rect, entry->scaled);
+    // On whole pixels, between which it would be blurred.
+    const QPointF corner(std::round(rect.left() * scale) / scale,
+                         std::round(rect.top() * scale) / scale);
+    painter->drawImage(QRectF(corner, QSizeF(pixels) / scale), entry->scaled);
 }
 
 } // namespace quorvantel::markdown

@@ -25,7 +25,10 @@ constexpr std::array headingScale{1.75, 1.4, 1.2, 1.05, 1.0, 0.92};
 constexpr std::array headingSpace{0.4, 1.5, 1.2, 1.0, 0.9, 0.9};
 
 constexpr double quotationBarWidth = 3;
-constexpr double lineHeightPercent = 130;
+
+/// Space between lines, in em.
+constexpr double leading = 0.35;
+constexpr double headingLeading = 0.1;
 
 std::size_t headingIndex(int level) {
     return static_cast<std::size_t>(std::clamp(level, 1, 6) - 1);
@@ -132,8 +135,9 @@ void DocumentStyler::style(QTextBlockFormat& format) const {
     format.setTopMargin(above);
     format.setBottomMargin(format.boolProperty(lastInFrameProperty) ? 0 : below);
     if (role != BlockRole::Rule) {
-        format.setLineHeight(level > 0 ? 110 : lineHeightPercent,
-                             QTextBlockFormat::ProportionalHeight);
+        // A distance, since a percentage would count for images as well.
+        format.setLineHeight(em(level > 0 ? headingLeading : leading),
+                             QTextBlockFormat::LineDistanceHeight);
     }
     const QString marker = format.stringProperty(hangingMarkerProperty);
     if (!marker.isEmpty()) {
@@ -151,7 +155,7 @@ void DocumentStyler::style(QTextTable& table) const {
     format.setCellPadding(0);
     // The space below the block before does not count next to a table.
     format.setTopMargin(em(0.6));
-    format.setBottomMargin(em(0.9));
+    format.setBottomMargin(em(1.1));
     format.setLeftMargin(format.intProperty(frameIndentProperty) * em(1.8));
     table.setFormat(format);
     for (int row = 0; row < table.rows(); ++row) {
@@ -202,6 +206,9 @@ void DocumentStyler::restyle(QTextDocument& document) const {
     styleFrames(*document.rootFrame(), *this);
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         QTextBlockFormat blockFormat = block.blockFormat();
+        if (!blockFormat.hasProperty(blockRoleProperty)) {
+            continue;
+        }
         const int headingLevel = blockFormat.headingLevel();
         style(blockFormat);
         cursor.setPosition(block.position());

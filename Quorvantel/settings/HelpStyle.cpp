@@ -37,7 +37,7 @@ help::HelpStyle helpStyleFor(const ResolvedTheme& theme) {
     const ThemeColor page = theme.primaryBackground;
     const ThemeColor sidebar = between(page, theme.secondaryBackground, 0.45);
     // Help has much small text, for which the palette's own secondary opacity is too faint.
-    constexpr double secondaryOpacity = 0.64;
+    constexpr double secondaryOpacity = 0.72;
     return {
         .background = page.toQColor(),
         .sidebarBackground = sidebar.toQColor(),

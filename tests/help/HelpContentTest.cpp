@@ -1,0 +1,118 @@
+#include "help/HelpContent.h"
+
+#include "help/BundleFiles.h"
+#include "help/HelpContentError.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace quorvantel::help {
+namespace {
+
+using ::testing::ElementsAre;
+
+class HelpContentTest : public ::testing::Test {
+protected:
+    HelpContent load(const QByteArray& manifest) const {
+        m_files.write(QStringLiteral("topics.json"), manifest);
+        return loadHelpContent(QStringLiteral("topics"), m_files.bundle());
+    }
+
+    /// What is wrong with a manifest; empty when it loads.
+    QString failure(const QByteArray& manifest) const {
+        try {
+            load(manifest);
+            return {};
+        } catch (const HelpContentError& error) {
+            EXPECT_EQ(error.kind(), HelpContentError::Kind::manifestUnreadable);
+            return error.description();
+        }
+    }
+
+    QString topicText(const QString& file) const {
+        return loadTopicText({QStringLiteral("id"), QStringLiteral("A Title"), file, {}},
+                             m_files.bundle());
+    }
+
+    BundleFiles m_files;
+};
+
+TEST_F(HelpContentTest, TopicsAreGroupedInTheOrderOfTheManifest) {
+    const HelpContent content = load(R"({"windowTitle": "My Help", "future": [1], "topics": [
+        {"id": "1", "title": "One", "markdownFile": "1.md", "group": "A"},
+        {"id": "2", "title": "Two", "markdownFile": "2.md"},
+        {"id": "3", "title": "Three", "markdownFile": "3.md", "group": "A", "extra": {}},
+        {"id": "4", "title": "Four", "markdownFile": "4.md", "group": "B"},
+        {"id": "5", "title": "Five", "markdownFile": "5.md", "group": null},
+        {"id": "6", "title": "Six", "markdownFile": "6.md", "group": ""}]})");
+    EXPECT_EQ(content.windowTitle, QStringLiteral("My Help"));
+    ASSERT_EQ(content.topics.size(), 6U);
+    EXPECT_EQ(content.topics[2], (HelpTopic{QStringLiteral("3"), QStringLiteral("Three"),
+                                            QStringLiteral("3.md"), QStringLiteral("A")}));
+    ASSERT_EQ(content.groups.size(), 4U);
+    EXPECT_EQ(content.groups[0].title, QStringLiteral("A"));
+    EXPECT_THAT(content.groups[0].topics, ElementsAre(content.topics[0], content.topics[2]));
+    EXPECT_EQ(content.groups[1].title, std::nullopt);
+    EXPECT_THAT(content.groups[1].topics, ElementsAre(content.topics[1], content.topics[4]));
+    EXPECT_EQ(content.groups[2].title, QStringLiteral("B"));
+    EXPECT_EQ(content.groups[3].title, QString());
+}
+
+TEST_F(HelpContentTest, TheTitleMayBeLeftOut) {
+    EXPECT_EQ(load(R"({"topics": []})").windowTitle, QStringLiteral("Help"));
+    EXPECT_EQ(load(R"({"windowTitle": null, "topics": []})").windowTitle, QStringLiteral("Help"));
+}
+
+TEST_F(HelpContentTest, AMissingManifestIsNamed) {
+    try {
+        loadHelpContent(QStringLiteral("nothing"), m_files.bundle());
+        FAIL();
+    } catch (const HelpContentError& error) {
+        EXPECT_EQ(error.kind(), HelpContentError::Kind::manifestNotFound);
+        EXPECT_EQ(error.description(),
+                  QStringLiteral("Help manifest 'nothing' was not found in the bundle."));
+    }
+}
+
+TEST_F(HelpContentTest, AManifestMustHaveWhatItNeedsInTheRightTypes) {
+    const QString prefix = QStringLiteral("Help manifest 'topics' could not be read: ");
+    for (const char* const manifest :
+         {"", "{", "[]", "null", "\"text\"", "{}", R"({"topics": {}})", R"({"topics": null})",
+          R"({"topics": [], "windowTitle": 1})", R"({"topics": ["a"]})", R"({"topics": [{}]})",
+          R"({"topics": [{"id": 1, "title": "T", "markdownFile": "m"}]})",
+          R"({"topics": [{"id": "1", "title": null, "markdownFile": "m"}]})",
+          R"({"topics": [{"id": "1", "title": "T"}]})",
+          R"({"topics": [{"id": "1", "title": "T", "markdownFile": "m", "group": 3}]})",
+          R"({"topics": [{"Id": "1", "title": "T", "markdownFile": "m"}]})", "{\"topics\": []} x",
+          "{\"topics\": [], \"windowTitle\": \"\xFF\"}"}) {
+        const QString reason = failure(manifest);
+        EXPECT_TRUE(reason.startsWith(prefix) && reason.size() > prefix.size() + 5) << manifest;
+    }
+    EXPECT_TRUE(failure(R"({"topics": [{"id": "1", "title": "T"}]})")
+                    .endsWith(QStringLiteral("\"markdownFile\" of topic 1 is missing.")));
+    EXPECT_FALSE(failure(QByteArray("{\"topics\": []}") + QByteArray(1024 * 1024, ' ')).isEmpty());
+    EXPECT_FALSE(failure(QByteArray(100'000, '[')).isEmpty());
+}
+
+TEST_F(HelpContentTest, ATopicThatCannotBeReadSaysSo) {
+    m_files.write(QStringLiteral("here.md"), "# Hällo\n");
+    m_files.write(QStringLiteral("latin1.md"), "# H\xE4llo\n");
+    m_files.write(QStringLiteral("huge.md"), QByteArray(5 * 1024 * 1024, 'a'));
+    m_files.write(QStringLiteral("../secret.md"), "secret");
+    QFile::link(m_files.path() + QStringLiteral("/../secret.md"),
+                m_files.path() + QStringLiteral("/link.md"));
+    EXPECT_EQ(topicText(QStringLiteral("here.md")), QStringLiteral("# Hällo\n"));
+    for (const char* const name :
+         {"gone.md", "latin1.md", "huge.md", "../secret.md", "link.md", "", ".", "/etc/hostname"}) {
+        EXPECT_EQ(
+            topicText(QString::fromUtf8(name)),
+            QStringLiteral("# A Title\n\n*This help topic could not be loaded.*\n\nThe file **") +
+                QString::fromUtf8(name) +
+                QStringLiteral("** is missing from the app bundle. Please report this to the "
+                               "app developer."))
+            << name;
+    }
+}
+
+} // namespace
+} // namespace quorvantel::help

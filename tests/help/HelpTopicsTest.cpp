@@ -1,0 +1,118 @@
+#include "help/HelpContent.h"
+#include "markdown/MarkdownRenderer.h"
+#include "settings/HelpStyle.h"
+
+#include <QRegularExpression>
+#include <QTextBlock>
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+namespace quorvantel {
+namespace {
+
+const help::HelpBundle& bundle() {
+    static const help::HelpBundle bundle(QStringLiteral(":/help"));
+    return bundle;
+}
+
+const help::HelpContent& content() {
+    static const help::HelpContent content =
+        help::loadHelpContent(QStringLiteral("topics"), bundle());
+    return content;
+}
+
+std::unique_ptr<QTextDocument> document(const help::HelpTopic& topic) {
+    return markdown::renderMarkdown(help::loadTopicText(topic, bundle()).toUtf8(),
+                                    bundle().baseUrl(), {});
+}
+
+/// The anchors of a topic's headings.
+QStringList anchors(const help::HelpTopic& topic) {
+    QStringList names;
+    const auto text = document(topic);
+    for (QTextBlock block = text->begin(); block.isValid(); block = block.next()) {
+        for (auto it = block.begin(); !it.atEnd(); ++it) {
+            names += it.fragment().charFormat().anchorNames();
+        }
+    }
+    return names;
+}
+
+bool leadsToATopic(const QUrl& link) {
+    for (const help::HelpTopic& topic : content().topics) {
+        if (topic.markdownFile == link.path()) {
+            return !link.hasFragment() || anchors(topic).contains(link.fragment());
+        }
+    }
+    return false;
+}
+
+TEST(HelpTopics, AreAllThereUnderTheirTitles) {
+    EXPECT_EQ(content().windowTitle, QStringLiteral("Quorvantel Help"));
+    QSet<QString> identifiers;
+    for (const help::HelpTopic& topic : content().topics) {
+        identifiers.insert(topic.id);
+        EXPECT_TRUE(bundle().contains(topic.markdownFile)) << topic.id.toStdString();
+        EXPECT_EQ(document(topic)->firstBlock().text(), topic.title);
+        EXPECT_EQ(document(topic)->firstBlock().blockFormat().headingLevel(), 1);
+    }
+    EXPECT_EQ(static_cast<std::size_t>(identifiers.size()), content().topics.size());
+}
+
+TEST(HelpTopics, LinkToTopicsThatExist) {
+    int links = 0;
+    for (const help::HelpTopic& topic : content().topics) {
+        const auto text = document(topic);
+        for (QTextBlock block = text->begin(); block.isValid(); block = block.next()) {
+            for (auto it = block.begin(); !it.atEnd(); ++it) {
+                const QTextCharFormat format = it.fragment().charFormat();
+                if (format.isAnchor() && !format.anchorHref().isEmpty()) {
+                    ++links;
+                    EXPECT_TRUE(leadsToATopic(QUrl(format.anchorHref())))
+                        << format.anchorHref().toStdString();
+                }
+            }
+        }
+    }
+    EXPECT_GT(links, 5);
+}
+
+/// Relative luminance and contrast as in the Web Content Accessibility Guidelines 2.1.
+double luminance(const QColor& color) {
+    const auto linear = [](double value) {
+        return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF());
+}
+
+double contrast(const QColor& one, const QColor& other) {
+    const double lighter = std::max(luminance(one), luminance(other));
+    const double darker = std::min(luminance(one), luminance(other));
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+TEST(HelpStyle, TextIsReadableInEveryPalette) {
+    constexpr double readable = 4.5;
+    for (const ColorScheme scheme : {ColorScheme::Light, ColorScheme::Dark}) {
+        for (const ThemePreset preset : {ThemePreset::Graphite, ThemePreset::Teal, ThemePreset::Ink,
+                                         ThemePreset::Paper, ThemePreset::Glass}) {
+            const help::HelpStyle style = helpStyleFor(resolve(scheme, preset));
+            for (const QColor& ground :
+                 {style.background, style.sidebarBackground, style.selectionFill,
+                  style.fieldBackground, style.tintedBackground}) {
+                EXPECT_EQ(ground.alpha(), 255);
+                EXPECT_GE(contrast(style.text, ground), readable);
+                EXPECT_GE(contrast(style.secondaryText, ground), readable)
+                    << ground.name().toStdString();
+            }
+            EXPECT_GE(contrast(style.accent, style.background), readable);
+            EXPECT_GE(contrast(style.text, style.matchFill), readable);
+        }
+    }
+}
+
+} // namespace
+} // namespace quorvantel

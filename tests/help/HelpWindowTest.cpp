@@ -1,0 +1,317 @@
+#include "help/HelpWindow.h"
+
+#include "help/BundleFiles.h"
+#include "help/HelpMenu.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTextBlock>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace quorvantel::help {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+HelpStyle style(int shade) {
+    const QColor color(shade, shade, shade);
+    return {color,   color, color, Qt::red, Qt::red,   Qt::red,
+            Qt::red, color, color, color,   Qt::yellow};
+}
+
+class HelpWindowTest : public ::testing::Test {
+protected:
+    HelpWindowTest() {
+        m_files.write(QStringLiteral("topics.json"), R"({"windowTitle": "My Help", "topics": [
+            {"id": "a", "title": "Apples", "markdownFile": "a.md", "group": "Fruit"},
+            {"id": "l", "title": "Long", "markdownFile": "l.md"},
+            {"id": "p", "title": "Pears", "markdownFile": "p.md", "group": "Fruit"}]})");
+        m_files.write(
+            QStringLiteral("a.md"),
+            "# Apples\n\nGreen. [pears](p.md) [deep](l.md#deep) [web](https://example.org)\n");
+        m_files.write(QStringLiteral("l.md"), "# Long\n\n" +
+                                                  QByteArray("filler\n\n").repeated(200) +
+                                                  "## Deep\n\nA crème brûlée.\n\n" +
+                                                  QByteArray("filler\n\n").repeated(200));
+        m_files.write(QStringLiteral("p.md"), "# Pears\n\nGreen or yellow.\n");
+        m_menu.emplace(m_files.bundle(), QStringLiteral("topics"), style(250));
+        m_menu->showHelp();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window()));
+        window()->onOpenUrl = [this](const QUrl& url) { m_opened.push_back(url.toString()); };
+    }
+
+    HelpWindow* window() const { return m_menu->window(); }
+    QLineEdit& field() const { return window()->sidebar()->searchField(); }
+    QListView& list() const { return window()->sidebar()->list(); }
+    TopicView& view() const { return *window()->topicView(); }
+    std::string topic() const { return window()->currentTopic()->title.toStdString(); }
+
+    std::vector<std::string> rows() const {
+        std::vector<std::string> titles;
+        for (int i = 0; i < list().model()->rowCount(); ++i) {
+            titles.push_back(list().model()->index(i, 0).data().toString().toStdString());
+        }
+        return titles;
+    }
+
+    std::vector<std::string> marked() const {
+        std::vector<std::string> words;
+        for (const auto& selection : view().extraSelections()) {
+            words.push_back(selection.cursor.selectedText().toStdString());
+        }
+        return words;
+    }
+
+    std::string selectedRow() const {
+        const auto rows = list().selectionModel()->selectedIndexes();
+        return rows.isEmpty() ? std::string() : rows.first().data().toString().toStdString();
+    }
+
+    void click(const QString& row) const {
+        for (int i = 0; i < list().model()->rowCount(); ++i) {
+            const QModelIndex index = list().model()->index(i, 0);
+            if (index.data().toString() == row) {
+                QTest::mouseClick(list().viewport(), Qt::LeftButton, {},
+                                  list().visualRect(index).center());
+            }
+        }
+    }
+
+    /// Clicks in the middle of a text of the topic.
+    void clickText(const QString& text) const {
+        QTextCursor cursor = view().document()->find(text);
+        cursor.setPosition((cursor.selectionStart() + cursor.selectionEnd()) / 2);
+        QTest::mouseClick(view().viewport(), Qt::LeftButton, {},
+                          view().cursorRect(cursor).center());
+    }
+
+    static void press(int key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
+    }
+
+    BundleFiles m_files;
+    std::optional<HelpMenu> m_menu;
+    std::vector<QString> m_opened;
+};
+
+TEST_F(HelpWindowTest, ListsTheTopicsInTheirGroupsAndShowsTheFirst) {
+    EXPECT_EQ(window()->windowTitle(), QStringLiteral("My Help"));
+    EXPECT_TRUE(window()->isWindow());
+    EXPECT_THAT(rows(), ElementsAre("Fruit", "Apples", "Pears", "Long"));
+    EXPECT_EQ(topic(), "Apples");
+    EXPECT_EQ(selectedRow(), "Apples");
+    EXPECT_TRUE(view().toPlainText().startsWith(QStringLiteral("Apples\nGreen.")));
+    click(QStringLiteral("Fruit"));
+    EXPECT_EQ(topic(), "Apples");
+    click(QStringLiteral("Pears"));
+    EXPECT_EQ(topic(), "Pears");
+}
+
+TEST_F(HelpWindowTest, SearchNarrowsMarksAndScrolls) {
+    QTest::keyClicks(&field(), QStringLiteral("GREEN"));
+    EXPECT_THAT(rows(), ElementsAre("Fruit", "Apples", "Pears"));
+    EXPECT_EQ(topic(), "Apples");
+    EXPECT_THAT(marked(), ElementsAre("Green"));
+
+    field().setText(QStringLiteral("creme brul"));
+    EXPECT_THAT(rows(), ElementsAre("Long"));
+    EXPECT_EQ(topic(), "Long");
+    EXPECT_EQ(selectedRow(), "Long");
+    EXPECT_THAT(marked(), ElementsAre("crème", "brûl"));
+    EXPECT_EQ(list()
+                  .model()
+                  ->index(0, 0)
+                  .data(Qt::AccessibleDescriptionRole)
+                  .toString()
+                  .count(QStringLiteral("crème brûlée")),
+              1);
+    const QRect place = view().cursorRect(view().extraSelections().first().cursor);
+    EXPECT_TRUE(view().viewport()->rect().contains(place));
+
+    press(Qt::Key_Escape);
+    EXPECT_THAT(rows(), ElementsAre("Fruit", "Apples", "Pears", "Long"));
+    EXPECT_EQ(topic(), "Long");
+    EXPECT_THAT(marked(), IsEmpty());
+}
+
+TEST_F(HelpWindowTest, SearchThatFindsNothingSaysSoAndKeepsTheTopic) {
+    QTest::keyClicks(&field(), QStringLiteral("zebra"));
+    EXPECT_FALSE(list().isVisible());
+    bool isSaid = false;
+    for (const QLabel* const label : window()->findChildren<QLabel*>()) {
+        isSaid |=
+            label->isVisible() && label->text() == QStringLiteral("No topic matches “zebra”.");
+    }
+    EXPECT_TRUE(isSaid);
+    EXPECT_EQ(topic(), "Apples");
+    field().clear();
+    EXPECT_TRUE(list().isVisible());
+    EXPECT_EQ(selectedRow(), "Apples");
+}
+
+TEST_F(HelpWindowTest, LinksOpenTopicsAndNothingButTheWebElsewhere) {
+    clickText(QStringLiteral("pears"));
+    EXPECT_EQ(topic(), "Pears");
+    click(QStringLiteral("Apples"));
+    clickText(QStringLiteral("deep"));
+    EXPECT_EQ(topic(), "Long");
+    EXPECT_GT(view().verticalScrollBar()->value(), 1000);
+    EXPECT_THAT(m_opened, IsEmpty());
+    click(QStringLiteral("Apples"));
+    clickText(QStringLiteral("web"));
+    EXPECT_THAT(m_opened, ElementsAre(QStringLiteral("https://example.org")));
+    m_opened.clear();
+    for (const char* const link : {"file:///etc/hostname", "javascript:x", "//host/p.md", "none.md",
+                                   "../p.md", "ftp://example.org"}) {
+        Q_EMIT view().anchorClicked(QUrl(QString::fromUtf8(link)));
+        EXPECT_EQ(topic(), "Apples") << link;
+        EXPECT_THAT(m_opened, IsEmpty()) << link;
+    }
+}
+
+TEST_F(HelpWindowTest, BackAndForwardGoWhereTheReaderWas) {
+    click(QStringLiteral("Long"));
+    view().verticalScrollBar()->setValue(700);
+    click(QStringLiteral("Pears"));
+    press(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(topic(), "Long");
+    EXPECT_EQ(view().verticalScrollBar()->value(), 700);
+    EXPECT_EQ(selectedRow(), "Long");
+    press(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(topic(), "Apples");
+    press(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(topic(), "Apples");
+    press(Qt::Key_Right, Qt::AltModifier);
+    press(Qt::Key_Right, Qt::AltModifier);
+    EXPECT_EQ(topic(), "Pears");
+}
+
+TEST_F(HelpWindowTest, TopicsThatASearchShowedAreGoneBackTo) {
+    field().setText(QStringLiteral("brûlée"));
+    ASSERT_EQ(topic(), "Long");
+    field().clear();
+    click(QStringLiteral("Pears"));
+    press(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(topic(), "Long");
+    press(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(topic(), "Apples");
+}
+
+TEST_F(HelpWindowTest, WorksByKeyboard) {
+    view().setFocus();
+    press(Qt::Key_F, Qt::ControlModifier);
+    EXPECT_TRUE(field().hasFocus());
+    press(Qt::Key_Down);
+    EXPECT_EQ(topic(), "Pears");
+    press(Qt::Key_Down);
+    EXPECT_EQ(topic(), "Long");
+    press(Qt::Key_Up);
+    press(Qt::Key_Up);
+    press(Qt::Key_Up);
+    EXPECT_EQ(topic(), "Apples");
+    EXPECT_TRUE(field().hasFocus());
+    press(Qt::Key_Return);
+    EXPECT_TRUE(view().hasFocus());
+    press(Qt::Key_Tab);
+    press(Qt::Key_Return);
+    EXPECT_EQ(topic(), "Pears");
+    press(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_FALSE(window()->isVisible());
+}
+
+TEST_F(HelpWindowTest, TextGrowsAndShrinksAndFollowsTheSystem) {
+    const auto size = [this] {
+        return view().document()->lastBlock().begin().fragment().charFormat().font().pointSizeF();
+    };
+    const double normal = size();
+    press(Qt::Key_Plus, Qt::ControlModifier);
+    press(Qt::Key_Equal, Qt::ControlModifier);
+    EXPECT_NEAR(size(), normal * 1.21, 0.01);
+    press(Qt::Key_Minus, Qt::ControlModifier);
+    EXPECT_NEAR(size(), normal * 1.1, 0.01);
+    press(Qt::Key_0, Qt::ControlModifier);
+    EXPECT_NEAR(size(), normal, 0.01);
+
+    const QFont before = QApplication::font();
+    QFont larger = before;
+    larger.setPointSizeF(normal * 2);
+    QApplication::setFont(larger);
+    QCoreApplication::processEvents();
+    EXPECT_NEAR(size(), normal * 2, 0.01);
+    QApplication::setFont(before);
+}
+
+TEST_F(HelpWindowTest, ANewStyleLeavesReadingAlone) {
+    click(QStringLiteral("Long"));
+    view().verticalScrollBar()->setValue(2345);
+    QTextCursor selection(view().document());
+    selection.setPosition(3);
+    selection.setPosition(20, QTextCursor::KeepAnchor);
+    view().setTextCursor(selection);
+    view().verticalScrollBar()->setValue(2345);
+    const QString selected = view().textCursor().selectedText();
+
+    m_menu->setStyle(style(20));
+
+    EXPECT_EQ(view().verticalScrollBar()->value(), 2345);
+    EXPECT_EQ(view().textCursor().selectedText(), selected);
+    EXPECT_EQ(window()->grab().toImage().pixelColor(window()->width() - 30, 30),
+              QColor(20, 20, 20));
+}
+
+TEST_F(HelpWindowTest, SaysWhatItIsToAssistiveTechnology) {
+    const auto name = [](QObject* object) {
+        return QAccessible::queryAccessibleInterface(object)->text(QAccessible::Name).toStdString();
+    };
+    EXPECT_EQ(name(&field()), "Search help topics");
+    EXPECT_EQ(name(&list()), "Help topics");
+    EXPECT_EQ(name(&view()), "Apples");
+    for (QToolButton* const button : window()->findChildren<QToolButton*>()) {
+        if (button->parent() == window()->sidebar()) {
+            EXPECT_FALSE(name(button).empty());
+        }
+    }
+    QAccessibleInterface* const rows = QAccessible::queryAccessibleInterface(&list());
+    ASSERT_EQ(rows->childCount(), 4);
+    EXPECT_EQ(rows->child(1)->text(QAccessible::Name), QStringLiteral("Apples"));
+    EXPECT_TRUE(rows->child(1)->state().selected);
+}
+
+TEST_F(HelpWindowTest, TheMenuKeepsItsWindow) {
+    QWidget host;
+    QAction* const command = m_menu->addCommand(host, QStringLiteral("Some Help"));
+    EXPECT_EQ(host.actions(), QList<QAction*>{command});
+    click(QStringLiteral("Pears"));
+    HelpWindow* const first = window();
+    first->close();
+    host.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&host));
+    QTest::keyClick(&host, Qt::Key_F1);
+    EXPECT_EQ(window(), first);
+    EXPECT_TRUE(first->isVisible());
+    EXPECT_EQ(topic(), "Pears");
+}
+
+TEST(HelpWindowWithoutContent, SaysSo) {
+    const BundleFiles files;
+    files.write(QStringLiteral("empty.json"), R"({"windowTitle": "T", "topics": []})");
+    for (const char* const name : {"missing", "empty"}) {
+        HelpMenu menu(files.bundle(), QString::fromUtf8(name), style(250));
+        menu.showHelp();
+        const auto* const label = menu.window()->findChild<QLabel*>();
+        ASSERT_NE(label, nullptr);
+        EXPECT_EQ(label->text(), QStringLiteral("This app hasn't provided any help content yet."));
+        EXPECT_TRUE(label->isVisible());
+        EXPECT_FALSE(menu.window()->currentTopic().has_value());
+        menu.setStyle(style(20));
+    }
+}
+
+} // namespace
+} // namespace quorvantel::help

@@ -1,0 +1,117 @@
+#include "markdown/MarkdownRenderer.h"
+#include "markdown/Rendering.h"
+
+#include <QTextCursor>
+#include <QTextTable>
+
+#include <gtest/gtest.h>
+
+namespace quorvantel {
+namespace {
+
+using namespace testing;
+
+bool hasRemark(const QTextDocument& document) {
+    return document.toPlainText().endsWith(
+        QStringLiteral("The rest of this text is too long to show."));
+}
+
+QByteArray repeated(const QByteArray& part, int times) {
+    return part.repeated(times);
+}
+
+TEST(MarkdownSafety, RawHtmlIsText) {
+    const auto document = rendered("a <b onclick=\"x\">bold</b> <img src=\"/etc/hosts\">\n\n"
+                                   "<script>\nalert(1)\n</script>\n\n<!-- remark -->\n");
+    const QString text = document->toPlainText();
+    for (const char* const part : {"<b onclick=\"x\">bold</b>", "<img src=\"/etc/hosts\">",
+                                   "<script>\nalert(1)\n</script>", "<!-- remark -->"}) {
+        EXPECT_TRUE(text.contains(QString::fromUtf8(part))) << part;
+    }
+    EXPECT_FALSE(formatOf(*document, QStringLiteral("bold"))->font().bold());
+}
+
+TEST(MarkdownSafety, OnlyHarmlessAddressesStayLinks) {
+    for (const char* const address :
+         {"javascript:alert(1)", "JaVaScRiPt:alert(1)", "file:///etc/passwd", "data:text/html,x",
+          "ftp://example.org", "x-scheme:go", "java&#115;cript:x"}) {
+        const auto document = rendered(QByteArray("[go](") + address + ")");
+        EXPECT_FALSE(formatOf(*document, QStringLiteral("go"))->isAnchor()) << address;
+    }
+    for (const char* const address :
+         {"http://example.org", "HTTPS://example.org", "mailto:a@b.c", "topic.md", "#part"}) {
+        const auto document = rendered(QByteArray("[go](") + address + ")");
+        EXPECT_TRUE(formatOf(*document, QStringLiteral("go"))->isAnchor()) << address;
+    }
+}
+
+TEST(MarkdownSafety, DeepNestingIsShownLessDeep) {
+    QByteArray lists;
+    for (int i = 0; i < 1000; ++i) {
+        lists += repeated("  ", i) + "- x\n";
+    }
+    for (const QByteArray& text : QList<QByteArray>{
+             repeated("> ", 1000) + "x", repeated("- ", 1000) + "x", repeated("1. ", 1000) + "x",
+             lists, repeated("*a **a ", 1000) + "x" + repeated("** *", 1000),
+             repeated("[", 1000) + "x", repeated("![", 1000) + "x" + repeated("](y)", 1000),
+             "a " + repeated("`", 1000) + "x",
+             repeated("> - ", 1000) + "x\n" + repeated("\n", 50'000)}) {
+        const auto document = rendered(text);
+        document->setTextWidth(400);
+        EXPECT_TRUE(document->toPlainText().contains(u'x')) << text.left(20).toStdString();
+        EXPECT_LT(document->idealWidth(), 2000) << text.left(20).toStdString();
+    }
+}
+
+TEST(MarkdownSafety, HugeTextsAreCutOff) {
+    for (const QByteArray& text : QList<QByteArray>{
+             repeated("word ", 2'000'000), repeated("a", 10'000'000), repeated("é", 5'000'000),
+             repeated("a\n\n", 300'000), repeated("> a\n\n", 200'000), repeated("# a\n", 200'000),
+             repeated("```\n\n```\n", 200'000), repeated("- a\n", 200'000)}) {
+        const auto document = rendered(text);
+        document->setTextWidth(400);
+        EXPECT_TRUE(hasRemark(*document)) << text.left(10).toStdString();
+        EXPECT_LT(document->characterCount(), 600'000) << text.left(10).toStdString();
+        EXPECT_FALSE(document->toPlainText().contains(QChar::ReplacementCharacter))
+            << text.left(10).toStdString();
+    }
+    EXPECT_FALSE(hasRemark(*rendered(repeated("An ordinary line.\n\n", 500))));
+}
+
+TEST(MarkdownSafety, TablesThatWouldExplodeAreNoTables) {
+    const QByteArray wide = repeated("|a", 30'000) + "\n" + repeated("|-", 30'000) + "\n";
+    for (const QByteArray& text :
+         QList<QByteArray>{wide + repeated("|\n", 100'000), "a|b\n-|-\n" + repeated("|\n", 200'000),
+                           "> a|b\n> -|-\n" + repeated("> |\n", 100'000)}) {
+        EXPECT_LT(rendered(text)->characterCount(), 700'000);
+    }
+    const auto ordinary = rendered("|a|b|c|\n|-|-|-|\n" + repeated("|1|2|3|\n", 300));
+    const auto* const table = QTextCursor(blockOf(*ordinary, QStringLiteral("a"))).currentTable();
+    ASSERT_NE(table, nullptr);
+    EXPECT_EQ(table->rows(), 301);
+}
+
+TEST(MarkdownSafety, InvalidUtf8BecomesTheReplacementCharacter) {
+    const auto document = rendered("# a\xFF\xC3\n\nb \xE2\x82 c\n\n[\xC0\xAF](\xED\xA0\x80)\n");
+    EXPECT_TRUE(document->toPlainText().contains(QChar::ReplacementCharacter));
+    EXPECT_EQ(blockOf(*document, QStringLiteral("b ")).text(), QStringLiteral("b \uFFFD c"));
+    EXPECT_NO_FATAL_FAILURE(rendered(QByteArray("a\0b", 3)));
+}
+
+TEST(MarkdownSafety, CharactersThatMeanStructureInADocumentAreOnlyCharacters) {
+    const auto document =
+        rendered(QStringLiteral("a\uFDD0b\uFDD1c\u2029d\uFFFCe\n\n`\uFDD0`\n").toUtf8());
+    EXPECT_EQ(document->blockCount(), 2);
+    EXPECT_EQ(document->rootFrame()->childFrames().size(), 0);
+}
+
+TEST(MarkdownSafety, OrdinaryLongLinesAndRulesPassUnchanged) {
+    const auto document = rendered(repeated("word ", 1500) + "end\n\n" + repeated("-", 300) +
+                                   "\n\nTitle\n" + repeated("-", 300) + "\n");
+    EXPECT_EQ(blockOf(*document, QStringLiteral("end")).text().size(), 1500 * 5 + 3);
+    EXPECT_EQ(blockOf(*document, QStringLiteral("Title")).blockFormat().headingLevel(), 2);
+    EXPECT_FALSE(document->toPlainText().contains(u'-'));
+}
+
+} // namespace
+} // namespace quorvantel

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "markdown/MarkdownStyle.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QUrl>
+
+#include <memory>
+#include <optional>
+
+namespace quorvantel::testing {
+
+/// A style of whose values no two are equal.
+markdown::MarkdownStyle lightStyle();
+
+/// Differs from `lightStyle` in every value.
+markdown::MarkdownStyle darkStyle();
+
+std::unique_ptr<QTextDocument> rendered(const QByteArray& text, const QUrl& baseUrl = {});
+
+/// The format of the last character of the text where it first occurs; absent when it does not.
+std::optional<QTextCharFormat> formatOf(const QTextDocument& document, const QString& text);
+
+/// The block that has the text in it; invalid when none has.
+QTextBlock blockOf(const QTextDocument& document, const QString& text);
+
+/// All formats and texts of a document, a line for each run of characters.
+QStringList description(const QTextDocument& document);
+
+} // namespace quorvantel::testing
