@@ -522,15 +522,21 @@ void DocumentBuilder::insertText(const QString& text) {
     }
 }
 
-QTextCharFormat DocumentBuilder::charFormat(int extraRole) const {
-    QTextCharFormat format;
-    format.setProperty(TextRole::property, m_roles.back() | extraRole);
-    if (!m_link.isEmpty()) {
-        format.setAnchor(true);
-        format.setAnchorHref(m_link);
+const QTextCharFormat& DocumentBuilder::charFormat(int extraRole) {
+    const int role = m_roles.back() | extraRole;
+    const auto key = std::tuple(role, m_headingLevel, m_link);
+    if (key == m_formatKey) {
+        return m_format;
     }
-    m_styler.style(format, m_headingLevel);
-    return format;
+    m_formatKey = key;
+    m_format = {};
+    m_format.setProperty(TextRole::property, role);
+    if (!m_link.isEmpty()) {
+        m_format.setAnchor(true);
+        m_format.setAnchorHref(m_link);
+    }
+    m_styler.style(m_format, m_headingLevel);
+    return m_format;
 }
 
 void DocumentBuilder::addRemark() {

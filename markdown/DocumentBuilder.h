@@ -13,6 +13,7 @@
 #include <QUrl>
 
 #include <optional>
+#include <tuple>
 #include <vector>
 
 namespace quorvantel::markdown {
@@ -77,7 +78,7 @@ private:
     void closeFrame();
     void markLastBlock(int property);
     void insertText(const QString& text);
-    QTextCharFormat charFormat(int extraRole = 0) const;
+    const QTextCharFormat& charFormat(int extraRole = 0);
     void anchorHeading(cmark_node* node);
     QString anchorFor(cmark_node* heading);
     void addRemark();
@@ -99,6 +100,9 @@ private:
     /// Levels of lists within the innermost frame.
     int m_indent = 0;
     int m_headingLevel = 0;
+    /// The format made last, and what it was made for; most text has that of the text before.
+    QTextCharFormat m_format;
+    std::tuple<int, int, QString> m_formatKey{-1, 0, {}};
     /// The cursor is in a block that nothing has claimed.
     bool m_isBlockFresh = true;
     /// How much more may be written.

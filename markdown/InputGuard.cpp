@@ -67,6 +67,8 @@ private:
     QByteArrayView takeLine() {
         const QByteArrayView line = m_rest.first(lineLength(m_rest));
         m_rest = m_rest.sliced(line.size());
+        // Below zero, once the blank line itself is taken.
+        m_linesToBlank = std::max<qsizetype>(m_linesToBlank - 1, -1);
         if (m_rest.startsWith("\r\n")) {
             m_rest = m_rest.sliced(2);
         } else if (!m_rest.isEmpty()) {
@@ -128,25 +130,30 @@ private:
     }
 
     /// How many cells a table has whose delimiter row is `line`, at most.
-    qsizetype cellsBelow(QByteArrayView line) const {
+    qsizetype cellsBelow(QByteArrayView line) {
         const qsizetype columns = std::count(line.begin(), line.end(), '|') + 1;
-        qsizetype rows = 1;
-        QByteArrayView below = m_rest;
-        while (!below.isEmpty() && rows * columns <= maximumCells) {
-            const qsizetype length = lineLength(below);
-            if (isBlank(below.first(length))) {
-                break;
-            }
-            ++rows;
-            below = below.sliced(std::min(length + 1, below.size()));
+        if (m_linesToBlank < 0) {
+            countLinesToBlank();
         }
-        return rows * columns;
+        return (m_linesToBlank + 1) * columns;
+    }
+
+    /// Looks ahead once for each run of lines, so that many delimiter rows cost no more than one.
+    void countLinesToBlank() {
+        m_linesToBlank = 0;
+        QByteArrayView below = m_rest;
+        while (!below.isEmpty() && !isBlank(below.first(lineLength(below)))) {
+            ++m_linesToBlank;
+            below = below.sliced(std::min(lineLength(below) + 1, below.size()));
+        }
     }
 
     QByteArrayView m_rest;
     QByteArray m_result;
     /// Bytes since the last blank line.
     qsizetype m_run = 0;
+    /// How many lines of the rest come before the next blank one; negative while not counted.
+    qsizetype m_linesToBlank = -1;
 };
 
 } // namespace

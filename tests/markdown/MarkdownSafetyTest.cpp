@@ -80,9 +80,9 @@ TEST(MarkdownSafety, HugeTextsAreCutOff) {
 
 TEST(MarkdownSafety, TablesThatWouldExplodeAreNoTables) {
     const QByteArray wide = repeated("|a", 30'000) + "\n" + repeated("|-", 30'000) + "\n";
-    for (const QByteArray& text :
-         QList<QByteArray>{wide + repeated("|\n", 100'000), "a|b\n-|-\n" + repeated("|\n", 200'000),
-                           "> a|b\n> -|-\n" + repeated("> |\n", 100'000)}) {
+    for (const QByteArray& text : QList<QByteArray>{
+             wide + repeated("|\n", 100'000), "a|b\n-|-\n" + repeated("|\n", 200'000),
+             "> a|b\n> -|-\n" + repeated("> |\n", 100'000), "a|b\n" + repeated("-|-\n", 100'000)}) {
         EXPECT_LT(rendered(text)->characterCount(), 700'000);
     }
     const auto ordinary = rendered("|a|b|c|\n|-|-|-|\n" + repeated("|1|2|3|\n", 300));
