@@ -30,12 +30,13 @@ void SettingsWindowController::buildWindow(LearnedAbbreviationStore& learned) {
     m_window = std::make_unique<SettingsView>(learned, m_services);
     m_window->setWindowTitle(QStringLiteral("Quorvantel Settings"));
     SettingsView* const window = m_window.get();
-    const auto addShortcut = [window](Qt::Key key, auto action) {
-        const auto* const shortcut = new QShortcut(QKeySequence(Qt::CTRL | key), window);
+    const auto addShortcut = [window](const QKeySequence& keys, auto action) {
+        const auto* const shortcut = new QShortcut(keys, window);
         connect(shortcut, &QShortcut::activated, window, action);
     };
-    addShortcut(Qt::Key_W, [window] { window->close(); });
-    addShortcut(Qt::Key_Q, [] { QCoreApplication::quit(); });
+    addShortcut(Qt::CTRL | Qt::Key_W, [window] { window->close(); });
+    addShortcut(Qt::CTRL | Qt::Key_Q, [] { QCoreApplication::quit(); });
+    addShortcut(Qt::Key_F1, m_services.showHelp);
 }
 
 void SettingsWindowController::centre() {

@@ -12,7 +12,7 @@ namespace quorvantel {
 
 /// Owns the one settings window, an ordinary window of the desktop: in the task list while it is
 /// open, and closed rather than destroyed by the user. Control+W closes it, Control+Q quits the
-/// launcher.
+/// launcher, F1 shows help.
 class SettingsWindowController : public QObject {
     Q_OBJECT
 

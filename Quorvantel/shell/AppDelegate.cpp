@@ -2,6 +2,7 @@
 
 #include "catalogue/SettingsPaneCatalogue.h"
 #include "platform/Directories.h"
+#include "settings/HelpStyle.h"
 
 #include <QDebug>
 #include <QDir>
@@ -32,8 +33,11 @@ AppDelegate::AppDelegate(platform::Platform& platform, AppSettings& settings,
       m_hotKeyService(platform.globalHotKeys()),
       m_theme(themeManager, platform.systemAppearance()),
       m_icons(platform.imageLoader()),
+      m_helpMenu(help::HelpBundle(QStringLiteral(":/help")), QStringLiteral("topics"),
+                 helpStyleFor(m_theme.theme())),
       m_settingsWindowController({settings, m_hotKeyActivity, themeManager, m_theme, m_icons,
-                                  platform.keyCapture(), platform.windowActivator(), [] {}}),
+                                  platform.keyCapture(), platform.windowActivator(),
+                                  [this] { m_helpMenu.showHelp(); }}),
       m_indexer(AppIndexer::standardRoots(QDir::homePath()),
                 platform::launcherIdentifier.toString(), platform.bundleReader(),
                 platform.installedApplications()),
@@ -44,6 +48,8 @@ AppDelegate::~AppDelegate() {
 }
 
 void AppDelegate::applicationDidFinishLaunching() {
+    connect(&m_theme, &ThemedRoot::themeChanged, &m_helpMenu,
+            [this] { m_helpMenu.setStyle(helpStyleFor(m_theme.theme())); });
     buildLauncher();
     reindexIfNeeded(true);
     m_settings.onHotKeyChange = [this](const HotKeyBinding& binding) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/AppIndexer.h"
+#include "help/HelpMenu.h"
 #include "hotkey/HotKeyActivity.h"
 #include "hotkey/HotKeyService.h"
 #include "panel/IconCache.h"
@@ -85,6 +86,7 @@ private:
     ThemedRoot m_theme;
     IconCache m_icons;
     HotKeyActivity m_hotKeyActivity;
+    help::HelpMenu m_helpMenu;
     SettingsWindowController m_settingsWindowController;
     AppIndexer m_indexer;
     std::unique_ptr<SearchEngine> m_engine;

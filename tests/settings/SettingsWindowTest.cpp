@@ -121,11 +121,14 @@ TEST_F(SettingsWindowTest, TheSidebarIsAListThatTheArrowKeysMoveIn) {
     EXPECT_EQ(spoken->child(3)->text(QAccessible::Name), QStringLiteral("Appearance"));
 }
 
-TEST_F(SettingsWindowTest, TheHelpButtonAsksForHelp) {
-    show().select(SettingsSection::General);
+TEST_F(SettingsWindowTest, TheHelpButtonAndF1AskForHelp) {
+    SettingsView& window = show();
+    QTest::keyClick(&window, Qt::Key_F1);
+    EXPECT_EQ(helpRequests, 1);
+    window.select(SettingsSection::General);
     QTest::mouseClick(button<FCPToolbarButtonStyle>(QStringLiteral("Quorvantel Help")),
                       Qt::LeftButton);
-    EXPECT_EQ(helpRequests, 1);
+    EXPECT_EQ(helpRequests, 2);
 }
 
 TEST_F(SettingsWindowTest, ResetToDefaultStoresTheDefaultHotKey) {
