@@ -1,7 +1,6 @@
 #include "panel/ResultListView.h"
 
 #include "panel/LauncherLayout.h"
-#include "panel/accessibility/ResultListAccessible.h"
 
 #include <QMouseEvent>
 #include <QWheelEvent>
@@ -40,13 +39,18 @@ void ResultListView::setResults(const std::vector<LaunchTarget>& results) {
     m_hoveredRow = -1;
     m_pressedRow = -1;
     bindRows();
-    ResultListAccessible::resultsChanged(*this);
+    Q_EMIT resultsChanged();
+}
+
+void ResultListView::refreshResults(const std::vector<LaunchTarget>& results) {
+    m_results = results;
+    bindRows();
 }
 
 void ResultListView::setSelectedIndex(int index) {
     m_selectedIndex = index;
     bindRows();
-    ResultListAccessible::selectionChanged(*this);
+    Q_EMIT selectionChanged();
 }
 
 void ResultListView::scrollToCentre(int row) {

@@ -28,6 +28,9 @@ public:
 
     const std::vector<LaunchTarget>& results() const { return m_results; }
 
+    /// Shows newer values of the same results, with other names or icons, where they are.
+    void refreshResults(const std::vector<LaunchTarget>& results);
+
     void setSelectedIndex(int index);
     int selectedIndex() const { return m_selectedIndex; }
 
@@ -44,6 +47,9 @@ public:
     QRect rowRect(int row) const;
 
 Q_SIGNALS:
+    void resultsChanged();
+    /// Another row is selected, or what is selected may be another result.
+    void selectionChanged();
     /// The mouse moved onto another row.
     void rowEntered(int row);
     /// The user opens the row, by a click or through assistive technology.

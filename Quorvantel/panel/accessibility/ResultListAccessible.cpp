@@ -16,43 +16,22 @@ void notify(QAccessibleInterface& row, QAccessible::Event type) {
 } // namespace
 
 ResultListAccessible::ResultListAccessible(ResultListView& view)
-    : QAccessibleWidget(&view, QAccessible::List) {}
+    : QAccessibleWidget(&view, QAccessible::List) {
+    // Once the events of now are through, of which the search field tells by itself: what a reader
+    // says of the row would be cut short by what it says of the field.
+    m_announcement.setSingleShot(true);
+    m_announcement.setInterval(0);
+    m_announcement.callOnTimeout([this] { announceSelection(); });
+    QObject::connect(&view, &ResultListView::resultsChanged, &m_announcement,
+                     [this] { dropOutdatedRows(); });
+    QObject::connect(&view, &ResultListView::selectionChanged, &m_announcement,
+                     qOverload<>(&QTimer::start));
+}
 
 ResultListAccessible::~ResultListAccessible() {
     for (const auto& [index, id] : m_rows) {
         QAccessible::deleteAccessibleInterface(id);
     }
-}
-
-void ResultListAccessible::resultsChanged(ResultListView& view) {
-    if (!QAccessible::isActive()) {
-        return;
-    }
-    if (ResultListAccessible* const list = of(view)) {
-        list->dropOutdatedRows();
-    }
-}
-
-void ResultListAccessible::selectionChanged(ResultListView& view) {
-    ResultListAccessible* const list = QAccessible::isActive() ? of(view) : nullptr;
-    if (list == nullptr || std::exchange(list->m_willAnnounce, true)) {
-        return;
-    }
-    // Later, when the search field has told of the keystroke that brought the change about. Or else
-    // what a reader says of the row would be cut short by what it says of the field.
-    QMetaObject::invokeMethod(
-        &view,
-        [&view] {
-            if (ResultListAccessible* const current = of(view)) {
-                current->m_willAnnounce = false;
-                current->announceSelection();
-            }
-        },
-        Qt::QueuedConnection);
-}
-
-ResultListAccessible* ResultListAccessible::of(ResultListView& view) {
-    return dynamic_cast<ResultListAccessible*>(QAccessible::queryAccessibleInterface(&view));
 }
 
 ResultListView& ResultListAccessible::view() const {

@@ -4,6 +4,7 @@
 #include "panel/ResultListView.h"
 
 #include <QAccessibleWidget>
+#include <QTimer>
 
 #include <optional>
 #include <unordered_map>
@@ -23,11 +24,6 @@ public:
     explicit ResultListAccessible(ResultListView& view);
     ~ResultListAccessible() override;
 
-    /// The view calls these after its results or its selection changed. They do nothing while no
-    /// assistive technology listens.
-    static void resultsChanged(ResultListView& view);
-    static void selectionChanged(ResultListView& view);
-
     ResultListView& view() const;
 
     int childCount() const override;
@@ -39,7 +35,6 @@ public:
     QStringList actionNames() const override;
 
 private:
-    static ResultListAccessible* of(ResultListView& view);
     void dropOutdatedRows();
     void announceSelection();
 
@@ -47,7 +42,7 @@ private:
     mutable std::unordered_map<int, QAccessible::Id> m_rows;
     int m_announcedIndex = -1;
     std::optional<LaunchTarget> m_announcedTarget;
-    bool m_willAnnounce = false;
+    QTimer m_announcement;
 };
 
 } // namespace quorvantel

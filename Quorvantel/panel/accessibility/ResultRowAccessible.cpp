@@ -32,11 +32,16 @@ QAccessibleInterface* ResultRowAccessible::parent() const {
 }
 
 QString ResultRowAccessible::text(QAccessible::Text kind) const {
+    if (!isValid()) {
+        return {};
+    }
+    // The list's own value, since a target may come to have another name.
+    const LaunchTarget& target = m_view.results()[static_cast<std::size_t>(m_index)];
     switch (kind) {
     case QAccessible::Name:
-        return m_target.displayName();
+        return target.displayName();
     case QAccessible::Description:
-        return ResultRowView::kindText(m_target);
+        return ResultRowView::kindText(target);
     default:
         return {};
     }
