@@ -4,7 +4,6 @@
 #include "settings/EaseInOut.h"
 #include "settings/InterfaceFont.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 #include <QWindow>
 
@@ -46,6 +45,7 @@ HotKeyRecorderView::HotKeyRecorderView(AppSettings& settings, platform::KeyCaptu
       m_icons(icons) {
     setCursor(Qt::PointingHandCursor);
     setFocusPolicy(Qt::StrongFocus);
+    setAutoDefault(true); // Return presses it as well as Space.
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setAccessibleName(QStringLiteral("Summon hotkey"));
     m_pulse.setStartValue(1.0);
@@ -121,14 +121,6 @@ void HotKeyRecorderView::hideEvent(QHideEvent* event) {
 void HotKeyRecorderView::focusOutEvent(QFocusEvent* event) {
     cancelRecording();
     QPushButton::focusOutEvent(event);
-}
-
-void HotKeyRecorderView::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        click();
-        return;
-    }
-    QPushButton::keyPressEvent(event);
 }
 
 QString HotKeyRecorderView::shownText() const {

@@ -49,6 +49,7 @@ FCPToolbarButtonStyle::FCPToolbarButtonStyle(const QString& label, const platfor
       m_icons(icons),
       m_isOn(onSpring, tolerance) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setAutoDefault(true); // Return presses it as well as Space.
     m_press.setStartValue(0.0);
     m_press.setEndValue(1.0);
     m_press.setDuration(static_cast<int>(std::chrono::milliseconds(pressDuration).count()));

@@ -20,6 +20,7 @@ constexpr double pressedOpacity = 0.6;
 PlainButton::PlainButton(const QString& label, const ThemedRoot& theme, QWidget* parent)
     : QPushButton(label, parent), m_theme(theme) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setAutoDefault(true); // Return presses it as well as Space.
     setCursor(Qt::PointingHandCursor);
     setAttribute(Qt::WA_Hover);
     connect(&theme, &ThemedRoot::themeChanged, this, qOverload<>(&QWidget::update));

@@ -31,6 +31,7 @@ SegmentedPill::SegmentedPill(const QStringList& options, const ThemedRoot& theme
         m_segments.push_back(segment);
     }
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setSelection(std::nullopt);
     for (SpringAnimation* const animation : {&m_pillLeft, &m_pillWidth}) {
         connect(animation, &SpringAnimation::valueChanged, this, qOverload<>(&QWidget::update));
     }
@@ -49,9 +50,13 @@ void SegmentedPill::setSelection(std::optional<int> selection) {
     for (std::size_t index = 0; index < m_segments.size(); ++index) {
         // An exclusive button cannot be unchecked but by another one.
         PillSegment& segment = *m_segments[index];
+        const bool isSelected = selection == static_cast<int>(index);
         segment.setAutoExclusive(false);
-        segment.setChecked(selection == static_cast<int>(index));
+        segment.setChecked(isSelected);
         segment.setAutoExclusive(true);
+        // The Tab key stops once, at the selected segment or else at the first.
+        const bool isTabStop = isSelected || (!selection && index == 0);
+        segment.setFocusPolicy(isTabStop ? Qt::StrongFocus : Qt::ClickFocus);
     }
     movePill(slides);
     update();

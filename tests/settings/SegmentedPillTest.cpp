@@ -76,6 +76,24 @@ TEST_F(SegmentedPillTest, LabelsFitAndSegmentsFillThePill) {
     }
 }
 
+TEST_F(SegmentedPillTest, TheTabKeyStopsAtTheSelectedSegmentOnly) {
+    const auto tabStops = [this] {
+        QList<int> stops;
+        for (int index = 0; index < 3; ++index) {
+            if ((segment(index)->focusPolicy() & Qt::TabFocus) != 0) {
+                stops << index;
+            }
+        }
+        return stops;
+    };
+    EXPECT_EQ(tabStops(), QList<int>{0});
+    pill.setSelection(2);
+    EXPECT_EQ(tabStops(), QList<int>{2});
+    segment(2)->setFocus();
+    QTest::keyClick(segment(2), Qt::Key_Left);
+    EXPECT_EQ(tabStops(), QList<int>{1});
+}
+
 TEST_F(SegmentedPillTest, WorksByKeyboardAndIsAGroupOfRadioButtonsToScreenReaders) {
     pill.setSelection(0);
     segment(0)->setFocus();

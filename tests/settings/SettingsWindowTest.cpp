@@ -126,9 +126,12 @@ TEST_F(SettingsWindowTest, TheHelpButtonAndF1AskForHelp) {
     QTest::keyClick(&window, Qt::Key_F1);
     EXPECT_EQ(helpRequests, 1);
     window.select(SettingsSection::General);
-    QTest::mouseClick(button<FCPToolbarButtonStyle>(QStringLiteral("Quorvantel Help")),
-                      Qt::LeftButton);
+    auto* const help = button<FCPToolbarButtonStyle>(QStringLiteral("Quorvantel Help"));
+    QTest::mouseClick(help, Qt::LeftButton);
     EXPECT_EQ(helpRequests, 2);
+    help->setFocus();
+    QTest::keyClick(help, Qt::Key_Return);
+    EXPECT_EQ(helpRequests, 3);
 }
 
 TEST_F(SettingsWindowTest, ResetToDefaultStoresTheDefaultHotKey) {
