@@ -1,0 +1,194 @@
+#include "e2e/LauncherSession.h"
+#include "support/ClientWindow.h"
+#include "support/ForeignHotKey.h"
+#include "support/WaitUntil.h"
+
+#include <X11/keysym.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace quorvantel {
+namespace {
+
+using ::testing::Contains;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using namespace ::quorvantel::testing;
+
+class SettingsTest : public ::testing::Test {
+protected:
+    SettingsTest() {
+        session.addApplication(QStringLiteral("zinc"), QStringLiteral("Zinc"));
+        session.addApplication(QStringLiteral("zealion-arc"), QStringLiteral("Zealion Arc"));
+    }
+
+    QByteArray activeTitle() {
+        const xcb_window_t window = session.desktop().activeWindow();
+        constexpr std::uint32_t longest = 64;
+        const XConnection& connection = session.connection();
+        const XReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+            connection.get(),
+            xcb_get_property(connection.get(), 0, window, connection.atom("_NET_WM_NAME"),
+                             connection.atom("UTF8_STRING"), 0, longest),
+            nullptr));
+        if (!reply) {
+            return {};
+        }
+        return QByteArray(static_cast<const char*>(xcb_get_property_value(reply.get())),
+                          xcb_get_property_value_length(reply.get()));
+    }
+
+    void waitForActive(const QByteArray& title) {
+        ASSERT_TRUE(waitUntil([&] { return activeTitle() == title; }))
+            << "in front is \"" << activeTitle().constData() << '"';
+    }
+
+    void openSettings() {
+        session.summon();
+        press({XK_Super_L, XK_comma});
+        waitForActive("Quorvantel Settings");
+        EXPECT_TRUE(session.waitForDismissal());
+    }
+
+    void press(const std::vector<xcb_keysym_t>& chord) { session.keyboard().press(chord); }
+
+    void pressInTurn(const std::vector<xcb_keysym_t>& keys) {
+        for (const xcb_keysym_t key : keys) {
+            press({key});
+        }
+    }
+
+    bool waitForPanel() {
+        return waitUntil([this] { return session.panel().has_value(); });
+    }
+
+    /// Whether the panel comes to have this background.
+    bool showsPanelIn(QRgb color) {
+        session.summon();
+        const bool shows = waitUntil([&] {
+            // Between the edge of the panel and its search field.
+            const QPoint point(session.panel()->center().x(), session.panel()->top() + 5);
+            return session.desktop().screenshot(QRect(point, QSize(1, 1))).pixel(0, 0) == color;
+        });
+        press({XK_Escape});
+        EXPECT_TRUE(session.waitForDismissal());
+        return shows;
+    }
+
+    LauncherSession session;
+};
+
+TEST_F(SettingsTest, ARecordedHotKeyReplacesTheOldOneForGood) {
+    constexpr std::uint16_t altAndSuper = XCB_MOD_MASK_1 | XCB_MOD_MASK_4;
+    session.start();
+    openSettings();
+    pressInTurn({XK_Tab, XK_space});
+    ASSERT_TRUE(waitUntil([this] { return session.desktop().isKeyboardGrabbed(); }));
+    press({XK_Control_L, XK_Shift_L, XK_k});
+    EXPECT_TRUE(waitUntil([this] { return !session.desktop().isKeyboardGrabbed(); }));
+
+    press({XK_Control_L, XK_Shift_L, XK_k});
+    EXPECT_TRUE(waitForPanel()) << session.output().constData();
+    EXPECT_TRUE(ForeignHotKey(session.display(), XK_space, altAndSuper).isHeld());
+
+    ASSERT_TRUE(session.terminate());
+    session.start();
+    press({XK_Control_L, XK_Shift_L, XK_k});
+    EXPECT_TRUE(waitForPanel());
+    EXPECT_TRUE(ForeignHotKey(session.display(), XK_space, altAndSuper).isHeld());
+}
+
+TEST_F(SettingsTest, TheHotKeyItselfIsRecordedInsteadOfActedUpon) {
+    session.start();
+    openSettings();
+    pressInTurn({XK_Tab, XK_space});
+    ASSERT_TRUE(waitUntil([this] { return session.desktop().isKeyboardGrabbed(); }));
+    session.pressDefaultHotKey();
+    EXPECT_TRUE(waitUntil([this] { return !session.desktop().isKeyboardGrabbed(); }));
+    EXPECT_FALSE(session.panel());
+    session.summon();
+}
+
+TEST_F(SettingsTest, TheGearOpensAWindowOfTheTaskListThatComesBackToTheFront) {
+    session.start();
+    session.summon();
+    const QRect panel = *session.panel();
+    session.pointer().click(QPoint(panel.right() - 27, panel.top() + 28));
+    waitForActive("Quorvantel Settings");
+    const xcb_window_t settings = session.desktop().activeWindow();
+    const XConnection& connection = session.connection();
+    EXPECT_THAT(connection.property(connection.root(), "_NET_CLIENT_LIST"), Contains(settings));
+    EXPECT_THAT(connection.property(settings, "_NET_WM_STATE"),
+                Not(Contains(connection.atom("_NET_WM_STATE_SKIP_TASKBAR"))));
+
+    const ClientWindow other(session.display(), QRect(40, 640, 400, 120));
+    EXPECT_EQ(session.desktop().activeWindow(), other.id());
+    openSettings();
+    EXPECT_EQ(session.desktop().activeWindow(), settings);
+
+    press({XK_Control_L, XK_w});
+    EXPECT_TRUE(waitUntil([&] { return session.desktop().activeWindow() == other.id(); }));
+    EXPECT_TRUE(session.isRunning());
+    openSettings();
+    press({XK_Control_L, XK_q});
+    EXPECT_TRUE(waitUntil([this] { return !session.isRunning(); }));
+}
+
+TEST_F(SettingsTest, DarkAndTealRecolourThePanel) {
+    session.start();
+    EXPECT_TRUE(showsPanelIn(qRgb(0xF4, 0xF5, 0xF7)));
+    openSettings();
+    pressInTurn({XK_Down, XK_Down, XK_Tab, XK_Left});
+    EXPECT_TRUE(showsPanelIn(qRgb(0x16, 0x17, 0x19)));
+    pressInTurn({XK_Tab, XK_Right});
+    EXPECT_TRUE(showsPanelIn(qRgb(0x0F, 0x1C, 0x1A)));
+
+    ASSERT_TRUE(session.terminate());
+    session.start();
+    EXPECT_TRUE(showsPanelIn(qRgb(0x0F, 0x1C, 0x1A)));
+}
+
+TEST_F(SettingsTest, AConfirmedResetForgetsWhatWasLearned) {
+    const QString abbreviations = QStringLiteral("abbreviations.json");
+    const auto learned = [&] { return session.dataFile(abbreviations).value_or(QJsonObject()); };
+    session.start();
+    session.summon();
+    session.search("zinc", 2);
+    pressInTurn({XK_Down, XK_Return});
+    ASSERT_TRUE(waitUntil([&] { return !learned().isEmpty(); }));
+    EXPECT_TRUE(session.waitForDismissal());
+
+    openSettings();
+    pressInTurn({XK_Down, XK_Tab, XK_Return});
+    waitForActive("Reset learned abbreviations?");
+    press({XK_Escape});
+    waitForActive("Quorvantel Settings");
+    EXPECT_THAT(learned(), Not(IsEmpty()));
+
+    press({XK_Return});
+    waitForActive("Reset learned abbreviations?");
+    pressInTurn({XK_Tab, XK_Return});
+    waitForActive("Quorvantel Settings");
+    EXPECT_TRUE(waitUntil([&] { return learned().isEmpty(); }));
+    EXPECT_TRUE(session.dataFile(abbreviations));
+}
+
+TEST_F(SettingsTest, ARefusedHotKeyIsLoggedStoredAndFollowedByTheDefault) {
+    session.start();
+    const ForeignHotKey other(session.display(), XK_k, XCB_MOD_MASK_CONTROL);
+    ASSERT_TRUE(other.isHeld());
+    openSettings();
+    pressInTurn({XK_Tab, XK_space});
+    ASSERT_TRUE(waitUntil([this] { return session.desktop().isKeyboardGrabbed(); }));
+    press({XK_Control_L, XK_k});
+    EXPECT_TRUE(waitUntil([this] {
+        return session.output().contains("Quorvantel: hotkey registration failed: "
+                                         "RegisterEventHotKey failed with OSStatus 10.");
+    }));
+    ASSERT_TRUE(session.terminate());
+    session.start("Quorvantel: hotkey registration failed: ");
+    session.summon();
+}
+
+} // namespace
+} // namespace quorvantel
