@@ -3,6 +3,7 @@
 #include "settings/PlainButton.h"
 #include "settings/SettingsText.h"
 
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -12,6 +13,16 @@ namespace quorvantel {
 namespace {
 
 constexpr int spacing = 12;
+constexpr int questionWidth = 380;
+
+/// A message box is as wide as its first line and takes no width from outside.
+void widen(QMessageBox& box) {
+    auto* const grid = qobject_cast<QGridLayout*>(box.layout());
+    if (grid != nullptr) {
+        grid->addItem(new QSpacerItem(questionWidth, 0), grid->rowCount(), 0, 1,
+                      grid->columnCount());
+    }
+}
 
 } // namespace
 
@@ -40,6 +51,8 @@ void AdvancedSettingsPane::askForConfirmation() {
     m_confirmation =
         new QMessageBox(QMessageBox::NoIcon, question, question, QMessageBox::NoButton, this);
     m_confirmation->setAttribute(Qt::WA_DeleteOnClose);
+    // Otherwise a window of its own has the desktop's colours rather than the launcher's.
+    m_confirmation->setAttribute(Qt::WA_WindowPropagation);
     m_confirmation->setInformativeText(QStringLiteral(
         "This cannot be undone. All learned search→result associations will be cleared."));
     const auto* const reset =
@@ -49,6 +62,7 @@ void AdvancedSettingsPane::askForConfirmation() {
     m_confirmation->setDefaultButton(cancel);
     m_confirmation->setEscapeButton(cancel);
     connect(reset, &QPushButton::clicked, this, [this] { m_learned.reset(); });
+    widen(*m_confirmation);
     m_confirmation->open();
 }
 

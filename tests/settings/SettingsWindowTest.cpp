@@ -164,6 +164,8 @@ TEST_F(SettingsWindowTest, LeavingTheSectionEndsTheRecording) {
 TEST_F(SettingsWindowTest, TheResetAsksFirstAndForgetsForGood) {
     learned.learn(QStringLiteral("ch"), QStringLiteral("org.example.Chess"), 0);
     askForReset();
+    look.manager.setAppearance(ThemeManager::Appearance::Dark);
+    EXPECT_EQ(confirmation()->palette().color(QPalette::Window), QColor(0x16, 0x17, 0x19));
     EXPECT_EQ(confirmation()->text(), QStringLiteral("Reset learned abbreviations?"));
     EXPECT_EQ(confirmation()->informativeText(),
               QStringLiteral("This cannot be undone. All learned search→result associations will "
