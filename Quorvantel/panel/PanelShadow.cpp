@@ -114,6 +114,7 @@ PanelShadow::PanelShadow(Qt::WindowFlags flags)
     : QWidget(nullptr, flags | Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus) {
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_ShowWithoutActivating);
+    setWindowTitle(QStringLiteral("Quorvantel Shadow"));
 }
 
 void PanelShadow::surround(const QRect& panel) {

@@ -8,7 +8,7 @@ LinuxPlatform::LinuxPlatform(const X11Display& display)
     : m_rawEvents(display),
       m_hotKeys(display, m_rawEvents),
       m_keyCapture(display, m_hotKeys),
-      m_clickMonitor(m_rawEvents),
+      m_clickMonitor(display, m_rawEvents),
       m_panelHost(display),
       m_windowBackdrop(display),
       m_windowActivator(display, m_userTime),

@@ -23,4 +23,9 @@ xcb_atom_t X11Display::atom(const char* name) const {
     return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
 
+std::uint8_t X11Display::extensionOpcode(xcb_extension_t* extension) const {
+    const auto* const data = xcb_get_extension_data(connection, extension);
+    return data != nullptr && data->present != 0 ? data->major_opcode : 0;
+}
+
 } // namespace quorvantel::platform

@@ -2,6 +2,7 @@
 
 #include <xcb/xcb.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <memory>
 #include <optional>
@@ -22,6 +23,9 @@ struct X11Display {
 
     /// Looks an atom up, creating it when the server does not know it yet.
     xcb_atom_t atom(const char* name) const;
+
+    /// The major opcode of an extension; 0 when the server lacks it.
+    std::uint8_t extensionOpcode(xcb_extension_t* extension) const;
 };
 
 struct FreeDeleter {

@@ -10,15 +10,6 @@
 
 namespace quorvantel::platform {
 
-namespace {
-
-std::uint8_t extensionOpcode(xcb_connection_t* connection) {
-    const auto* const extension = xcb_get_extension_data(connection, &xcb_input_id);
-    return extension != nullptr && extension->present != 0 ? extension->major_opcode : 0;
-}
-
-} // namespace
-
 X11RawEvents::Observation::Observation(X11RawEvents& events, Type type, Handler handler)
     : m_events(events), m_type(type), m_handler(std::move(handler)) {
     m_events.m_observations.push_back(this);
@@ -31,7 +22,7 @@ X11RawEvents::Observation::~Observation() {
 }
 
 X11RawEvents::X11RawEvents(const X11Display& display)
-    : m_display(display), m_opcode(extensionOpcode(display.connection)) {
+    : m_display(display), m_opcode(display.extensionOpcode(&xcb_input_id)) {
     qApp->installNativeEventFilter(this);
 }
 
