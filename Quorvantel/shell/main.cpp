@@ -1,4 +1,5 @@
 #include "platform/Platform.h"
+#include "shell/LateAccessibility.h"
 #include "shell/QuorvantelApp.h"
 
 #include <QApplication>
@@ -30,6 +31,7 @@ int main(int argc, char** argv) {
     arguments.insert(arguments.end(), {platformOption.data(), platformName.data(), nullptr});
     int argumentCount = argc + 2;
 
+    const quorvantel::LateAccessibility accessibility;
     QApplication application(argumentCount, arguments.data());
     QApplication::setApplicationName(QStringLiteral("Quorvantel"));
     QApplication::setDesktopFileName(QStringLiteral("org.quorvantel.Quorvantel"));
