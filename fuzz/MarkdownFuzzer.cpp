@@ -24,7 +24,7 @@ void require(bool holds) {
 
 } // namespace
 
-/// Fontconfig keeps what it read about the system's fonts until the process ends.
+/// What Qt's look-up of fonts leaves allocated in fontconfig is not this program's to free.
 extern "C" const char* __lsan_default_suppressions() {
     return "leak:libfontconfig";
 }
