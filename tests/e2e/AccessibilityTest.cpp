@@ -1,0 +1,139 @@
+#include "e2e/LauncherSession.h"
+#include "e2e/ScreenReader.h"
+#include "support/WaitUntil.h"
+
+#include <X11/keysym.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace quorvantel {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::SizeIs;
+using namespace ::quorvantel::testing;
+
+const QString field = QStringLiteral("text");
+const QString list = QStringLiteral("list");
+const QString notification = QStringLiteral("notification");
+
+/// Of the twenty results, as many as the panel shows at once.
+constexpr int visibleRows = 8;
+
+class AccessibilityTest : public ::testing::Test {
+protected:
+    AccessibilityTest() {
+        for (int number = 10; number < 30; ++number) {
+            session.addApplication(QStringLiteral("zinc%1").arg(number),
+                                   QStringLiteral("Zinc %1").arg(number));
+        }
+    }
+
+    ~AccessibilityTest() override { qunsetenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"); }
+
+    /// The panel with the query "zinc" and its twenty results, and a reader that has heard of it.
+    void searchWithReader() {
+        qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
+        session.start();
+        session.summon();
+        session.search("zinc", visibleRows);
+        EXPECT_TRUE(hears(QStringLiteral("focused: list item Zinc 10")));
+        reader.forget();
+    }
+
+    bool hears(const QString& event) {
+        return waitUntil([this, &event] { return reader.heard().contains(event); });
+    }
+
+    AccessibleObject find(const QString& role) {
+        std::optional<AccessibleObject> found;
+        waitUntil([&] {
+            found = reader.find(QStringLiteral("Quorvantel"), role);
+            return found.has_value();
+        });
+        return found.value();
+    }
+
+    LauncherSession session;
+    ScreenReader reader{session.busAddress()};
+};
+
+TEST_F(AccessibilityTest, TheTreeHoldsTheFieldAndEveryResult) {
+    searchWithReader();
+    const AccessibleObject dialog = find(QStringLiteral("dialog"));
+    EXPECT_EQ(dialog.name(), QStringLiteral("Quorvantel"));
+    EXPECT_TRUE(dialog.has("active"));
+
+    EXPECT_EQ(find(field).name(), QStringLiteral("Search apps and settings…"));
+    EXPECT_TRUE(find(field).has("focused"));
+    EXPECT_TRUE(find(field).has("editable"));
+
+    ASSERT_EQ(find(list).childCount(), 20);
+    for (int index = 0; index < 20; ++index) {
+        const std::optional<AccessibleObject> row = find(list).child(index);
+        ASSERT_TRUE(row);
+        EXPECT_EQ(row->role(), QStringLiteral("list item"));
+        EXPECT_EQ(row->name(), QStringLiteral("Zinc %1").arg(10 + index));
+        EXPECT_EQ(row->description(), QStringLiteral("App"));
+        EXPECT_EQ(row->indexInParent(), index);
+        EXPECT_TRUE(row->has("selectable") && row->has("focusable"));
+        EXPECT_EQ(row->has("selected"), index == 0);
+        EXPECT_EQ(row->has("showing"), index < 9) << "the ninth shows its upper edge";
+        EXPECT_EQ(row->actions(), QStringList(QStringLiteral("Press")));
+    }
+    EXPECT_FALSE(find(notification).has("showing"));
+}
+
+TEST_F(AccessibilityTest, TheSelectionIsHeardWhileTypingStaysInTheField) {
+    searchWithReader();
+    session.keyboard().press({XK_Down});
+    EXPECT_TRUE(hears(QStringLiteral("focused: list item Zinc 11")));
+    EXPECT_THAT(reader.heard(), ElementsAre(QStringLiteral("selected: list item Zinc 11"),
+                                            QStringLiteral("focused: list item Zinc 11")));
+    EXPECT_TRUE(find(list).child(1)->has("selected"));
+    EXPECT_FALSE(find(list).child(0)->has("selected"));
+
+    // Tab has nowhere to go: what is typed afterwards is still the query.
+    session.keyboard().press({XK_Tab});
+    session.keyboard().press({XK_Shift_L, XK_Tab});
+    session.search("25", 1);
+    EXPECT_TRUE(hears(QStringLiteral("focused: list item Zinc 25")));
+    EXPECT_EQ(find(list).childCount(), 1);
+    EXPECT_EQ(find(list).child(0)->name(), QStringLiteral("Zinc 25"));
+    EXPECT_TRUE(find(field).has("focused"));
+}
+
+TEST_F(AccessibilityTest, NoResultsIsHeardOnce) {
+    searchWithReader();
+    session.keyboard().type("qqq");
+    EXPECT_TRUE(hears(QStringLiteral("showing: notification No results")));
+    EXPECT_TRUE(find(notification).has("showing"));
+    EXPECT_FALSE(find(list).has("showing"));
+    EXPECT_EQ(find(list).childCount(), 0);
+    session.keyboard().press({XK_BackSpace});
+    session.keyboard().press({XK_BackSpace});
+    session.keyboard().press({XK_BackSpace});
+    EXPECT_TRUE(hears(QStringLiteral("focused: list item Zinc 10")));
+    EXPECT_EQ(reader.heard().count(QStringLiteral("showing: notification No results")), 1);
+    EXPECT_FALSE(find(notification).has("showing"));
+}
+
+TEST_F(AccessibilityTest, PressLaunchesARowOutOfSight) {
+    searchWithReader();
+    EXPECT_TRUE(find(list).child(19)->doAction());
+    EXPECT_THAT(session.waitForRuns(QStringLiteral("zinc29"), 1), SizeIs(1));
+    EXPECT_TRUE(session.waitForDismissal());
+}
+
+TEST_F(AccessibilityTest, AReaderThatStartsLaterIsServedToo) {
+    session.start();
+    session.summon();
+    session.search("zinc", visibleRows);
+    reader.announceItself();
+    EXPECT_EQ(find(list).childCount(), 20);
+    session.keyboard().press({XK_Down});
+    EXPECT_TRUE(hears(QStringLiteral("focused: list item Zinc 11")));
+}
+
+} // namespace
+} // namespace quorvantel
