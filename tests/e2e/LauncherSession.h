@@ -84,6 +84,7 @@ public:
     std::optional<QJsonObject> dataFile(const QString& name) const;
 
     QByteArray display() const { return m_server.display(); }
+    QString busAddress() const { return m_bus.address(); }
     const XConnection& connection() const { return m_connection; }
     const XDesktop& desktop() const { return m_desktop; }
     Keyboard& keyboard() { return m_keyboard; }
