@@ -43,8 +43,7 @@ void TopicView::setStyle(const markdown::MarkdownStyle& style) {
     verticalScrollBar()->setValue(documentTop(top.position()) - offset);
 }
 
-void TopicView::mark(const std::vector<TextRange>& ranges, const QColor& fill,
-                     const QColor& text) {
+void TopicView::mark(const std::vector<TextRange>& ranges, const QColor& fill, const QColor& text) {
     QList<QTextEdit::ExtraSelection> selections;
     for (const TextRange& range : ranges) {
         QTextEdit::ExtraSelection selection;
