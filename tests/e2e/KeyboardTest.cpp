@@ -152,7 +152,7 @@ TEST_F(KeyboardTest, FastTypingArrivesCompleteAndInOrder) {
     session.keyboard().press({XK_Down});
     session.keyboard().press({XK_Return});
     EXPECT_THAT(session.waitForRuns(QStringLiteral("second"), 1), SizeIs(1));
-    const auto learned = session.dataFile(QStringLiteral("abbreviations.json"));
+    const auto learned = session.waitForDataFile(QStringLiteral("abbreviations.json"));
     ASSERT_TRUE(learned);
     EXPECT_EQ(learned->keys(), QStringList{QString::fromLatin1(text)});
     EXPECT_EQ(client->typed(), "");

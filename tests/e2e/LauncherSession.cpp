@@ -162,6 +162,11 @@ std::optional<QJsonObject> LauncherSession::dataFile(const QString& name) const 
     return document.isObject() ? std::optional(document.object()) : std::nullopt;
 }
 
+std::optional<QJsonObject> LauncherSession::waitForDataFile(const QString& name) const {
+    waitUntil([&] { return dataFile(name).has_value(); });
+    return dataFile(name);
+}
+
 QString LauncherSession::homeFile(const QString& relativePath) const {
     return m_home.path() + QLatin1Char('/') + relativePath;
 }

@@ -55,6 +55,9 @@ public:
     /// How the launcher ended; absent when it still runs after a while.
     std::optional<ChildProcess::Exit> waitForExit() { return m_launcher->waitForExit(patience); }
 
+    /// Takes the X server away. Nothing that needs the display is to be called afterwards.
+    void loseDisplay() { m_server.kill(); }
+
     bool isRunning() { return m_launcher && m_launcher->isRunning(); }
 
     void pressDefaultHotKey();
@@ -82,6 +85,9 @@ public:
 
     /// A file of the launcher's data folder; absent when it is missing or no JSON object.
     std::optional<QJsonObject> dataFile(const QString& name) const;
+
+    /// The same once it is there; absent when it does not come.
+    std::optional<QJsonObject> waitForDataFile(const QString& name) const;
 
     QByteArray display() const { return m_server.display(); }
     QString busAddress() const { return m_bus.address(); }

@@ -18,6 +18,9 @@ public:
     /// What clients take as DISPLAY, such as ":7".
     QByteArray display() const { return m_display; }
 
+    /// Ends the server at once, so that its clients lose it.
+    void kill() { m_process.signal(SIGKILL); }
+
 private:
     ReadyPipe m_ready;
     ChildProcess m_process;

@@ -1,0 +1,100 @@
+#include "e2e/LauncherSession.h"
+
+#include <X11/keysym.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <stdexcept>
+
+namespace quorvantel {
+namespace {
+
+using ::testing::SizeIs;
+using namespace ::quorvantel::testing;
+
+/// A text and the keys of each of its letters, as people enter letters that their keyboard has no
+/// key for.
+struct Entry {
+    std::string name;
+    QStringList layout; ///< Arguments of setxkbmap.
+    std::vector<std::vector<xcb_keysym_t>> letters;
+    QString text;
+
+    friend void PrintTo(const Entry& entry, std::ostream* out) { *out << entry.name; }
+};
+
+class InputMethodTest : public ::testing::TestWithParam<Entry> {
+protected:
+    void setLayout() {
+        ChildProcess process({
+            .program = QStringLiteral("setxkbmap"),
+            .arguments =
+                QStringList{QStringLiteral("-display"), QString::fromLatin1(session.display())} +
+                GetParam().layout,
+        });
+        const auto exit = process.waitForExit(patience);
+        if (!exit || exit->crashed || exit->status != 0) {
+            throw std::runtime_error("setxkbmap failed");
+        }
+    }
+
+    /// Presses the keys of a letter and waits until it is seen.
+    void enter(const std::vector<xcb_keysym_t>& letter) {
+        const auto seen = [this] {
+            const QRect panel = session.panel().value();
+            return session.desktop().screenshot(
+                QRect(panel.topLeft(), QSize(panel.width(), LauncherSession::emptyPanelHeight)));
+        };
+        const QImage before = seen();
+        for (const xcb_keysym_t key : letter) {
+            session.keyboard().press({key});
+        }
+        EXPECT_TRUE(waitUntil([&] { return seen() != before; }));
+    }
+
+    LauncherSession session;
+};
+
+TEST_P(InputMethodTest, ComposedLettersReachTheSearchField) {
+    const QString& text = GetParam().text;
+    // Of two that match, the second is launched, which teaches the launcher the query letter by
+    // letter; the search itself makes no difference between some letters.
+    session.addApplication(QStringLiteral("first"), text);
+    session.addApplication(QStringLiteral("second"), text + QStringLiteral(" second"));
+    setLayout();
+    session.start();
+    session.summon();
+
+    for (const std::vector<xcb_keysym_t>& letter : GetParam().letters) {
+        enter(letter);
+    }
+    ASSERT_TRUE(session.waitForPanelHeight(panelHeight(2)));
+    session.keyboard().press({XK_Down});
+    session.keyboard().press({XK_Return});
+
+    EXPECT_THAT(session.waitForRuns(QStringLiteral("second"), 1), SizeIs(1));
+    const auto learned = session.waitForDataFile(QStringLiteral("abbreviations.json"));
+    ASSERT_TRUE(learned);
+    EXPECT_EQ(learned->keys(), QStringList{text});
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    With, InputMethodTest,
+    ::testing::Values(Entry{"DeadKeys",
+                            {QStringLiteral("us"), QStringLiteral("intl")},
+                            {{XK_c}, {XK_a}, {XK_f}, {XK_dead_acute, XK_e}, {XK_dead_grave, XK_a}},
+                            QStringLiteral("caféà")},
+                      Entry{"TheComposeKey",
+                            {QStringLiteral("us"), QStringLiteral("-option"),
+                             QStringLiteral("compose:menu")},
+                            {{XK_c}, {XK_Multi_key, XK_o, XK_e}, {XK_u}, {XK_r}},
+                            QStringLiteral("cœur")},
+                      Entry{"AnotherAlphabet",
+                            {QStringLiteral("gr")},
+                            {{XK_Greek_zeta}, {XK_Greek_eta}},
+                            QStringLiteral("ζη")}),
+    [](const auto& entry) { return entry.param.name; });
+
+} // namespace
+} // namespace quorvantel

@@ -1,0 +1,93 @@
+#include "e2e/LauncherSession.h"
+#include "support/Monitors.h"
+
+#include <X11/keysym.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace quorvantel {
+namespace {
+
+using namespace ::quorvantel::testing;
+
+const QString zinc = QStringLiteral("zinc");
+
+class PlacementTest : public ::testing::Test {
+protected:
+    PlacementTest() { session.addApplication(zinc, QStringLiteral("Zinc")); }
+    ~PlacementTest() override { qunsetenv("QT_SCALE_FACTOR"); }
+
+    void dismiss() {
+        session.keyboard().press({XK_Escape});
+        ASSERT_TRUE(session.waitForDismissal());
+    }
+
+    /// Drags the panel by its search symbol, in two steps as a hand would.
+    void drag(QPoint distance) {
+        const QPoint grip = session.panel()->topLeft() + QPoint(30, 28);
+        session.pointer().moveTo(grip);
+        session.pointer().hold();
+        session.pointer().moveTo(grip + distance / 2);
+        session.pointer().moveTo(grip + distance);
+        session.pointer().release();
+    }
+
+    bool waitForPanel(const QRect& expected) {
+        const bool isThere = waitUntil([&] { return session.panel() == expected; });
+        if (!isThere && session.panel()) {
+            const QRect actual = *session.panel();
+            ADD_FAILURE() << "the panel is at " << actual.x() << ' ' << actual.y() << ' '
+                          << actual.width() << 'x' << actual.height();
+        }
+        return isThere;
+    }
+
+    LauncherSession session;
+};
+
+TEST_F(PlacementTest, HangsAFifthBelowTheTopAndGrowsDownward) {
+    setMonitors(session.display(), {QRect(0, 0, 1200, 800)});
+    session.start();
+    session.summon();
+    EXPECT_TRUE(waitForPanel({280, 160, 640, 56}));
+    session.search("zinc", 1);
+    EXPECT_TRUE(waitForPanel({280, 160, 640, 117}));
+}
+
+TEST_F(PlacementTest, StaysWhereItWasDraggedUntilThatScreenIsGone) {
+    setMonitors(session.display(), {QRect(0, 0, 640, 700), QRect(640, 0, 640, 720)});
+    session.start();
+    session.pointer().moveTo({100, 100});
+    session.summon();
+    ASSERT_TRUE(waitForPanel({0, 140, 640, 56}));
+    drag({640, 200});
+    EXPECT_TRUE(waitForPanel({640, 340, 640, 56}));
+    session.search("zinc", 1);
+    EXPECT_TRUE(waitForPanel({640, 340, 640, 117}));
+    dismiss();
+
+    session.pointer().moveTo({100, 100});
+    session.summon();
+    EXPECT_TRUE(waitForPanel({640, 340, 640, 56})) << "although the mouse is on the other screen";
+    dismiss();
+
+    setMonitors(session.display(), {QRect(0, 0, 640, 700)});
+    session.summon();
+    EXPECT_TRUE(waitForPanel({0, 340, 640, 56})) << "clamped into the screen that is left";
+}
+
+TEST_F(PlacementTest, MeasuresInPointsOnAScreenOfTwicePixels) {
+    qputenv("QT_SCALE_FACTOR", "2");
+    setMonitors(session.display(), {QRect(0, 0, 1280, 720)});
+    session.start();
+    session.pressDefaultHotKey();
+    const auto isPanel = [this](xcb_window_t window) {
+        return session.desktop().geometry(window) == QRect(0, 144, 1280, 112);
+    };
+    EXPECT_TRUE(waitUntil(
+        [&] { return std::ranges::any_of(session.desktop().overrideRedirectWindows(), isPanel); }));
+}
+
+} // namespace
+} // namespace quorvantel

@@ -1,0 +1,46 @@
+#include "e2e/LauncherSession.h"
+#include "support/ForeignHotKey.h"
+#include "support/WaitUntil.h"
+
+#include <X11/keysym.h>
+#include <gtest/gtest.h>
+
+namespace quorvantel {
+namespace {
+
+using namespace ::quorvantel::testing;
+
+constexpr std::uint16_t altAndSuper = XCB_MOD_MASK_1 | XCB_MOD_MASK_4;
+
+class SignalTest : public ::testing::TestWithParam<int> {};
+
+TEST_P(SignalTest, EndsTheShownLauncherInOrder) {
+    LauncherSession session;
+    session.start();
+    session.summon();
+    session.signal(GetParam());
+
+    const auto exit = session.waitForExit();
+    ASSERT_TRUE(exit);
+    EXPECT_FALSE(exit->crashed);
+    EXPECT_EQ(exit->status, 0);
+    EXPECT_TRUE(session.waitForDismissal());
+    EXPECT_TRUE(ForeignHotKey(session.display(), XK_space, altAndSuper).isHeld());
+}
+
+TEST(TerminationTest, TheLossOfTheDisplayEndsTheLauncherWithoutACrash) {
+    LauncherSession session;
+    session.start();
+    session.summon();
+    session.loseDisplay();
+
+    const auto exit = session.waitForExit();
+    ASSERT_TRUE(exit) << "it hangs without a display";
+    EXPECT_FALSE(exit->crashed) << exit->status;
+    EXPECT_LE(session.output().count('\n'), 2) << session.output().toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, SignalTest, ::testing::Values(SIGTERM, SIGINT, SIGHUP));
+
+} // namespace
+} // namespace quorvantel
