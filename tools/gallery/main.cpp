@@ -1,6 +1,7 @@
 #include "support/IsolatedHome.h"
 #include "tools/gallery/PanelScenes.h"
 #include "tools/gallery/Scene.h"
+#include "tools/gallery/SettingsScenes.h"
 #include "tools/gallery/SymbolScenes.h"
 
 #include <QApplication>
@@ -27,8 +28,10 @@ const QStringList& allScales() {
 
 std::vector<Scene> allScenes() {
     std::vector<Scene> scenes = panelScenes();
-    for (Scene& scene : symbolScenes()) {
-        scenes.push_back(std::move(scene));
+    for (auto* const more : {&settingsScenes, &symbolScenes}) {
+        for (Scene& scene : more()) {
+            scenes.push_back(std::move(scene));
+        }
     }
     return scenes;
 }
