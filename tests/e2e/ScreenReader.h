@@ -15,8 +15,8 @@ namespace quorvantel::testing {
 /// Assistive technology on a session bus: a client of AT-SPI, through the library that screen
 /// readers use. It finds the objects that an application offers and hears of what happens to them.
 ///
-/// The library keeps one connection a process, so there is one reader at a time, and events arrive
-/// while Qt's events are processed (`waitUntil`).
+/// The library connects once in the life of a process, so a test with a reader needs a process of
+/// its own. Events arrive while Qt's events are processed (`waitUntil`).
 class ScreenReader {
 public:
     /// Connects, which starts the accessibility services on the bus. Throws std::runtime_error when
