@@ -5,6 +5,9 @@
 #include <QImageReader>
 #include <QPainter>
 
+#include <algorithm>
+#include <array>
+
 namespace quorvantel::platform {
 
 namespace {
@@ -13,6 +16,14 @@ namespace {
 constexpr qint64 maximumFileSize = 8 * 1024 * 1024;
 /// Larger images in pixels are no icons either.
 constexpr int maximumSourcePixels = 2048;
+
+constexpr std::array<QStringView, 3> widespreadThemes{u"Adwaita", u"breeze", u"Papirus"};
+
+bool isInstalled(QStringView theme) {
+    return std::ranges::any_of(QIcon::themeSearchPaths(), [theme](const QString& path) {
+        return QFileInfo::exists(path + u'/' + theme + QStringLiteral("/index.theme"));
+    });
+}
 
 QPixmap centred(const QImage& image, int pixels, qreal scale) {
     if (image.isNull()) {
@@ -71,6 +82,13 @@ QPixmap loadThemeIcon(const QString& name, int points, qreal scale) {
 }
 
 } // namespace
+
+IconThemeImageLoader::IconThemeImageLoader() {
+    const auto* const theme = std::ranges::find_if(widespreadThemes, isInstalled);
+    if (theme != widespreadThemes.end()) {
+        QIcon::setFallbackThemeName(theme->toString());
+    }
+}
 
 QPixmap IconThemeImageLoader::load(const Image& image, int points, qreal scale) {
     switch (image.source) {

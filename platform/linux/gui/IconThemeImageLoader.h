@@ -8,6 +8,10 @@ namespace quorvantel::platform {
 /// launcher's own symbols from its resources. Keeps nothing.
 class IconThemeImageLoader : public ImageLoader {
 public:
+    /// A desktop that names no icon theme, as with a bare window manager, has only the icons that
+    /// applications bring themselves; a widespread theme that is installed stands in for the rest.
+    IconThemeImageLoader();
+
     QPixmap load(const Image& image, int points, qreal scale) override;
 };
 
