@@ -33,7 +33,7 @@ IconsByExtension readExtensionIcons(const platform::BundleReader& bundles,
     return icons;
 }
 
-platform::Image paneIcon(const SettingsPane& pane, const IconsByExtension& icons) {
+platform::Image paneIcon(const SettingsPaneRow& pane, const IconsByExtension& icons) {
     const QString extension = pane.url.mid(pane.url.indexOf(u':') + 1).toString();
     platform::Image icon = icons.value(extension);
     if (extension.isEmpty() || icon.isNull()) {
@@ -42,7 +42,7 @@ platform::Image paneIcon(const SettingsPane& pane, const IconsByExtension& icons
     return icon;
 }
 
-QStringList paneKeywords(const SettingsPane& pane) {
+QStringList paneKeywords(const SettingsPaneRow& pane) {
     QStringList keywords;
     for (const QStringView keyword : pane.keywords) {
         if (!keyword.isEmpty()) {
@@ -52,7 +52,7 @@ QStringList paneKeywords(const SettingsPane& pane) {
     return keywords;
 }
 
-LaunchTarget paneTarget(const SettingsPane& pane, const IconsByExtension& icons) {
+LaunchTarget paneTarget(const SettingsPaneRow& pane, const IconsByExtension& icons) {
     const QString address = pane.url.toString();
     QUrl url(address, QUrl::StrictMode);
     if (!url.isValid()) {
@@ -68,7 +68,7 @@ std::vector<LaunchTarget> buildSettingsPaneTargets(const platform::BundleReader&
                                                    const QString& extensionsDirectory) {
     const IconsByExtension icons = readExtensionIcons(bundles, extensionsDirectory);
     std::vector<LaunchTarget> targets;
-    for (const SettingsPane& pane : settingsPaneTable()) {
+    for (const SettingsPaneRow& pane : settingsPaneTable()) {
         targets.push_back(paneTarget(pane, icons));
     }
     return targets;

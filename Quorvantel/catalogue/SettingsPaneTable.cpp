@@ -7,7 +7,7 @@ namespace quorvantel {
 namespace {
 
 // Keywords overlap between panes on purpose: the ranking decides.
-constexpr auto panes = std::to_array<SettingsPane>({
+constexpr auto panes = std::to_array<SettingsPaneRow>({
     {u"Wi-Fi",
      u"wifi",
      u"x-apple.systempreferences:com.apple.wifi-settings-extension",
@@ -173,7 +173,7 @@ constexpr auto panes = std::to_array<SettingsPane>({
 
 } // namespace
 
-std::span<const SettingsPane> settingsPaneTable() {
+std::span<const SettingsPaneRow> settingsPaneTable() {
     return panes;
 }
 

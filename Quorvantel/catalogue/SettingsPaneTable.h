@@ -1,12 +1,12 @@
 #pragma once
 
-#include "catalogue/SettingsPane.h"
+#include "catalogue/SettingsPaneRow.h"
 
 #include <span>
 
 namespace quorvantel {
 
 /// All settings panes, in the order in which the catalogue lists them.
-std::span<const SettingsPane> settingsPaneTable();
+std::span<const SettingsPaneRow> settingsPaneTable();
 
 } // namespace quorvantel

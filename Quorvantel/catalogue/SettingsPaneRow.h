@@ -8,7 +8,7 @@
 namespace quorvantel {
 
 /// One row of the table of settings panes. The texts live as long as the program.
-struct SettingsPane {
+struct SettingsPaneRow {
     static constexpr std::size_t maximumKeywords = 9;
 
     QStringView name;
