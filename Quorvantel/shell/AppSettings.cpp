@@ -22,13 +22,13 @@ std::uint32_t exactly32Bits(std::int64_t number, QStringView key) {
 }
 
 /// The stored number; absent for a missing value or one that is no whole number, which is logged.
-std::optional<std::uint32_t> storedNumber(const platform::UserDefaults& defaults, QStringView key) {
+std::optional<std::int64_t> storedNumber(const platform::UserDefaults& defaults, QStringView key) {
     const auto value = defaults.value(key.toString());
     if (!value) {
         return std::nullopt;
     }
     if (const auto* const number = std::get_if<std::int64_t>(&*value)) {
-        return exactly32Bits(*number, key);
+        return *number;
     }
     qWarning().noquote() << QStringLiteral("Quorvantel: the stored value of \"%1\" is no whole "
                                            "number; the default hotkey is used")
@@ -42,7 +42,7 @@ HotKeyBinding load(const platform::UserDefaults& defaults) {
     if (!keyCode || !modifiers) {
         return HotKeyBinding::defaultBinding();
     }
-    return {*keyCode, *modifiers};
+    return {exactly32Bits(*keyCode, hotKeyCodeKey), exactly32Bits(*modifiers, hotKeyModifiersKey)};
 }
 
 } // namespace

@@ -31,6 +31,9 @@ TEST(AppSettingsTest, TakesTheLowBitsOfSignedNumbersAndDiesOfLargerOnes) {
     EXPECT_EQ(AppSettings(defaults).hotKeyBinding(), (HotKeyBinding{0xFFFFFFFF, 0x7FFFFFFF}));
     defaults.values[modifiersKey] = std::int64_t{2147483648};
     EXPECT_DEATH(AppSettings{defaults}, "hotKeyModifiers");
+    // Half a binding is none, whatever it says.
+    defaults.values.remove(codeKey);
+    EXPECT_EQ(AppSettings(defaults).hotKeyBinding(), HotKeyBinding::defaultBinding());
 }
 
 TEST(AppSettingsTest, StoresBeforeItCallsBackAndOnlyARealChange) {
