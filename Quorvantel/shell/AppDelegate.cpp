@@ -109,9 +109,14 @@ void AppDelegate::registerHotKey(const HotKeyBinding& binding, bool fallbackToDe
     }
     log(QStringLiteral("hotkey registration failed: ") + error->description());
     const HotKeyBinding defaultBinding = HotKeyBinding::defaultBinding();
-    const bool fellBack = fallbackToDefault && binding != defaultBinding &&
-                          !m_hotKeyService.registerHotKey(defaultBinding, toggle);
-    m_hotKeyActivity.set(fellBack ? std::optional(defaultBinding) : std::nullopt, error);
+    if (fallbackToDefault && binding != defaultBinding &&
+        !m_hotKeyService.registerHotKey(defaultBinding, toggle)) {
+        m_hotKeyActivity.set(defaultBinding, error);
+        return;
+    }
+    // A combination that is not even tried leaves the earlier one at work.
+    m_hotKeyActivity.set(m_hotKeyService.isRegistered() ? m_hotKeyActivity.active() : std::nullopt,
+                         error);
 }
 
 void AppDelegate::togglePanel() {

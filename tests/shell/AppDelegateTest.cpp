@@ -178,6 +178,13 @@ TEST_F(AppDelegateTest, ARefusedDefaultIsTriedOnceAndLoggedOnce) {
     EXPECT_EQ(delegate.activeHotKey(), std::nullopt);
 }
 
+TEST_F(AppDelegateTest, ACombinationThatNeedsNoTryingLeavesTheHotKeyAtWork) {
+    start();
+    settings.setHotKeyBinding({49, HotKeyModifier::option});
+    EXPECT_EQ(platform.hotKeys.registered.last(), QStringLiteral("2304+49"));
+    EXPECT_EQ(delegate.activeHotKey(), HotKeyBinding::defaultBinding());
+}
+
 TEST_F(AppDelegateTest, AClickElsewhereHidesThePanelOnce) {
     start();
     pressHotKey();
@@ -190,6 +197,19 @@ TEST_F(AppDelegateTest, AClickElsewhereHidesThePanelOnce) {
     QCoreApplication::processEvents();
     EXPECT_FALSE(delegate.isPanelVisible());
     EXPECT_EQ(delegate.engine().resetToken(), resets + 1);
+    EXPECT_EQ(delegate.engine().query(), QString());
+}
+
+TEST_F(AppDelegateTest, HidesThePanelBeforeItShowsTheSettings) {
+    start();
+    pressHotKey();
+    delegate.engine().setQuery(QStringLiteral("wi"));
+    platform.activator.onActivate = [this] {
+        EXPECT_FALSE(delegate.isPanelVisible());
+        EXPECT_FALSE(platform.host.hasKeyboard);
+    };
+    delegate.openSettings();
+    EXPECT_EQ(platform.activator.activations, 1);
     EXPECT_EQ(delegate.engine().query(), QString());
 }
 

@@ -128,8 +128,8 @@ public:
 /// A desktop without a compositor.
 class FakeBackdrop : public platform::WindowBackdrop {
 public:
-    void prepare(QWindow& /*window*/) override {}
     bool isComposited() const override { return false; }
+    bool castsShadows() const override { return false; }
     bool offersBlur() const override { return false; }
     void setBlurBehind(QWindow& /*window*/, const QRegion& /*region*/) override {}
 };
@@ -144,9 +144,15 @@ public:
 
 class FakeWindowActivator : public platform::WindowActivator {
 public:
-    void activate(QWindow& /*window*/) override { ++activations; }
+    void activate(QWindow& /*window*/) override {
+        ++activations;
+        if (onActivate) {
+            onActivate();
+        }
+    }
 
     int activations = 0;
+    std::function<void()> onActivate;
 };
 
 /// A desktop that the test controls.
