@@ -67,8 +67,8 @@ int runBareWindow(int argc, char** argv) {
     return QApplication::exec();
 }
 
-/// The time from a deed until a pixel of the region differs from before. Asking the server for the
-/// region takes part of it: about a tenth of a millisecond for a few pixels.
+/// The time from a deed until a pixel of the region differs from before. The last answer of the
+/// server about the region is part of it.
 Milliseconds timeToChange(const XDesktop& desktop, const QRect& region,
                           const std::function<void()>& deed) {
     const QImage before = desktop.screenshot(region);
@@ -82,7 +82,7 @@ Milliseconds timeToChange(const XDesktop& desktop, const QRect& region,
     return Clock::now() - begin;
 }
 
-/// Takes the median, the extremes and the count of a series and prints them.
+/// Prints the median, the extremes and the count of a series.
 void report(const char* what, std::vector<Milliseconds> times) {
     std::ranges::sort(times);
     std::printf("%-34s median %6.2f ms   minimum %6.2f ms   maximum %6.2f ms   (%zu rounds)\n",
@@ -114,7 +114,7 @@ void measureBareWindow(const QString& self) {
     report("bare window, key to paint", times);
 }
 
-/// All that can change with a keystroke: a strip through the names of the rows.
+/// A part of the first row's icon and name, where nothing is shown before the first keystroke.
 QRect rowStrip(const QRect& panel) {
     return {panel.x() + 56, panel.y() + LauncherSession::emptyPanelHeight + 20, 40, 24};
 }
@@ -122,7 +122,7 @@ QRect rowStrip(const QRect& panel) {
 void measureLauncher() {
     LauncherSession session;
     for (int index = 0; index < applications; ++index) {
-        // No two first letters that follow each other in the query find the same first result.
+        // Every letter finds names of its own in front.
         const QString name = QStringLiteral("%1%2 Tool %3")
                                  .arg(QChar(u'A' + index % 26))
                                  .arg(QChar(u'a' + index / 26))
@@ -139,7 +139,7 @@ void measureLauncher() {
     std::vector<Milliseconds> typing;
     const QRect corner(place.center(), QSize(4, 4));
     for (int round = 0; round < rounds; ++round) {
-        // Long enough apart for every third showing or so to scan the folders again.
+        // So that every third showing or so scans the folders again, as in use.
         std::this_thread::sleep_for(1s);
         session.keyboard().hold(XK_Alt_L);
         session.keyboard().hold(XK_Super_L);

@@ -30,7 +30,8 @@ LauncherPanelController::~LauncherPanelController() {
 }
 
 void LauncherPanelController::show() {
-    setFrame(m_placement.show(m_screens.all(), currentTargetScreen()));
+    m_targetScreen = currentTargetScreen();
+    setFrame(m_placement.show(m_screens.all(), m_targetScreen));
     m_panel.show();
     m_panel.raise();
     m_host.takeKeyboard(*m_panel.windowHandle());
@@ -62,7 +63,7 @@ void LauncherPanelController::hide() {
 
 void LauncherPanelController::updateHeight(double height) {
     if (isVisible()) {
-        setFrame(m_placement.resize(height, currentTargetScreen()));
+        setFrame(m_placement.resize(height, m_targetScreen));
     }
 }
 

@@ -56,6 +56,9 @@ private:
     LauncherView* m_view;
     LauncherPanel m_panel;
     PanelPlacement m_placement;
+    /// The screen under the mouse as the panel came up; finding it anew takes a round trip to the
+    /// display server, which no keystroke is to wait for.
+    platform::Screen m_targetScreen;
     /// Exists exactly while the panel is shown.
     std::unique_ptr<platform::ClickMonitor::Token> m_clickAwayMonitor;
 };

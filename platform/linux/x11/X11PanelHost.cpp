@@ -89,6 +89,8 @@ Qt::WindowFlags X11PanelHost::windowFlags() const {
 void X11PanelHost::takeKeyboard(QWindow& window) {
     m_window = &window;
     beginGrabbing();
+    // Asks the server without waiting for the answer, which is there when the first key comes.
+    m_symbols.reset(xcb_key_symbols_alloc(m_display.connection));
 }
 
 void X11PanelHost::beginGrabbing() {
@@ -161,9 +163,6 @@ bool X11PanelHost::nativeEventFilter(const QByteArray& /*eventType*/, void* mess
 }
 
 xcb_keysym_t X11PanelHost::symbolOf(xcb_keycode_t key) {
-    if (!m_symbols) {
-        m_symbols.reset(xcb_key_symbols_alloc(m_display.connection));
-    }
     return xcb_key_symbols_get_keysym(m_symbols.get(), key, 0);
 }
 

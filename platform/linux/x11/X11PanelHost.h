@@ -56,7 +56,7 @@ private:
     bool m_hasGrab = false;
     /// Who had the input focus before the panel took it; none while the grab does.
     xcb_window_t m_previousFocus = XCB_WINDOW_NONE;
-    /// Read anew in each showing, at the first key.
+    /// Read anew in each showing; exists while the panel has the keyboard.
     std::unique_ptr<xcb_key_symbols_t, FreeSymbols> m_symbols;
 };
 
