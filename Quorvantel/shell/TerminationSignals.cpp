@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <utility>
 
@@ -17,9 +18,12 @@ constexpr std::array endingSignals{SIGTERM, SIGINT, SIGHUP};
 int writeEnd = -1;
 
 void writeByte(int /*signal*/) {
+    // The signal may come between a failed call and the look at its error.
+    const int interruptedError = errno;
     const char byte = 0;
     // A full pipe already holds what the event loop needs to know.
     [[maybe_unused]] const auto written = ::write(writeEnd, &byte, sizeof byte);
+    errno = interruptedError;
 }
 
 void setDisposition(void (*disposition)(int)) {
