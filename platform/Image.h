@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <utility>
+
 namespace quorvantel::platform {
 
 /// A handle to an image that the system supplies: the icon of an application, or a system symbol.

@@ -10,12 +10,11 @@ class WindowBackdrop {
 public:
     virtual ~WindowBackdrop() = default;
 
-    /// Readies a window that brings its own shadow, so that the desktop adds none. Called once,
-    /// before the window is first shown.
-    virtual void prepare(QWindow& window) = 0;
-
     /// Whether translucent parts of a window show what is behind it; without, they show nothing.
     virtual bool isComposited() const = 0;
+
+    /// Whether the desktop puts a shadow around every window itself, as its user set it up.
+    virtual bool castsShadows() const = 0;
 
     /// Whether the desktop can blur what is behind a window.
     virtual bool offersBlur() const = 0;

@@ -34,6 +34,10 @@ QPixmap IconCache::pixmapNow(const platform::Image& image, int points, qreal sca
     return *m_pixmaps.insert(key, m_loader.load(image, points, scale));
 }
 
+void IconCache::forgetMissing() {
+    m_pixmaps.removeIf([](const auto& entry) { return entry.value().isNull(); });
+}
+
 void IconCache::decodeNext() {
     if (m_waiting.empty()) {
         m_idle.stop();

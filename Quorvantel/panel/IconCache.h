@@ -31,6 +31,9 @@ public:
     /// Like `pixmap`, but decodes at once: for the few symbols of the interface itself.
     QPixmap pixmapNow(const platform::Image& image, int points, qreal scale);
 
+    /// Has images that were missing looked for again.
+    void forgetMissing();
+
 Q_SIGNALS:
     void decoded();
 

@@ -26,10 +26,8 @@ LauncherPanel::LauncherPanel(LauncherView* view, const platform::PanelHost& host
     setFocusProxy(view);
     connect(view, &LauncherView::translucencyChanged, this, &LauncherPanel::fitBlur);
     // The native windows exist from now on, so that showing the panel creates nothing.
-    for (QWidget* const window : {static_cast<QWidget*>(this), static_cast<QWidget*>(&m_shadow)}) {
-        window->winId();
-        backdrop.prepare(*window->windowHandle());
-    }
+    winId();
+    m_shadow.winId();
 }
 
 void LauncherPanel::closeEvent(QCloseEvent* event) {
@@ -69,7 +67,7 @@ void LauncherPanel::showEvent(QShowEvent* event) {
     m_isComposited = m_backdrop.isComposited();
     m_view->setBlurAvailable(m_isComposited && m_backdrop.offersBlur());
     fitBackdrop();
-    m_shadow.setVisible(m_isComposited);
+    m_shadow.setVisible(m_isComposited && !m_backdrop.castsShadows());
     QWidget::showEvent(event);
 }
 

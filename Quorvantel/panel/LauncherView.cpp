@@ -79,6 +79,8 @@ LauncherView::LauncherView(SearchEngine& engine, const platform::Screens& screen
     });
     connect(&engine, &SearchEngine::queryChanged, this, &LauncherView::showQuery);
     connect(&engine, &SearchEngine::resultsChanged, this, &LauncherView::showResults);
+    connect(&engine, &SearchEngine::targetsChanged, this,
+            [this] { m_list.refreshResults(m_engine.results()); });
     connect(&engine, &SearchEngine::resetTokenChanged, this, &LauncherView::resetSelection);
     connect(&theme, &ThemedRoot::themeChanged, this, &LauncherView::applyTheme);
     applyTheme();
@@ -201,8 +203,12 @@ bool LauncherView::handleKey(const QKeyEvent& event) {
         }
         return true;
     case Qt::Key_Comma:
-    case Qt::Key_Less: // Shift+comma on many layouts
         return includesCommand(event.modifiers()) && openSettings();
+    case Qt::Key_Less:
+    case Qt::Key_Semicolon:
+        // What Shift makes of the comma key on American and on European layouts.
+        return event.modifiers().testFlag(Qt::ShiftModifier) &&
+               includesCommand(event.modifiers()) && openSettings();
     default:
         return false;
     }

@@ -18,7 +18,8 @@ namespace {
 constexpr double indexInterval = 3.0;
 
 void log(const QString& message) {
-    qWarning().noquote() << QStringLiteral("Quorvantel: ") + message;
+    // One line, whatever a file name or a program's error text brings along.
+    qWarning().noquote() << QStringLiteral("Quorvantel: ") + message.simplified();
 }
 
 } // namespace
@@ -97,6 +98,8 @@ void AppDelegate::runIndex() {
     std::vector<LaunchTarget> targets = m_indexer.scan();
     const auto& panes = settingsPaneTargets(m_platform.bundleReader());
     targets.insert(targets.end(), panes.begin(), panes.end());
+    // An application that was installed meanwhile may have brought the icon.
+    m_icons.forgetMissing();
     m_engine->setTargets(std::move(targets));
 }
 
@@ -120,7 +123,9 @@ void AppDelegate::registerHotKey(const HotKeyBinding& binding, bool fallbackToDe
 }
 
 void AppDelegate::togglePanel() {
-    Q_ASSERT(m_panelController);
+    if (!m_panelController) {
+        qFatal("Quorvantel: summoned before the start was complete");
+    }
     if (isPanelVisible()) {
         dismissPanel();
         return;

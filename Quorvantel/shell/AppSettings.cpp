@@ -2,6 +2,7 @@
 
 #include <QDebug>
 
+#include <cmath>
 #include <limits>
 #include <optional>
 
@@ -21,7 +22,14 @@ std::uint32_t exactly32Bits(std::int64_t number, QStringView key) {
     return static_cast<std::uint32_t>(number);
 }
 
-/// The stored number; absent for a missing value or one that is no whole number, which is logged.
+/// The whole number that a property list may have been given as a real one; out of every range for
+/// one that is too large or no number at all.
+std::int64_t wholePart(double number) {
+    const bool isSmall = std::abs(number) < static_cast<double>(std::numeric_limits<int>::max());
+    return isSmall ? static_cast<std::int64_t>(number) : std::numeric_limits<std::int64_t>::max();
+}
+
+/// The stored number; absent for a missing value or one that is no number, which is logged.
 std::optional<std::int64_t> storedNumber(const platform::UserDefaults& defaults, QStringView key) {
     const auto value = defaults.value(key.toString());
     if (!value) {
@@ -30,7 +38,10 @@ std::optional<std::int64_t> storedNumber(const platform::UserDefaults& defaults,
     if (const auto* const number = std::get_if<std::int64_t>(&*value)) {
         return *number;
     }
-    qWarning().noquote() << QStringLiteral("Quorvantel: the stored value of \"%1\" is no whole "
+    if (const auto* const real = std::get_if<double>(&*value)) {
+        return wholePart(*real);
+    }
+    qWarning().noquote() << QStringLiteral("Quorvantel: the stored value of \"%1\" is no "
                                            "number; the default hotkey is used")
                                 .arg(key);
     return std::nullopt;

@@ -65,7 +65,8 @@ protected:
         std::ranges::sort(rows, {}, [](const ResultRowView* row) { return row->y(); });
         QStringList names;
         for (const ResultRowView* const row : rows) {
-            names << (row->isSelected() ? QStringLiteral(">") : QString()) + row->target()->displayName();
+            names << (row->isSelected() ? QStringLiteral(">") : QString()) +
+                         row->target()->displayName();
         }
         return names;
     }
@@ -161,6 +162,16 @@ TEST_F(LauncherViewTest, AKeystrokeThatChangesNoResultKeepsTheSelection) {
     EXPECT_EQ(field.text(), QString());
 }
 
+TEST_F(LauncherViewTest, ANewScanRenamesARowWhereItIs) {
+    type(QStringLiteral("app1"));
+    press(Qt::Key_Down);
+    std::vector<LaunchTarget> targets = engine.targets();
+    const LaunchTarget old = targets[1];
+    targets[1] = {old.id(), QStringLiteral("app11 (new)"), old.searchKeys(), {}, old.kind()};
+    engine.setTargets(std::move(targets));
+    EXPECT_EQ(rowsInSight().at(1), QStringLiteral(">app11 (new)"));
+}
+
 TEST_F(LauncherViewTest, AClickOpensItsRow) {
     type(QStringLiteral("app"));
     QTest::mouseClick(&list, Qt::LeftButton, {}, {200, 6 + 2 * 50 + 24});
@@ -181,7 +192,10 @@ TEST_F(LauncherViewTest, EscapeDismissesAndCommandCommaOpensTheSettings) {
     press(Qt::Key_Comma, Qt::ControlModifier);
     press(Qt::Key_Comma, Qt::MetaModifier);
     press(Qt::Key_Less, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(settings, 3);
+    press(Qt::Key_Semicolon, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(settings, 4);
+    press(Qt::Key_Semicolon, Qt::ControlModifier);
+    EXPECT_EQ(settings, 4);
     press(Qt::Key_Comma);
     EXPECT_EQ(field.text(), QStringLiteral(","));
     press(Qt::Key_Escape);

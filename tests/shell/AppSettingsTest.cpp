@@ -19,6 +19,8 @@ TEST(AppSettingsTest, ReadsOnlyAWholeBindingAndWritesNothing) {
     EXPECT_EQ(AppSettings(defaults).hotKeyBinding(), HotKeyBinding::defaultBinding());
     defaults.values[modifiersKey] = QStringLiteral("4096");
     EXPECT_EQ(AppSettings(defaults).hotKeyBinding(), HotKeyBinding::defaultBinding());
+    defaults.values[modifiersKey] = 4096.5;
+    EXPECT_EQ(AppSettings(defaults).hotKeyBinding(), (HotKeyBinding{40, 4096}));
     defaults.values[modifiersKey] = std::int64_t{4096};
     EXPECT_EQ(AppSettings(defaults).hotKeyBinding(), (HotKeyBinding{40, 4096}));
     EXPECT_EQ(defaults.writes, QStringList());

@@ -272,8 +272,8 @@ void X11HotKeys::followKeyboard() {
         ungrab(*registration);
         if (const HotKeyStatus status = grab(*registration); status != statusSuccess) {
             qWarning().noquote() << QStringLiteral(
-                                        "Quorvantel: the keyboard changed and the hotkey is taken "
-                                        "there (X11 error %1)")
+                                        "Quorvantel: the keyboard changed and the hotkey cannot be "
+                                        "registered on it (X11 error %1)")
                                         .arg(status);
         }
     }

@@ -22,13 +22,11 @@ X11WindowBackdrop::X11WindowBackdrop(const X11Display& display)
     // Extended Window Manager Hints: the compositing manager of the screen owns this selection.
     : m_display(display),
       m_managerSelection(display.atom("_NET_WM_CM_S0")),
-      m_blurRegion(display.atom("_KDE_NET_WM_BLUR_BEHIND_REGION")),
-      m_shadowWish(display.atom("_COMPTON_SHADOW")) {}
+      m_blurRegion(display.atom("_KDE_NET_WM_BLUR_BEHIND_REGION")) {}
 
-void X11WindowBackdrop::prepare(QWindow& window) {
-    const std::uint32_t none = 0;
-    xcb_change_property(m_display.connection, XCB_PROP_MODE_REPLACE, idOf(window), m_shadowWish,
-                        XCB_ATOM_CARDINAL, 32, 1, &none);
+bool X11WindowBackdrop::castsShadows() const {
+    const xcb_window_t manager = compositingManager();
+    return manager != XCB_WINDOW_NONE && isPicom(manager);
 }
 
 bool X11WindowBackdrop::offersBlur() const {

@@ -6,13 +6,14 @@
 namespace quorvantel::platform {
 
 /// Speaks to compositing managers: KWin blurs on request and says so on the root window; picom
-/// blurs and shadows by its user's rules, and leaves out the shadow where a window asks.
+/// blurs and shadows every window by its user's rules, a shadow that is a window included, so that
+/// the launcher must not bring one there.
 class X11WindowBackdrop : public WindowBackdrop {
 public:
     explicit X11WindowBackdrop(const X11Display& display);
 
-    void prepare(QWindow& window) override;
     bool isComposited() const override { return compositingManager() != XCB_WINDOW_NONE; }
+    bool castsShadows() const override;
     bool offersBlur() const override;
     void setBlurBehind(QWindow& window, const QRegion& region) override;
 
@@ -24,7 +25,6 @@ private:
     X11Display m_display;
     xcb_atom_t m_managerSelection;
     xcb_atom_t m_blurRegion;
-    xcb_atom_t m_shadowWish;
 };
 
 } // namespace quorvantel::platform
