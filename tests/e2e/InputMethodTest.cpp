@@ -51,6 +51,9 @@ protected:
             session.keyboard().press({key});
         }
         EXPECT_TRUE(waitUntil([&] { return seen() != before; }));
+        // The caret's blinking is seen as well; the list comes with the first letter only.
+        EXPECT_TRUE(waitUntil(
+            [this] { return session.panel()->height() > LauncherSession::emptyPanelHeight; }));
     }
 
     LauncherSession session;
