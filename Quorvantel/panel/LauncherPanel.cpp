@@ -8,6 +8,8 @@
 #include <QMouseEvent>
 #include <QWindow>
 
+#include <utility>
+
 namespace quorvantel {
 
 LauncherPanel::LauncherPanel(LauncherView* view, const platform::PanelHost& host,
@@ -67,6 +69,7 @@ void LauncherPanel::showEvent(QShowEvent* event) {
     m_isComposited = m_backdrop.isComposited();
     m_view->setBlurAvailable(m_isComposited && m_backdrop.offersBlur());
     fitBackdrop();
+    m_awaitsFirstFrame = true;
     m_shadow.setVisible(m_isComposited && !m_backdrop.castsShadows());
     QWidget::showEvent(event);
 }
@@ -74,6 +77,17 @@ void LauncherPanel::showEvent(QShowEvent* event) {
 void LauncherPanel::hideEvent(QHideEvent* event) {
     m_shadow.hide();
     QWidget::hideEvent(event);
+    endFirstFrame();
+}
+
+void LauncherPanel::paintEvent(QPaintEvent* /*event*/) {
+    endFirstFrame();
+}
+
+void LauncherPanel::endFirstFrame() {
+    if (std::exchange(m_awaitsFirstFrame, false)) {
+        Q_EMIT firstFrameDrawn();
+    }
 }
 
 void LauncherPanel::fitBackdrop() {

@@ -23,7 +23,14 @@ public:
     LauncherPanel(LauncherView* view, const platform::PanelHost& host,
                   platform::WindowBackdrop& backdrop);
 
+    /// Whether the panel is shown, but nothing of it has been drawn yet.
+    bool awaitsFirstFrame() const { return m_awaitsFirstFrame; }
+
 Q_SIGNALS:
+    /// The first frame since the panel was shown has been drawn, or will not be since it is hidden
+    /// again.
+    void firstFrameDrawn();
+
     /// The window has another place, whoever moved it.
     void moved();
 
@@ -37,10 +44,12 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
+    void endFirstFrame();
     void fitBackdrop();
     void fitBlur();
 
@@ -49,6 +58,7 @@ private:
     PanelShadow m_shadow;
     /// As of the last showing; asking takes a round trip to the window system.
     bool m_isComposited = false;
+    bool m_awaitsFirstFrame = false;
     /// Where in the window the user holds it; absent while it is not dragged.
     std::optional<QPoint> m_grip;
 };

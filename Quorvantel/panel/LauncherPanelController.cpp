@@ -2,6 +2,8 @@
 
 #include <QWindow>
 
+#include <utility>
+
 namespace quorvantel {
 
 LauncherPanelController::LauncherPanelController(LauncherView* view, platform::PanelHost& host,
@@ -21,6 +23,8 @@ LauncherPanelController::LauncherPanelController(LauncherView* view, platform::P
             hide();
         }
     });
+    // Drawn once unseen, the panel has its fonts and symbols at hand when it is first summoned.
+    m_panel.grab();
 }
 
 LauncherPanelController::~LauncherPanelController() {
@@ -59,6 +63,16 @@ void LauncherPanelController::hide() {
     if (onDismiss) {
         onDismiss();
     }
+}
+
+void LauncherPanelController::runAfterFirstFrame(std::function<void()> task) {
+    if (!m_panel.awaitsFirstFrame()) {
+        QMetaObject::invokeMethod(this, std::move(task), Qt::QueuedConnection);
+        return;
+    }
+    // Queued, since the frame leaves for the screen after it was drawn.
+    connect(&m_panel, &LauncherPanel::firstFrameDrawn, this, std::move(task),
+            static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
 }
 
 void LauncherPanelController::updateHeight(double height) {

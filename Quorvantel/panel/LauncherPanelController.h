@@ -40,6 +40,11 @@ public:
     /// Stops watching, gives the keyboard back, takes the panel away and calls `onDismiss`.
     void hide();
 
+    /// Runs a task that may take a while from the event loop: at once, or when the panel has just
+    /// been shown, only once its first frame is on the way to the screen. The task is dropped with
+    /// the controller.
+    void runAfterFirstFrame(std::function<void()> task);
+
     /// Gives the panel another height with its top edge where it is. Ignored while it is hidden.
     void updateHeight(double height);
 

@@ -30,6 +30,10 @@ ResultListView::ResultListView(const ThemedRoot& theme, IconCache& icons, QWidge
     m_scrolling.setEasingCurve(QEasingCurve::InOutQuad);
     connect(&m_scrolling, &QVariantAnimation::valueChanged, this,
             [this](const QVariant& value) { scrollTo(value.toInt()); });
+    // The rows of a full list exist before the first keystroke asks for them.
+    for (std::size_t slot = 0; slot <= maximumVisibleRows; ++slot) {
+        rowView(slot).hide();
+    }
 }
 
 void ResultListView::setResults(const std::vector<LaunchTarget>& results) {

@@ -90,8 +90,8 @@ void AppDelegate::reindexIfNeeded(bool force) {
         return;
     }
     m_lastIndexStart = now;
-    // Queued, so that the panel is on the screen before the disk is read.
-    QMetaObject::invokeMethod(this, &AppDelegate::runIndex, Qt::QueuedConnection);
+    // The panel is on the screen before the disk is read.
+    m_panelController->runAfterFirstFrame([this] { runIndex(); });
 }
 
 void AppDelegate::runIndex() {
