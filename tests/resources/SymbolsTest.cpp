@@ -83,7 +83,7 @@ QRectF inkOf(const QImage& image) {
 
 TEST(SymbolsTest, EveryPaneAndEveryControlHasItsSymbol) {
     QStringList wanted = interfaceSymbols();
-    for (const SettingsPane& pane : settingsPaneTable()) {
+    for (const SettingsPaneRow& pane : settingsPaneTable()) {
         wanted << pane.symbol.toString();
     }
     for (const QString& symbol : wanted) {
