@@ -1,6 +1,10 @@
 #include "panel/ContinuousCorners.h"
 
+#include <QColor>
+#include <QPainter>
+
 #include <algorithm>
+#include <cmath>
 #include <numbers>
 
 namespace quorvantel {
@@ -39,6 +43,26 @@ QPainterPath continuousRoundedRect(const QRectF& rectangle, double radius) {
     path.cubicTo(left, top + near, left + near, top, left + far, top);
     path.closeSubpath();
     return path;
+}
+
+void fillContinuousRoundedRect(QPainter& painter, const QRectF& rectangle, double radius,
+                               const QColor& color) {
+    // The strips end between two pixels of the device, so that no seam shows at any scale.
+    const double scale = painter.device()->devicePixelRatioF();
+    const double strip = std::ceil(radius * reach * scale) / scale;
+    const QPainterPath outline = continuousRoundedRect(rectangle, radius);
+    if (rectangle.height() <= 2 * strip) {
+        painter.fillPath(outline, color);
+        return;
+    }
+    const QRectF top(rectangle.left(), rectangle.top(), rectangle.width(), strip);
+    painter.save();
+    for (const QRectF& clip : {top, top.translated(0, rectangle.height() - strip)}) {
+        painter.setClipRect(clip);
+        painter.fillPath(outline, color);
+    }
+    painter.restore();
+    painter.fillRect(rectangle.adjusted(0, strip, 0, -strip), color);
 }
 
 } // namespace quorvantel

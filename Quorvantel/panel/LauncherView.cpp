@@ -249,7 +249,7 @@ void LauncherView::paintEvent(QPaintEvent* /*event*/) {
 
     const ThemeColor fill = isTranslucent() ? theme.glassTint : theme.primaryBackground;
     const ThemeColor border = theme.isGlass ? theme.glassBorder : theme.panelBorder;
-    painter.fillPath(continuousRoundedRect(rect(), cornerRadius), fill.toQColor());
+    fillContinuousRoundedRect(painter, rect(), cornerRadius, fill.toQColor());
     painter.setPen(QPen(border.toQColor(), 1));
     painter.drawPath(
         continuousRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius));

@@ -101,7 +101,7 @@ void ResultRowView::drawHighlight(QPainter& painter) const {
     const ResolvedTheme& theme = m_theme.theme();
     if (m_isSelected || m_isHovered) {
         const ThemeColor fill = m_isSelected ? theme.selectionFill : theme.hoverFill;
-        painter.fillPath(continuousRoundedRect(rect(), highlightRadius), fill.toQColor());
+        fillContinuousRoundedRect(painter, rect(), highlightRadius, fill.toQColor());
     }
     if (m_isTopPick) {
         painter.setPen(QPen(theme.selectionRing.toQColor(), 1));
