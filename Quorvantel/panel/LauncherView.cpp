@@ -3,6 +3,7 @@
 #include "panel/ContinuousCorners.h"
 #include "panel/LauncherLayout.h"
 #include "panel/accessibility/PanelAccessible.h"
+#include "settings/InterfaceFont.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -28,12 +29,6 @@ constexpr int buttonSize = 28;
 constexpr int emptyStateFontSize = 13;
 constexpr int emptyStateSymbolSize = 14;
 constexpr int emptyStateSpacing = 8;
-
-QFont interfaceFont(int pixelSize) {
-    QFont font;
-    font.setPixelSize(pixelSize);
-    return font;
-}
 
 /// On Linux, Qt's "control" is the Control key and its "meta" the Super key; both stand for Command
 /// here. On macOS, Qt's "control" is Command itself.

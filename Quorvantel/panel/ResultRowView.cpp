@@ -1,6 +1,7 @@
 #include "panel/ResultRowView.h"
 
 #include "panel/ContinuousCorners.h"
+#include "settings/InterfaceFont.h"
 
 #include <QPainter>
 
@@ -20,12 +21,6 @@ constexpr int nameSize = 15;
 constexpr int kindSize = 11;
 constexpr int textGap = 1;
 constexpr int returnHintWidth = 20;
-
-QFont interfaceFont(int pixelSize) {
-    QFont font;
-    font.setPixelSize(pixelSize);
-    return font;
-}
 
 platform::Image placeholderGlyph(const LaunchTarget& target) {
     if (target.icon().isTemplate()) {

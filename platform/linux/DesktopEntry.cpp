@@ -39,8 +39,7 @@ QByteArray relevantPart(const QByteArray& content) {
     return part;
 }
 
-/// An icon's name in the theme. Many entries give a file name in its place, which the Icon Theme
-/// Specification has no extension for.
+/// An icon's name in the theme, which has no extension. Many entries give a file name in its place.
 QString themeName(const QString& icon) {
     for (const char* extension : {".png", ".svg", ".xpm"}) {
         if (icon.endsWith(QLatin1StringView(extension))) {
