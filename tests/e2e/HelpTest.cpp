@@ -77,26 +77,10 @@ protected:
 
     void press(const std::vector<xcb_keysym_t>& chord) { session.keyboard().press(chord); }
 
-    QByteArray activeTitle() const {
-        const xcb_window_t window = session.desktop().activeWindow();
-        constexpr std::uint32_t longest = 64;
-        const XConnection& connection = session.connection();
-        const XReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
-            connection.get(),
-            xcb_get_property(connection.get(), 0, window, connection.atom("_NET_WM_NAME"),
-                             connection.atom("UTF8_STRING"), 0, longest),
-            nullptr));
-        if (!reply) {
-            return {};
-        }
-        return QByteArray(static_cast<const char*>(xcb_get_property_value(reply.get())),
-                          xcb_get_property_value_length(reply.get()));
-    }
-
     void waitForActive(const QByteArray& title) {
-        ASSERT_TRUE(waitUntil([&] { return activeTitle() == title; }))
-            << "in front is \"" << activeTitle().constData() << "\"; the launcher "
-            << (session.isRunning() ? "runs" : "has ended");
+        ASSERT_TRUE(waitUntil([&] { return session.desktop().activeTitle() == title; }))
+            << "in front is \"" << session.desktop().activeTitle().constData()
+            << "\"; the launcher " << (session.isRunning() ? "runs" : "has ended");
     }
 
     void openHelp() {

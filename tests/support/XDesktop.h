@@ -20,6 +20,9 @@ public:
     /// XCB_WINDOW_NONE when there is none.
     xcb_window_t activeWindow() const;
 
+    /// The active window's title (`_NET_WM_NAME`) in UTF-8; empty when there is none.
+    QByteArray activeTitle() const;
+
     /// The window with the keyboard focus of the server.
     xcb_window_t inputFocus() const;
 
