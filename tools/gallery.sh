@@ -25,6 +25,8 @@ build/release/bin/gallery "$drawn" "$@" >/dev/null
 
 publish many-results-dark docs/images/panel.png
 publish cutout-results resources/help/images/panel-results.png
+publish settings-hotkey-light resources/help/images/settings-hotkey.png
+publish settings-appearance-light resources/help/images/settings-appearance.png
 publish cutout-empty resources/help/images/panel-empty.png
 mkdir -p docs/gallery
 rm -f "$drawn"/cutout-*

@@ -1,4 +1,5 @@
 #include "support/IsolatedHome.h"
+#include "tools/gallery/HelpScenes.h"
 #include "tools/gallery/PanelScenes.h"
 #include "tools/gallery/Scene.h"
 #include "tools/gallery/SettingsScenes.h"
@@ -28,7 +29,7 @@ const QStringList& allScales() {
 
 std::vector<Scene> allScenes() {
     std::vector<Scene> scenes = panelScenes();
-    for (auto* const more : {&settingsScenes, &symbolScenes}) {
+    for (auto* const more : {&settingsScenes, &helpScenes, &symbolScenes}) {
         for (Scene& scene : more()) {
             scenes.push_back(std::move(scene));
         }
