@@ -37,7 +37,9 @@ TEST(TerminationTest, TheLossOfTheDisplayEndsTheLauncherWithoutACrash) {
     const auto exit = session.waitForExit();
     ASSERT_TRUE(exit) << "it hangs without a display";
     EXPECT_FALSE(exit->crashed) << exit->status;
-    EXPECT_LE(session.output().count('\n'), 2) << session.output().toStdString();
+    // How to summon it, that the display is gone, and at the most one line about what was being
+    // drawn at that moment; no flood of errors.
+    EXPECT_LE(session.output().count('\n'), 3) << session.output().toStdString();
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, SignalTest, ::testing::Values(SIGTERM, SIGINT, SIGHUP));
