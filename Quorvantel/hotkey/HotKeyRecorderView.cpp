@@ -1,6 +1,6 @@
 #include "hotkey/HotKeyRecorderView.h"
 
-#include "panel/ContinuousCorners.h"
+#include "drawing/ContinuousCorners.h"
 #include "settings/EaseInOut.h"
 #include "settings/InterfaceFont.h"
 

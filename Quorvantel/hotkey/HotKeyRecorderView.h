@@ -1,7 +1,7 @@
 #pragma once
 
+#include "drawing/IconCache.h"
 #include "hotkey/RecorderState.h"
-#include "panel/IconCache.h"
 #include "platform/KeyCapture.h"
 #include "settings/ThemedRoot.h"
 #include "shell/AppSettings.h"

@@ -1,6 +1,6 @@
 #include "panel/LauncherPanel.h"
 
-#include "panel/ContinuousCorners.h"
+#include "drawing/ContinuousCorners.h"
 #include "panel/LauncherLayout.h"
 #include "panel/PanelPlacement.h"
 

@@ -1,6 +1,6 @@
 #include "panel/LauncherView.h"
 
-#include "panel/ContinuousCorners.h"
+#include "drawing/ContinuousCorners.h"
 #include "panel/LauncherLayout.h"
 #include "panel/accessibility/PanelAccessible.h"
 #include "settings/InterfaceFont.h"

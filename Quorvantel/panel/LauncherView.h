@@ -1,7 +1,7 @@
 #pragma once
 
+#include "drawing/IconCache.h"
 #include "panel/EmptyStateView.h"
-#include "panel/IconCache.h"
 #include "panel/ResultListView.h"
 #include "panel/ResultSelection.h"
 #include "platform/Screens.h"

@@ -1,6 +1,6 @@
 #include "panel/PanelShadow.h"
 
-#include "panel/ContinuousCorners.h"
+#include "drawing/ContinuousCorners.h"
 #include "panel/LauncherLayout.h"
 
 #include <QPainter>

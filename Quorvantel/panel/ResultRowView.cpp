@@ -1,6 +1,6 @@
 #include "panel/ResultRowView.h"
 
-#include "panel/ContinuousCorners.h"
+#include "drawing/ContinuousCorners.h"
 #include "settings/InterfaceFont.h"
 
 #include <QPainter>

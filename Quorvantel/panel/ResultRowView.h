@@ -1,7 +1,7 @@
 #pragma once
 
 #include "catalogue/LaunchTarget.h"
-#include "panel/IconCache.h"
+#include "drawing/IconCache.h"
 #include "settings/ThemedRoot.h"
 
 #include <QWidget>

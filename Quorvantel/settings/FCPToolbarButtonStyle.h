@@ -1,6 +1,6 @@
 #pragma once
 
-#include "panel/IconCache.h"
+#include "drawing/IconCache.h"
 #include "platform/Image.h"
 #include "settings/SpringAnimation.h"
 #include "settings/ThemedRoot.h"

@@ -1,6 +1,6 @@
 #include "settings/FocusRing.h"
 
-#include "panel/ContinuousCorners.h"
+#include "drawing/ContinuousCorners.h"
 
 namespace quorvantel {
 

@@ -1,6 +1,6 @@
 #include "settings/SegmentedPill.h"
 
-#include "panel/ContinuousCorners.h"
+#include "drawing/ContinuousCorners.h"
 
 #include <QPainter>
 #include <QStyle>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "drawing/IconCache.h"
 #include "hotkey/HotKeyActivity.h"
-#include "panel/IconCache.h"
 #include "platform/KeyCapture.h"
 #include "platform/WindowActivator.h"
 #include "settings/ThemeManager.h"

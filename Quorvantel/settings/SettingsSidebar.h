@@ -1,6 +1,6 @@
 #pragma once
 
-#include "panel/IconCache.h"
+#include "drawing/IconCache.h"
 #include "settings/SettingsSection.h"
 #include "settings/ThemedRoot.h"
 

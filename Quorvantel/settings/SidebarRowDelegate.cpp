@@ -1,6 +1,6 @@
 #include "settings/SidebarRowDelegate.h"
 
-#include "panel/ContinuousCorners.h"
+#include "drawing/ContinuousCorners.h"
 #include "settings/FocusRing.h"
 #include "settings/InterfaceFont.h"
 

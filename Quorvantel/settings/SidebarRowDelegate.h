@@ -1,6 +1,6 @@
 #pragma once
 
-#include "panel/IconCache.h"
+#include "drawing/IconCache.h"
 #include "settings/ThemedRoot.h"
 
 #include <QStyledItemDelegate>

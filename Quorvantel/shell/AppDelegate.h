@@ -1,10 +1,10 @@
 #pragma once
 
 #include "catalogue/AppIndexer.h"
+#include "drawing/IconCache.h"
 #include "help/HelpMenu.h"
 #include "hotkey/HotKeyActivity.h"
 #include "hotkey/HotKeyService.h"
-#include "panel/IconCache.h"
 #include "panel/LauncherPanelController.h"
 #include "platform/Platform.h"
 #include "search/FrecencyStore.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "panel/IconCache.h"
+#include "drawing/IconCache.h"
 #include "platform/ImageLoader.h"
 #include "platform/SystemAppearance.h"
 #include "settings/ThemedRoot.h"

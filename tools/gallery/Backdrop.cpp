@@ -1,6 +1,6 @@
 #include "tools/gallery/Backdrop.h"
 
-#include "panel/ContinuousCorners.h"
+#include "drawing/ContinuousCorners.h"
 
 #include <QPainter>
 #include <QRadialGradient>

@@ -1,7 +1,7 @@
 #include "tools/gallery/SymbolScenes.h"
 
-#include "panel/ContinuousCorners.h"
-#include "panel/IconCache.h"
+#include "drawing/ContinuousCorners.h"
+#include "drawing/IconCache.h"
 #include "platform/linux/gui/IconThemeImageLoader.h"
 #include "settings/ResolvedTheme.h"
 

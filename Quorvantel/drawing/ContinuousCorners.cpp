@@ -1,4 +1,4 @@
-#include "panel/ContinuousCorners.h"
+#include "drawing/ContinuousCorners.h"
 
 #include <QColor>
 #include <QPainter>

@@ -1,4 +1,4 @@
-#include "panel/IconCache.h"
+#include "drawing/IconCache.h"
 
 #include <QPainter>
 
