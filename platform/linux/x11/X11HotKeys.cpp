@@ -101,6 +101,7 @@ X11HotKeys::X11HotKeys(const X11Display& display, X11RawEvents& rawEvents)
 }
 
 X11HotKeys::~X11HotKeys() {
+    letGo();
     if (qApp != nullptr) {
         qApp->removeNativeEventFilter(this);
     }
@@ -192,6 +193,7 @@ bool X11HotKeys::handleKeyPress(const xcb_key_press_event_t& event) {
         if (!grab || grab->key != event.detail || grab->modifiers != held) {
             continue;
         }
+        settleHeldKey();
         if (isRepeat(event)) {
             return true;
         }
@@ -214,27 +216,42 @@ void X11HotKeys::handleKeyRelease(const xcb_key_release_event_t& event) {
 }
 
 void X11HotKeys::hold(xcb_keycode_t key) {
+    letGo();
     m_heldKey = key;
-    m_releaseTime.reset();
     // The key may be let go while another application has the keyboard, so its release is looked
     // for on the device as well.
     m_releaseObservation =
         m_rawEvents.observe(X11RawEvents::Type::KeyRelease, [this](std::uint32_t released) {
-            letGo(static_cast<xcb_keycode_t>(released));
+            if (m_heldKey == static_cast<xcb_keycode_t>(released)) {
+                letGo();
+            }
         });
-    // Or it was let go before that observation began.
-    const XcbPointer<xcb_query_keymap_reply_t> reply(xcb_query_keymap_reply(
-        m_display.connection, xcb_query_keymap(m_display.connection), nullptr));
-    const bool isDown = reply && (reply->keys[key / 8] & (1U << (key % 8))) != 0;
-    if (!isDown) {
-        letGo(key);
-    }
+    // Or it was let go before that observation began. The answer matters at the next press only:
+    // waiting for it here would keep the user waiting.
+    m_heldKeyQuestion = xcb_query_keymap(m_display.connection);
+    xcb_flush(m_display.connection);
 }
 
-void X11HotKeys::letGo(xcb_keycode_t key) {
-    if (m_heldKey == key) {
-        m_heldKey.reset();
-        m_releaseObservation.reset();
+void X11HotKeys::letGo() {
+    if (m_heldKeyQuestion) {
+        xcb_discard_reply(m_display.connection, m_heldKeyQuestion->sequence);
+    }
+    m_heldKeyQuestion.reset();
+    m_heldKey.reset();
+    m_releaseTime.reset();
+    m_releaseObservation.reset();
+}
+
+void X11HotKeys::settleHeldKey() {
+    const auto question = std::exchange(m_heldKeyQuestion, std::nullopt);
+    if (!question) {
+        return;
+    }
+    const XcbPointer<xcb_query_keymap_reply_t> reply(
+        xcb_query_keymap_reply(m_display.connection, *question, nullptr));
+    const bool wasDown = reply && (reply->keys[*m_heldKey / 8] & (1U << (*m_heldKey % 8))) != 0;
+    if (!wasDown) {
+        letGo();
     }
 }
 

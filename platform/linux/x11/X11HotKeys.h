@@ -44,7 +44,8 @@ private:
     bool isRepeat(const xcb_key_press_event_t& event) const;
     void handleKeyRelease(const xcb_key_release_event_t& event);
     void hold(xcb_keycode_t key);
-    void letGo(xcb_keycode_t key);
+    void letGo();
+    void settleHeldKey();
     void report(HotKeyIdentity identity) const;
     void keyboardMayHaveChanged();
     void followKeyboard();
@@ -63,6 +64,9 @@ private:
     std::optional<xcb_timestamp_t> m_releaseTime;
     /// Lives as long as `m_heldKey` is set.
     std::unique_ptr<X11RawEvents::Observation> m_releaseObservation;
+    /// The question whether `m_heldKey` was still down when that observation began, until its
+    /// answer is read.
+    std::optional<xcb_query_keymap_cookie_t> m_heldKeyQuestion;
     QObject m_context;
 };
 
