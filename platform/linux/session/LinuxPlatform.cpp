@@ -5,7 +5,8 @@
 namespace quorvantel::platform {
 
 LinuxPlatform::LinuxPlatform(const X11Display& display)
-    : m_rawEvents(display),
+    : m_displayLossReport(display),
+      m_rawEvents(display),
       m_hotKeys(display, m_rawEvents),
       m_keyCapture(display, m_hotKeys),
       m_clickMonitor(display, m_rawEvents),

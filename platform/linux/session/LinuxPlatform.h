@@ -7,6 +7,7 @@
 #include "platform/linux/gui/IconThemeImageLoader.h"
 #include "platform/linux/gui/PaletteSystemAppearance.h"
 #include "platform/linux/portal/PortalSystemAppearance.h"
+#include "platform/linux/session/DisplayLossReport.h"
 #include "platform/linux/x11/X11ClickMonitor.h"
 #include "platform/linux/x11/X11Display.h"
 #include "platform/linux/x11/X11HotKeys.h"
@@ -40,6 +41,7 @@ public:
     ImageLoader& imageLoader() override { return m_imageLoader; }
 
 private:
+    DisplayLossReport m_displayLossReport;
     X11RawEvents m_rawEvents;
     // Event filters run last in, first out: a capture keeps key presses from the hotkeys, and the
     // time must see the presses that either consumes.
