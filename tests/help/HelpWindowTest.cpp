@@ -47,10 +47,10 @@ protected:
     }
 
     HelpWindow* window() const { return m_menu->window(); }
-    QLineEdit& field() const { return window()->sidebar()->searchField(); }
-    QListView& list() const { return window()->sidebar()->list(); }
-    TopicView& view() const { return *window()->topicView(); }
-    std::string topic() const { return window()->currentTopic()->title.toStdString(); }
+    QLineEdit& field() const { return window()->browser()->sidebar().searchField(); }
+    QListView& list() const { return window()->browser()->sidebar().list(); }
+    TopicView& view() const { return window()->browser()->topicView(); }
+    std::string topic() const { return window()->browser()->currentTopic().title.toStdString(); }
 
     std::vector<std::string> rows() const {
         std::vector<std::string> titles;
@@ -273,7 +273,7 @@ TEST_F(HelpWindowTest, SaysWhatItIsToAssistiveTechnology) {
     EXPECT_EQ(name(&list()), "Help topics");
     EXPECT_EQ(name(&view()), "Apples");
     for (QToolButton* const button : window()->findChildren<QToolButton*>()) {
-        if (button->parent() == window()->sidebar()) {
+        if (button->parent() == &window()->browser()->sidebar()) {
             EXPECT_FALSE(name(button).empty());
         }
     }
@@ -308,7 +308,7 @@ TEST(HelpWindowWithoutContent, SaysSo) {
         ASSERT_NE(label, nullptr);
         EXPECT_EQ(label->text(), QStringLiteral("This app hasn't provided any help content yet."));
         EXPECT_TRUE(label->isVisible());
-        EXPECT_FALSE(menu.window()->currentTopic().has_value());
+        EXPECT_EQ(menu.window()->browser(), nullptr);
         menu.setStyle(style(20));
     }
 }
