@@ -1,7 +1,7 @@
 #include "platform/linux/DesktopEntryApplications.h"
 
-#include "platform/MessageLog.h"
-#include "platform/TestFiles.h"
+#include "support/LogLines.h"
+#include "support/TestFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -13,6 +13,7 @@ namespace quorvantel::platform {
 namespace {
 
 using namespace Qt::StringLiterals;
+using namespace quorvantel::testing;
 
 QByteArray entryText(const QByteArray& name, const QByteArray& more = {}) {
     return "[Desktop Entry]\nType=Application\nName=" + name + "\nExec=true\n" + more + "\n";
@@ -46,7 +47,7 @@ protected:
         return only().isBackgroundOnly;
     }
 
-    MessageLog log;
+    LogLines log;
 };
 
 TEST_F(DesktopEntryApplicationsTest, ReadsNamesInTheUsersLanguage) {

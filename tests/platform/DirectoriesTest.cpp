@@ -1,7 +1,7 @@
 #include "platform/Directories.h"
 
-#include "platform/TestFiles.h"
 #include "platform/linux/DesktopEntryApplications.h"
+#include "support/TestFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -9,6 +9,7 @@ namespace quorvantel::platform {
 namespace {
 
 using namespace Qt::StringLiterals;
+using namespace quorvantel::testing;
 
 TEST(DirectoriesTest, FollowTheEnvironmentWhereItGivesAbsolutePaths) {
     qputenv("XDG_DATA_HOME", "/data/");

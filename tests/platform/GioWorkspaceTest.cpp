@@ -1,8 +1,8 @@
 #include "platform/linux/GioWorkspace.h"
 
-#include "platform/TestFiles.h"
 #include "platform/linux/PropertyListBundleReader.h"
 #include "support/SessionBus.h"
+#include "support/TestFiles.h"
 #include "support/WaitUntil.h"
 
 #include <QFile>
@@ -19,7 +19,7 @@ namespace quorvantel::platform {
 namespace {
 
 using namespace Qt::StringLiterals;
-using quorvantel::testing::waitUntil;
+using namespace quorvantel::testing;
 
 /// Writes down what it was started with: arguments, environment, session and open files.
 constexpr const char* recordingScript = R"(#!/bin/sh
@@ -34,8 +34,6 @@ pwd >"$out/directory"
 : >"$out/done"
 exit "${STATUS:-0}"
 )";
-
-const QByteArrayList standardFiles{"/dev/null", "/dev/null", "/dev/null"};
 
 class RecordingNotifier final : public StartupNotifier {
 public:
@@ -89,17 +87,31 @@ protected:
         return waitUntil([this] { return !errors.isEmpty(); });
     }
 
+    /// The start of a line "Exec=" for the program that writes down how it was started.
+    QByteArray recorder() const {
+        writeProgram(inHome(u"program"_s), recordingScript);
+        return QFile::encodeName(inHome(u"program"_s));
+    }
+
+    /// Opens a bundle or an entry for the program, while this process has a file open to leak, and
+    /// expects it to run on its own.
+    void expectRunsApart(const QString& path, const QString& program) {
+        const int leaked = ::open("/dev/zero", O_RDONLY);
+        open(path);
+        ASSERT_TRUE(hasReported());
+        ::close(leaked);
+        EXPECT_EQ(errors, QStringList{QString()});
+        EXPECT_NE(record(u"session"_s).value(0).toInt(), getsid(0));
+        QByteArrayList files = record(u"descriptors"_s);
+        files.removeAll(QFile::encodeName(program));
+        EXPECT_EQ(files, (QByteArrayList{"/dev/null", "/dev/null", "/dev/null"}));
+        EXPECT_FALSE(hasChildren());
+    }
+
     QByteArrayList record(const QString& name, char separator = '\n') const {
         QByteArrayList lines = readFile(inHome(u"record/"_s + name)).split(separator);
         lines.removeLast();
         return lines;
-    }
-
-    /// The files that the program had open, less the script itself.
-    QByteArrayList openFiles(const QString& program) const {
-        QByteArrayList files = record(u"descriptors"_s);
-        files.removeAll(QFile::encodeName(program));
-        return files;
     }
 
     /// Whether any child, dead or alive, is left to this process.
@@ -116,27 +128,28 @@ protected:
 };
 
 TEST_F(GioWorkspaceTest, RunsAnEntrysProgramApartFromTheLauncher) {
-    const int leaked = ::open("/dev/zero", O_RDONLY);
-    writeProgram(inHome(u"some dir/program"_s), recordingScript);
-    const QByteArray program = QFile::encodeName(inHome(u"some dir/program"_s));
-    open(writeEntry('"' + program + R"(" --flag "a b" "$HOME" 100%% %U %c)"));
-    ASSERT_TRUE(hasReported());
-    ::close(leaked);
-
-    EXPECT_EQ(errors, QStringList{QString()});
+    const QString program = inHome(u"some dir/program"_s);
+    writeProgram(program, recordingScript);
+    expectRunsApart(
+        writeEntry('"' + QFile::encodeName(program) + R"(" --flag "a b" "$HOME" 100%% %U %c)"),
+        program);
     EXPECT_EQ(record(u"arguments"_s), (QByteArrayList{"--flag", "a b", "$HOME", "100%", "Entry"}));
-    EXPECT_NE(record(u"session"_s).value(0).toInt(), getsid(0));
-    EXPECT_EQ(openFiles(inHome(u"some dir/program"_s)), standardFiles);
-    EXPECT_FALSE(hasChildren());
     for (const QByteArray& variable : record(u"environment"_s, '\0')) {
         EXPECT_FALSE(variable.startsWith("DESKTOP_STARTUP_ID=")) << variable.toStdString();
     }
     EXPECT_TRUE(notifier.begun.isEmpty());
 }
 
+TEST_F(GioWorkspaceTest, RunsTheProgramOfABundleApartFromTheLauncher) {
+    const QString bundle = writeBundle(u"An \"odd\" 100% $HOME 'app' #1.app"_s, "my program");
+    const QString program = bundle + u"/Contents/MacOS/my program"_s;
+    writeProgram(program, recordingScript);
+    expectRunsApart(bundle, program);
+    EXPECT_EQ(record(u"arguments"_s), QByteArrayList{""});
+}
+
 TEST_F(GioWorkspaceTest, AnnouncesTheStartOfAnEntryThatWantsIt) {
-    writeProgram(inHome(u"program"_s), recordingScript);
-    open(writeEntry(QFile::encodeName(inHome(u"program"_s)), "StartupNotify=true"));
+    open(writeEntry(recorder(), "StartupNotify=true"));
     ASSERT_TRUE(hasReported());
     EXPECT_EQ(notifier.begun, QByteArrayList{"Entry|entry.desktop|entry"});
     EXPECT_TRUE(record(u"environment"_s, '\0').contains("DESKTOP_STARTUP_ID=startup-id_TIME7"));
@@ -148,22 +161,20 @@ TEST_F(GioWorkspaceTest, ReportsProgramsThatCannotBeExecuted) {
     writeProgram(inHome(u"no-interpreter"_s), "#!/no/such/interpreter\n");
     open(writeEntry(QFile::encodeName(inHome(u"no-interpreter"_s)), "StartupNotify=true"));
     ASSERT_TRUE(hasReported());
-    EXPECT_FALSE(errors.front().isEmpty());
     EXPECT_EQ(notifier.failed, QByteArrayList{"startup-id_TIME7"});
 
     open(writeEntry("no-such-program --flag"));
-    ASSERT_EQ(errors.size(), 2);
     EXPECT_TRUE(errors.back().contains(u"no-such-program"_s)) << errors.back().toStdString();
 
-    open(inHome(u"missing.desktop"_s));
-    ASSERT_EQ(errors.size(), 3);
-    EXPECT_FALSE(errors.back().isEmpty());
-
     writeFile(inHome(u"broken.desktop"_s), "nonsense");
-    open(inHome(u"broken.desktop"_s));
     makeFifo(inHome(u"fifo.desktop"_s));
-    open(inHome(u"fifo.desktop"_s));
-    ASSERT_EQ(errors.size(), 5);
+    writeBundle(u"Empty.app"_s, "program");
+    writeBundle(u"Escape.app"_s, "../../../bin/true");
+    for (const QString& name : {u"missing.desktop"_s, u"broken.desktop"_s, u"fifo.desktop"_s,
+                                u"Missing.app"_s, u"Empty.app"_s, u"Escape.app"_s}) {
+        open(inHome(name));
+    }
+    EXPECT_EQ(errors.size(), 8);
     EXPECT_FALSE(errors.contains(QString()));
     EXPECT_EQ(notifier.begun.size(), 1);
     EXPECT_FALSE(hasChildren());
@@ -180,44 +191,18 @@ TEST_F(GioWorkspaceTest, TakesAFailureOfTheProgramItselfForAStart) {
 }
 
 TEST_F(GioWorkspaceTest, RunsATerminalProgramInATerminal) {
-    writeProgram(inHome(u"program"_s), recordingScript);
     writeProgram(inHome(u"bin/xterm"_s),
                  "#!/bin/sh\necho \"$1\" >\"$HOME/terminal\"\nshift\nexec \"$@\"\n");
     qputenv("PATH", QFile::encodeName(inHome(u"bin"_s)));
-    open(writeEntry(QFile::encodeName(inHome(u"program"_s)) + " \"a b\"", "Terminal=true"));
+    open(writeEntry(recorder() + " \"a b\"", "Terminal=true"));
     ASSERT_TRUE(hasReported());
     EXPECT_EQ(errors, QStringList{QString()});
     EXPECT_EQ(readFile(inHome(u"terminal"_s)), "-e\n");
     EXPECT_EQ(record(u"arguments"_s), QByteArrayList{"a b"});
 }
 
-TEST_F(GioWorkspaceTest, RunsTheProgramOfABundle) {
-    const QString bundle = writeBundle(u"An \"odd\" 100% $HOME 'app' #1.app"_s, "my program");
-    const QString program = bundle + u"/Contents/MacOS/my program"_s;
-    writeProgram(program, recordingScript);
-    const int leaked = ::open("/dev/zero", O_RDONLY);
-    open(bundle);
-    ASSERT_TRUE(hasReported());
-    ::close(leaked);
-    EXPECT_EQ(errors, QStringList{QString()});
-    EXPECT_EQ(record(u"arguments"_s), QByteArrayList{""});
-    EXPECT_NE(record(u"session"_s).value(0).toInt(), getsid(0));
-    EXPECT_EQ(openFiles(program), standardFiles);
-    EXPECT_FALSE(hasChildren());
-}
-
-TEST_F(GioWorkspaceTest, ReportsBundlesThatCannotBeOpened) {
-    open(inHome(u"Missing.app"_s));
-    open(writeBundle(u"Empty.app"_s, "program"));
-    open(writeBundle(u"Escape.app"_s, "../../../bin/true"));
-    ASSERT_EQ(errors.size(), 3);
-    EXPECT_FALSE(errors.contains(QString()));
-    EXPECT_FALSE(hasChildren());
-}
-
 TEST_F(GioWorkspaceTest, ReportsNothingOnceItIsGone) {
-    writeProgram(inHome(u"program"_s), recordingScript);
-    open(writeEntry(QFile::encodeName(inHome(u"program"_s))));
+    open(writeEntry(recorder()));
     workspace.reset();
     EXPECT_TRUE(waitUntil([] { return !hasChildren(); }));
     EXPECT_TRUE(QFile::exists(inHome(u"record/done"_s)));
@@ -225,11 +210,10 @@ TEST_F(GioWorkspaceTest, ReportsNothingOnceItIsGone) {
 }
 
 TEST_F(GioWorkspaceTest, ActivatesAnEntryByTheSessionBus) {
-    writeProgram(inHome(u"program"_s), recordingScript);
     writeFile(inHome(u".local/share/dbus-1/services/org.example.Silent.service"_s),
-              "[D-BUS Service]\nName=org.example.Silent\nExec=/usr/bin/env STATUS=1 " +
-                  QFile::encodeName(inHome(u"program"_s)) + " activated\n");
-    const quorvantel::testing::SessionBus bus(inHome({}));
+              "[D-BUS Service]\nName=org.example.Silent\nExec=/usr/bin/env STATUS=1 " + recorder() +
+                  " activated\n");
+    const SessionBus bus(inHome({}));
     qputenv("DBUS_SESSION_BUS_ADDRESS", bus.address().toUtf8());
     for (const QString& name : {u"org.example.Silent"_s, u"org.example.Missing"_s}) {
         errors.clear();
@@ -244,10 +228,8 @@ TEST_F(GioWorkspaceTest, ActivatesAnEntryByTheSessionBus) {
 
 TEST_F(GioWorkspaceTest, ExecutesAnActivatableEntryWhereThereIsNoBus) {
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/no/such/bus");
-    writeProgram(inHome(u"program"_s), recordingScript);
     const QString path = inHome(u"org.example.App.desktop"_s);
-    QFile::rename(writeEntry(QFile::encodeName(inHome(u"program"_s)), "DBusActivatable=true"),
-                  path);
+    QFile::rename(writeEntry(recorder(), "DBusActivatable=true"), path);
     open(path);
     ASSERT_TRUE(hasReported());
     EXPECT_EQ(errors, QStringList{QString()});

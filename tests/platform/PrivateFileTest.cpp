@@ -1,13 +1,11 @@
 #include "platform/PrivateFile.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
+#include "support/TestFiles.h"
+
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -22,40 +20,30 @@ void PrintTo(FileError error, std::ostream* stream) {
 
 namespace {
 
+using namespace quorvantel::testing;
+
 class PrivateFileTest : public ::testing::Test {
 protected:
     QString path(const char* name) const { return m_folder.filePath(QString::fromUtf8(name)); }
-
-    void write(const char* name, const QByteArray& content) const {
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_EQ(file.write(content), content.size());
-    }
-
+    void write(const char* name, const QByteArray& text) const { writeFile(path(name), text); }
+    void folder(const char* name) const { ASSERT_TRUE(QDir().mkpath(path(name))); }
     void link(const char* target, const char* name) const {
         ASSERT_EQ(::symlink(target, qPrintable(path(name))), 0);
     }
-
-    void folder(const char* name) const { ASSERT_TRUE(QDir().mkpath(path(name))); }
-
-    mode_t mode(const char* name) const {
-        struct stat status {};
-        return ::stat(qPrintable(path(name)), &status) == 0 ? status.st_mode & 07777U : 0;
+    void setMode(const char* name, mode_t mode) const {
+        ASSERT_EQ(::chmod(qPrintable(path(name)), mode), 0);
     }
 
-    bool isLink(const char* name) const { return QFileInfo(path(name)).isSymLink(); }
-
-    QByteArray content(const char* name) const {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArrayLiteral("(unreadable)");
-    }
+    mode_t mode(const char* name) const { return modeOf(path(name)); }
+    QByteArray content(const char* name) const { return readFile(path(name)); }
+    QStringList files(const char* name) const { return QDir(path(name)).entryList(QDir::Files); }
 
     FileContent read(const char* name, qint64 limit = 100) const {
         return readRegularFile(path(name), limit);
     }
 
-    bool replace(const char* name, const QByteArray& content) const {
-        return replacePrivateFile(path(name), content);
+    bool replace(const char* name, const QByteArray& text) const {
+        return replacePrivateFile(path(name), text);
     }
 
 private:
@@ -79,14 +67,9 @@ TEST_F(PrivateFileTest, ReadsUpToItsLimit) {
     write("huge", "");
     ASSERT_EQ(::truncate(qPrintable(path("huge")), off_t{1} << 43), 0);
     EXPECT_EQ(read("huge"), FileContent(FileError::TooLarge));
-}
-
-TEST_F(PrivateFileTest, DistrustsTheSizeThatAFileClaims) {
-    const QString claimsToBeEmpty = QStringLiteral("/proc/self/status");
-    if (QFileInfo(claimsToBeEmpty).size() != 0 || !QFile::exists(claimsToBeEmpty)) {
-        GTEST_SKIP() << "no such file on this system";
-    }
-    EXPECT_EQ(readRegularFile(claimsToBeEmpty, 10), FileContent(FileError::TooLarge));
+    // Claims to be empty, and is not.
+    EXPECT_EQ(readRegularFile(QStringLiteral("/proc/self/status"), 10),
+              FileContent(FileError::TooLarge));
 }
 
 TEST_F(PrivateFileTest, TellsWhyNothingWasRead) {
@@ -94,16 +77,14 @@ TEST_F(PrivateFileTest, TellsWhyNothingWasRead) {
     write("file", "x");
     link("nowhere", "dangling");
     link("loop", "loop");
-    ASSERT_EQ(::mkfifo(qPrintable(path("fifo")), 0600), 0);
-
-    EXPECT_EQ(read("missing"), FileContent(FileError::Missing));
-    EXPECT_EQ(read("missing/below"), FileContent(FileError::Missing));
-    EXPECT_EQ(read("file/below"), FileContent(FileError::Missing));
-    EXPECT_EQ(read("dangling"), FileContent(FileError::Missing));
-    EXPECT_EQ(read("folder"), FileContent(FileError::NotRegular));
-    EXPECT_EQ(read("fifo"), FileContent(FileError::NotRegular));
-    EXPECT_EQ(read("loop"), FileContent(FileError::NotRegular));
-    EXPECT_EQ(readRegularFile(QStringLiteral("/dev/zero"), 10), FileContent(FileError::NotRegular));
+    link("/dev/zero", "endless");
+    makeFifo(path("fifo"));
+    for (const char* const name : {"missing", "missing/below", "file/below", "dangling"}) {
+        EXPECT_EQ(read(name), FileContent(FileError::Missing)) << name;
+    }
+    for (const char* const name : {"folder", "fifo", "loop", "endless"}) {
+        EXPECT_EQ(read(name), FileContent(FileError::NotRegular)) << name;
+    }
 }
 
 TEST_F(PrivateFileTest, TellsLackOfPermissionFromAbsence) {
@@ -113,21 +94,21 @@ TEST_F(PrivateFileTest, TellsLackOfPermissionFromAbsence) {
     folder("closed");
     write("closed/file", "x");
     write("file", "x");
-    ASSERT_EQ(::chmod(qPrintable(path("closed")), 0), 0);
-    ASSERT_EQ(::chmod(qPrintable(path("file")), 0), 0);
+    setMode("closed", 0);
+    setMode("file", 0);
 
     EXPECT_EQ(read("closed/file"), FileContent(FileError::Unreadable));
     EXPECT_EQ(read("file"), FileContent(FileError::Unreadable));
     EXPECT_FALSE(replace("closed/file", "y"));
-    ASSERT_EQ(::chmod(qPrintable(path("closed")), 0700), 0);
+    setMode("closed", 0700);
 }
 
 TEST_F(PrivateFileTest, KeepsFileAndNewFoldersToTheUser) {
     const mode_t mask = ::umask(0);
     folder("shared");
-    ASSERT_EQ(::chmod(qPrintable(path("shared")), 0755), 0);
+    setMode("shared", 0755);
     write("shared/old", "old");
-    ASSERT_EQ(::chmod(qPrintable(path("shared/old")), 0644), 0);
+    setMode("shared/old", 0644);
 
     EXPECT_TRUE(replace("shared/old", "new"));
     EXPECT_TRUE(replace("shared/one/two/file", "content"));
@@ -140,7 +121,7 @@ TEST_F(PrivateFileTest, KeepsFileAndNewFoldersToTheUser) {
     EXPECT_EQ(mode("shared/one"), 0700U);
     EXPECT_EQ(mode("shared/one/two"), 0700U);
     EXPECT_EQ(mode("shared"), 0755U);
-    EXPECT_EQ(QDir(path("shared")).entryList(QDir::Files), QStringList(QStringLiteral("old")));
+    EXPECT_EQ(files("shared"), QStringList(QStringLiteral("old")));
 }
 
 TEST_F(PrivateFileTest, WritesThroughLinks) {
@@ -157,7 +138,7 @@ TEST_F(PrivateFileTest, WritesThroughLinks) {
     EXPECT_EQ(content("not/yet/file"), "third");
     EXPECT_EQ(mode("not"), 0700U);
     for (const char* name : {"folder", "real/deep/file", "real/deep/chain", "new"}) {
-        EXPECT_TRUE(isLink(name)) << name;
+        EXPECT_TRUE(QFileInfo(path(name)).isSymLink()) << name;
     }
 }
 
@@ -167,11 +148,9 @@ TEST_F(PrivateFileTest, LeavesWhatItCannotReplace) {
     link("loop", "loop");
     link("/dev/null", "nothing");
 
-    EXPECT_FALSE(replace("folder", "x"));
-    EXPECT_FALSE(replace("file/below", "x"));
-    EXPECT_FALSE(replace("loop", "x"));
-    EXPECT_FALSE(replace("loop/below", "x"));
-    EXPECT_FALSE(replace("nothing", "x"));
+    for (const char* const name : {"folder", "file/below", "loop", "loop/below", "nothing"}) {
+        EXPECT_FALSE(replace(name, "x")) << name;
+    }
     EXPECT_TRUE(QFileInfo(path("folder/inside")).isDir());
     EXPECT_EQ(content("file"), "content");
     struct stat status {};
@@ -192,7 +171,7 @@ TEST_F(PrivateFileTest, KeepsTheOldContentWhenTheNewCannotBeWritten) {
 
     EXPECT_FALSE(replaced);
     EXPECT_EQ(content("file"), "content");
-    EXPECT_EQ(QDir(path(".")).entryList(QDir::Files), QStringList(QStringLiteral("file")));
+    EXPECT_EQ(files("."), QStringList(QStringLiteral("file")));
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "platform/linux/PropertyListBundleReader.h"
 
-#include "platform/TestFiles.h"
 #include "platform/linux/PropertyList.h"
+#include "support/TestFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -15,6 +15,7 @@ namespace quorvantel::platform {
 namespace {
 
 using namespace Qt::StringLiterals;
+using namespace quorvantel::testing;
 
 QByteArray xmlList(const QByteArray& content) {
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?><plist version=\"1.0\">" + content +

@@ -1,8 +1,8 @@
 #include "platform/linux/PropertyListDefaults.h"
 
-#include "platform/MessageLog.h"
-#include "platform/TestFiles.h"
 #include "platform/linux/PropertyList.h"
+#include "support/LogLines.h"
+#include "support/TestFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -13,6 +13,7 @@ namespace quorvantel::platform {
 namespace {
 
 using namespace Qt::StringLiterals;
+using namespace quorvantel::testing;
 using Value = UserDefaults::Value;
 
 class PropertyListDefaultsTest : public ::testing::Test {
@@ -22,7 +23,7 @@ protected:
     }
 
     const QString path = PropertyListDefaults::standardPath();
-    MessageLog log;
+    LogLines log;
 };
 
 TEST_F(PropertyListDefaultsTest, ReadsNothingAndWritesNothingUntilSomethingIsSet) {

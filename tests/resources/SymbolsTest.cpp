@@ -1,5 +1,5 @@
 #include "catalogue/SettingsPaneTable.h"
-#include "search/LogLines.h"
+#include "support/LogLines.h"
 
 #include <QDir>
 #include <QFile>

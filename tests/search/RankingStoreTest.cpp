@@ -1,6 +1,6 @@
 #include "search/FrecencyStore.h"
 #include "search/LearnedAbbreviationStore.h"
-#include "search/LogLines.h"
+#include "support/LogLines.h"
 #include "search/ReferenceDate.h"
 
 #include <QDir>

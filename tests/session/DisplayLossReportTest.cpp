@@ -1,6 +1,6 @@
 #include "platform/linux/session/DisplayLossReport.h"
 
-#include "platform/MessageLog.h"
+#include "support/LogLines.h"
 #include "support/WaitUntil.h"
 #include "support/XConnection.h"
 #include "support/XServer.h"
@@ -33,7 +33,7 @@ void complain() {
 TEST(DisplayLossReportTest, ReplacesWhatTheToolkitSaysOverABrokenConnection) {
     XServer server;
     const XConnection connection(server.display());
-    const MessageLog log;
+    const testing::LogLines log;
     {
         const DisplayLossReport report(X11Display{connection.get(), connection.root()});
         complain();

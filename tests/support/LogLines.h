@@ -12,21 +12,23 @@ namespace quorvantel::testing {
 class LogLines {
 public:
     LogLines() {
-        lines().clear();
+        collected().clear();
         m_earlier = qInstallMessageHandler(
-            [](QtMsgType, const QMessageLogContext&, const QString& text) { lines() += text; });
+            [](QtMsgType, const QMessageLogContext&, const QString& text) { collected() += text; });
     }
     ~LogLines() { qInstallMessageHandler(m_earlier); }
     LogLines(const LogLines&) = delete;
     LogLines& operator=(const LogLines&) = delete;
 
+    const QStringList& lines() const { return collected(); }
+
     /// Takes the lines logged so far.
-    QStringList take() { return std::exchange(lines(), {}); }
+    QStringList take() { return std::exchange(collected(), {}); }
 
 private:
-    static QStringList& lines() {
-        static QStringList collected;
-        return collected;
+    static QStringList& collected() {
+        static QStringList lines;
+        return lines;
     }
 
     QtMessageHandler m_earlier;
