@@ -56,30 +56,49 @@ protected:
             [this] { return session.panel()->height() > LauncherSession::emptyPanelHeight; }));
     }
 
+    /// Shows the panel to a user of the layout; two applications match the text.
+    void summon() {
+        const QString& text = GetParam().text;
+        session.addApplication(QStringLiteral("first"), text);
+        session.addApplication(QStringLiteral("second"), text + QStringLiteral(" second"));
+        setLayout();
+        session.start();
+        session.summon();
+    }
+
+    /// Launches the second of the two, which teaches the launcher the query letter by letter; the
+    /// search itself makes no difference between some letters.
+    void expectTheTextAsTheQuery() {
+        ASSERT_TRUE(session.waitForPanelHeight(panelHeight(2)));
+        session.keyboard().press({XK_Down});
+        session.keyboard().press({XK_Return});
+        EXPECT_THAT(session.waitForRuns(QStringLiteral("second"), 1), SizeIs(1));
+        const auto learned = session.waitForDataFile(QStringLiteral("abbreviations.json"));
+        ASSERT_TRUE(learned);
+        EXPECT_EQ(learned->keys(), QStringList{GetParam().text});
+    }
+
     LauncherSession session;
 };
 
 TEST_P(InputMethodTest, ComposedLettersReachTheSearchField) {
-    const QString& text = GetParam().text;
-    // Of two that match, the second is launched, which teaches the launcher the query letter by
-    // letter; the search itself makes no difference between some letters.
-    session.addApplication(QStringLiteral("first"), text);
-    session.addApplication(QStringLiteral("second"), text + QStringLiteral(" second"));
-    setLayout();
-    session.start();
-    session.summon();
-
+    summon();
     for (const std::vector<xcb_keysym_t>& letter : GetParam().letters) {
         enter(letter);
     }
-    ASSERT_TRUE(session.waitForPanelHeight(panelHeight(2)));
-    session.keyboard().press({XK_Down});
-    session.keyboard().press({XK_Return});
+    expectTheTextAsTheQuery();
+}
 
-    EXPECT_THAT(session.waitForRuns(QStringLiteral("second"), 1), SizeIs(1));
-    const auto learned = session.waitForDataFile(QStringLiteral("abbreviations.json"));
-    ASSERT_TRUE(learned);
-    EXPECT_EQ(learned->keys(), QStringList{text});
+TEST_P(InputMethodTest, WhatIsTypedWhileTheLauncherIsBusyKeepsItsOrder) {
+    summon();
+    session.signal(SIGSTOP);
+    for (const std::vector<xcb_keysym_t>& letter : GetParam().letters) {
+        for (const xcb_keysym_t key : letter) {
+            session.keyboard().press({key});
+        }
+    }
+    session.signal(SIGCONT);
+    expectTheTextAsTheQuery();
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -158,5 +158,27 @@ TEST_F(KeyboardTest, FastTypingArrivesCompleteAndInOrder) {
     EXPECT_EQ(client->typed(), "");
 }
 
+TEST_F(KeyboardTest, WhatIsTypedAfterTheKeyThatDismissesGoesToTheApplicationInFront) {
+    start();
+    session.summon();
+    session.signal(SIGSTOP);
+    session.keyboard().type("zi");
+    session.keyboard().press({XK_Return});
+    session.keyboard().type("After");
+    session.signal(SIGCONT);
+    EXPECT_THAT(session.waitForRuns(zinc, 1), SizeIs(1));
+    EXPECT_TRUE(waitUntil([this] { return client->typed() == "After"; })) << client->typed().data();
+
+    session.summon();
+    session.signal(SIGSTOP);
+    session.keyboard().press({XK_Escape});
+    session.keyboard().type("wards");
+    session.signal(SIGCONT);
+    EXPECT_TRUE(waitUntil([this] { return client->typed() == "Afterwards"; }))
+        << client->typed().data();
+    session.summon();
+    EXPECT_EQ(session.panel()->height(), LauncherSession::emptyPanelHeight);
+}
+
 } // namespace
 } // namespace quorvantel

@@ -62,6 +62,12 @@ bool isForOthers(xcb_keysym_t symbol) {
     return symbol == XK_Print || (isSpecial && !contains(editingKeys, symbol));
 }
 
+/// The window that the user sees, of which the given one may be a part.
+QWindow& panelOf(QWindow& window) {
+    QWindow* const parent = window.parent();
+    return parent == nullptr ? window : panelOf(*parent);
+}
+
 bool hasXTest(xcb_connection_t* connection) {
     const auto* const extension = xcb_get_extension_data(connection, &xcb_test_id);
     return extension != nullptr && extension->present != 0;
@@ -73,7 +79,7 @@ X11PanelHost::X11PanelHost(const X11Display& display)
     : m_display(display), m_canFakeInput(hasXTest(display.connection)) {
     qApp->installNativeEventFilter(this);
     m_retry.setInterval(retryInterval);
-    QObject::connect(&m_retry, &QTimer::timeout, &m_retry, [this] { tryGrab(); });
+    QObject::connect(&m_retry, &QTimer::timeout, &m_retry, [this] { checkGrab(); });
 }
 
 X11PanelHost::~X11PanelHost() {
@@ -88,27 +94,25 @@ Qt::WindowFlags X11PanelHost::windowFlags() const {
 
 void X11PanelHost::takeKeyboard(QWindow& window) {
     m_window = &window;
-    beginGrabbing();
+    m_grab.emplace(m_display, static_cast<xcb_window_t>(window.winId()));
     // Asks the server without waiting for the answer, which is there when the first key comes.
     m_symbols.reset(xcb_key_symbols_alloc(m_display.connection));
+    awaitGrab();
 }
 
-void X11PanelHost::beginGrabbing() {
+void X11PanelHost::awaitGrab() {
     m_attemptsLeft = retryAttempts;
     m_retry.start();
-    tryGrab();
 }
 
-void X11PanelHost::tryGrab() {
-    if (m_window.isNull()) {
+void X11PanelHost::checkGrab() {
+    if (m_window.isNull() || !m_grab || m_grab->isHeld()) {
         m_retry.stop();
-        return;
-    }
-    m_hasGrab = m_window->setKeyboardGrabEnabled(true);
-    if (m_hasGrab) {
+    } else if (--m_attemptsLeft > 0) {
+        m_grab->request();
+    } else {
         m_retry.stop();
-    } else if (--m_attemptsLeft <= 0) {
-        m_retry.stop();
+        m_grab.reset();
         takeFocus();
     }
 }
@@ -124,11 +128,10 @@ void X11PanelHost::takeFocus() {
     xcb_flush(m_display.connection);
 }
 
-void X11PanelHost::releaseKeyboard(QWindow& window) {
+void X11PanelHost::releaseKeyboard(QWindow& /*window*/) {
     m_retry.stop();
+    m_grab.reset();
     m_symbols.reset();
-    m_hasGrab = false;
-    window.setKeyboardGrabEnabled(false);
     if (m_previousFocus != XCB_WINDOW_NONE) {
         returnFocus();
     }
@@ -150,7 +153,8 @@ void X11PanelHost::returnFocus() {
 bool X11PanelHost::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
                                      qintptr* /*result*/) {
     const auto* const event = static_cast<const xcb_generic_event_t*>(message);
-    if ((event->response_type & 0x7FU) != XCB_KEY_RELEASE || !m_hasGrab || !m_canFakeInput) {
+    if ((event->response_type & 0x7FU) != XCB_KEY_RELEASE || !m_canFakeInput || !m_grab ||
+        !m_grab->isHeld()) {
         return false;
     }
     const xcb_keycode_t key = static_cast<const xcb_key_release_event_t*>(message)->detail;
@@ -173,19 +177,18 @@ bool X11PanelHost::isDown(xcb_keycode_t key) const {
 }
 
 void X11PanelHost::handOver(xcb_keycode_t key, bool keepsPanel) {
-    if (!keepsPanel) {
-        m_window->close();
-    }
     // In one go, so that no key of the user's falls between: the server carries out the requests of
     // a connection in order, and a faked event at once.
-    xcb_ungrab_keyboard(m_display.connection, XCB_CURRENT_TIME);
+    m_grab->suspend();
     for (const std::uint8_t type : {std::uint8_t{XCB_KEY_PRESS}, std::uint8_t{XCB_KEY_RELEASE}}) {
         xcb_test_fake_input(m_display.connection, type, key, XCB_CURRENT_TIME, XCB_WINDOW_NONE, 0,
                             0, 0);
     }
-    if (m_hasGrab) {
-        m_hasGrab = false;
-        beginGrabbing();
+    if (keepsPanel) {
+        m_grab->request();
+        awaitGrab();
+    } else {
+        panelOf(*m_window).close();
     }
     xcb_flush(m_display.connection);
 }

@@ -2,12 +2,15 @@
 
 #include "platform/PanelHost.h"
 #include "platform/linux/x11/X11Display.h"
+#include "platform/linux/x11/X11KeyboardGrab.h"
 
 #include <QAbstractNativeEventFilter>
 #include <QPointer>
 #include <QTimer>
 
 #include <xcb/xcb_keysyms.h>
+
+#include <optional>
 
 namespace quorvantel::platform {
 
@@ -40,8 +43,8 @@ private:
         void operator()(xcb_key_symbols_t* symbols) const { xcb_key_symbols_free(symbols); }
     };
 
-    void beginGrabbing();
-    void tryGrab();
+    void awaitGrab();
+    void checkGrab();
     void takeFocus();
     void returnFocus();
     xcb_keysym_t symbolOf(xcb_keycode_t key);
@@ -53,7 +56,8 @@ private:
     QPointer<QWindow> m_window;
     QTimer m_retry;
     int m_attemptsLeft = 0;
-    bool m_hasGrab = false;
+    /// While the panel has the keyboard or tries to get it; not once it took the input focus.
+    std::optional<X11KeyboardGrab> m_grab;
     /// Who had the input focus before the panel took it; none while the grab does.
     xcb_window_t m_previousFocus = XCB_WINDOW_NONE;
     /// Read anew in each showing; exists while the panel has the keyboard.
