@@ -1,9 +1,7 @@
 #include "markdown/MarkdownRenderer.h"
 #include "markdown/Rendering.h"
+#include "support/TestFiles.h"
 
-#include <QAbstractTextDocumentLayout>
-#include <QDir>
-#include <QFile>
 #include <QPainter>
 #include <QTemporaryDir>
 
@@ -59,51 +57,41 @@ protected:
     QTemporaryDir m_directory;
 };
 
-TEST_F(MarkdownImage, ComesOnlyFromBelowTheBase) {
-    EXPECT_TRUE(shows("images/small.png"));
-    EXPECT_TRUE(shows("./images/small.png"));
-    EXPECT_TRUE(shows("images/sm%61ll.png"));
-    QFile::link(root() + QStringLiteral("/outside.png"), root() + QStringLiteral("/help/out.png"));
-    QFile::link(root(), root() + QStringLiteral("/help/up"));
-    QFile::link(root() + QStringLiteral("/help/images/small.png"),
-                root() + QStringLiteral("/help/in.png"));
-    EXPECT_TRUE(shows("in.png"));
+TEST_F(MarkdownImage, ComesOnlyFromBelowTheBaseAndInSafeFormats) {
+    const auto link = [this](const char* target, const char* name) {
+        QFile::link(root() + QString::fromUtf8(target), root() + QString::fromUtf8(name));
+    };
+    link("/outside.png", "/help/out.png");
+    link("", "/help/up");
+    link("/help/images/small.png", "/help/in.png");
+    for (const char* const source :
+         {"images/small.png", "./images/small.png", "images/sm%61ll.png", "in.png"}) {
+        EXPECT_TRUE(shows(source)) << source;
+    }
+    // A vector image may refer to others.
+    writeFile(root() + QStringLiteral("/help/a.svg"),
+              "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>");
+    writeFile(root() + QStringLiteral("/help/broken.png"), "\x89PNG\r\n\x1a\n not an image");
     const QByteArray absolute = root().toUtf8() + "/help/images/small.png";
-    for (const QByteArray& source : QList<QByteArray>{
-             QByteArray("../outside.png"), QByteArray("images/../../outside.png"),
-             QByteArray("%2e%2e/outside.png"), QByteArray("images/../images/small.png"),
-             QByteArray("..\\outside.png"), QByteArray("out.png"), QByteArray("up/outside.png"),
-             absolute, QByteArray("file://") + absolute, QByteArray("//localhost") + absolute,
-             QByteArray("http://127.0.0.1/x.png"), QByteArray(":/images/small.png"),
-             QByteArray("qrc:/small.png"), QByteArray("images"), QByteArray("images/none.png"),
-             QByteArray("images/small.png%00.txt"), QByteArray("")}) {
+    for (const QByteArray& source :
+         QByteArrayList{"../outside.png", "images/../../outside.png", "%2e%2e/outside.png",
+                        "images/../images/small.png", "..\\outside.png", "out.png",
+                        "up/outside.png", absolute, "file://" + absolute, "//localhost" + absolute,
+                        "http://127.0.0.1/x.png", ":/images/small.png", "qrc:/small.png", "images",
+                        "images/none.png", "images/small.png%00.txt", "", "a.svg", "broken.png"}) {
         EXPECT_FALSE(shows(source)) << source.toStdString();
     }
     EXPECT_FALSE(rendered("![d](images/small.png)")->toPlainText().contains(imageCharacter));
 }
 
-TEST_F(MarkdownImage, IsOfAFormatThatRefersToNothingElse) {
-    QFile vector(root() + QStringLiteral("/help/a.svg"));
-    ASSERT_TRUE(vector.open(QIODevice::WriteOnly));
-    vector.write("<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>");
-    vector.close();
-    EXPECT_FALSE(shows("a.svg"));
-    QFile broken(root() + QStringLiteral("/help/broken.png"));
-    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
-    broken.write("\x89PNG\r\n\x1a\n not an image");
-    broken.close();
-    EXPECT_FALSE(shows("broken.png"));
-}
-
 TEST_F(MarkdownImage, IsNeverWiderThanTheText) {
-    for (const QByteArray& text : QList<QByteArray>{QByteArray("![d](images/large.png)"),
-                                                    QByteArray("- a\n  - b ![d](images/large.png)"),
-                                                    QByteArray("> > ![d](images/large.png)")}) {
+    for (const char* const text : {"![d](images/large.png)", "- a\n  - b ![d](images/large.png)",
+                                   "> > ![d](images/large.png)"}) {
         const auto document = rendered(text, base());
-        document->setTextWidth(300);
-        EXPECT_LE(document->size().width(), 300) << text.toStdString();
-        document->setTextWidth(200);
-        EXPECT_LE(document->size().width(), 200) << text.toStdString();
+        for (const int width : {300, 200}) {
+            document->setTextWidth(width);
+            EXPECT_LE(document->size().width(), width) << text;
+        }
     }
     const auto document = rendered("![d](images/large.png)", base());
     document->setTextWidth(2000);

@@ -16,32 +16,23 @@ bool hasRemark(const QTextDocument& document) {
         QStringLiteral("The rest of this text is too long to show."));
 }
 
-QByteArray repeated(const QByteArray& part, int times) {
-    return part.repeated(times);
-}
-
-TEST(MarkdownSafety, RawHtmlIsText) {
-    const auto document = rendered("a <b onclick=\"x\">bold</b> <img src=\"/etc/hosts\">\n\n"
-                                   "<script>\nalert(1)\n</script>\n\n<!-- remark -->\n");
-    const QString text = document->toPlainText();
-    for (const char* const part : {"<b onclick=\"x\">bold</b>", "<img src=\"/etc/hosts\">",
-                                   "<script>\nalert(1)\n</script>", "<!-- remark -->"}) {
-        EXPECT_TRUE(text.contains(QString::fromUtf8(part))) << part;
-    }
-    EXPECT_FALSE(formatOf(*document, QStringLiteral("bold"))->font().bold());
+QByteArray repeated(const char* part, int times) {
+    return QByteArray(part).repeated(times);
 }
 
 TEST(MarkdownSafety, OnlyHarmlessAddressesStayLinks) {
+    const auto isLink = [](const char* address) {
+        const auto document = rendered(QByteArray("[go](") + address + ")");
+        return formatOf(*document, QStringLiteral("go"))->isAnchor();
+    };
     for (const char* const address :
          {"javascript:alert(1)", "JaVaScRiPt:alert(1)", "file:///etc/passwd", "data:text/html,x",
           "ftp://example.org", "x-scheme:go", "java&#115;cript:x"}) {
-        const auto document = rendered(QByteArray("[go](") + address + ")");
-        EXPECT_FALSE(formatOf(*document, QStringLiteral("go"))->isAnchor()) << address;
+        EXPECT_FALSE(isLink(address)) << address;
     }
     for (const char* const address :
          {"http://example.org", "HTTPS://example.org", "mailto:a@b.c", "topic.md", "#part"}) {
-        const auto document = rendered(QByteArray("[go](") + address + ")");
-        EXPECT_TRUE(formatOf(*document, QStringLiteral("go"))->isAnchor()) << address;
+        EXPECT_TRUE(isLink(address)) << address;
     }
 }
 
@@ -89,20 +80,6 @@ TEST(MarkdownSafety, TablesThatWouldExplodeAreNoTables) {
     const auto* const table = QTextCursor(blockOf(*ordinary, QStringLiteral("a"))).currentTable();
     ASSERT_NE(table, nullptr);
     EXPECT_EQ(table->rows(), 301);
-}
-
-TEST(MarkdownSafety, InvalidUtf8BecomesTheReplacementCharacter) {
-    const auto document = rendered("# a\xFF\xC3\n\nb \xE2\x82 c\n\n[\xC0\xAF](\xED\xA0\x80)\n");
-    EXPECT_TRUE(document->toPlainText().contains(QChar::ReplacementCharacter));
-    EXPECT_EQ(blockOf(*document, QStringLiteral("b ")).text(), QStringLiteral("b \uFFFD c"));
-    EXPECT_NO_FATAL_FAILURE(rendered(QByteArray("a\0b", 3)));
-}
-
-TEST(MarkdownSafety, CharactersThatMeanStructureInADocumentAreOnlyCharacters) {
-    const auto document =
-        rendered(QStringLiteral("a\uFDD0b\uFDD1c\u2029d\uFFFCe\n\n`\uFDD0`\n").toUtf8());
-    EXPECT_EQ(document->blockCount(), 2);
-    EXPECT_EQ(document->rootFrame()->childFrames().size(), 0);
 }
 
 TEST(MarkdownSafety, OrdinaryLongLinesAndRulesPassUnchanged) {

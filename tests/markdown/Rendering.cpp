@@ -1,9 +1,11 @@
 #include "markdown/Rendering.h"
 
+#include "markdown/FrameRole.h"
 #include "markdown/MarkdownRenderer.h"
 
 #include <QDebug>
 #include <QTextCursor>
+#include <QTextList>
 #include <QTextTable>
 
 namespace quorvantel::testing {
@@ -23,36 +25,78 @@ QString describe(const QTextFormat& format) {
     return text;
 }
 
-} // namespace
-
-markdown::MarkdownStyle lightStyle() {
+/// A style of which no two values are equal, nor any to one of a style with another shade.
+markdown::MarkdownStyle style(const std::pair<QString, QString>& families, int shade) {
     markdown::MarkdownStyle style;
-    style.font = QFont(QStringLiteral("DejaVu Sans"));
-    style.font.setPixelSize(16);
-    style.codeFont = QFont(QStringLiteral("DejaVu Sans Mono"));
-    style.codeFont.setPixelSize(15);
-    style.text = QColor(1, 1, 1);
-    style.secondaryText = QColor(2, 2, 2);
-    style.link = QColor(3, 3, 3);
-    style.rule = QColor(4, 4, 4);
-    style.tintedBackground = QColor(5, 5, 5);
-    style.margin = 10;
+    style.font = QFont(families.first);
+    style.font.setPixelSize(16 + shade / 10);
+    style.codeFont = QFont(families.second);
+    style.codeFont.setPixelSize(15 + shade / 10);
+    style.text = QColor(shade, 1, 1);
+    style.secondaryText = QColor(shade, 2, 2);
+    style.link = QColor(shade, 3, 3);
+    style.rule = QColor(shade, 4, 4);
+    style.tintedBackground = QColor(shade, 5, 5);
+    style.margin = 10 + shade;
     return style;
 }
 
+/// The frames around a block, from the outside in, as `outline` says.
+QString framesOf(const QTextBlock& block) {
+    QString frames;
+    for (const QTextFrame* frame = QTextCursor(block).currentFrame(); frame != nullptr;
+         frame = frame->parentFrame()) {
+        switch (static_cast<markdown::FrameRole>(
+            frame->frameFormat().intProperty(markdown::frameRoleProperty))) {
+        case markdown::FrameRole::Table: {
+            const Qt::Alignment alignment = block.blockFormat().alignment();
+            frames.prepend(alignment == Qt::AlignRight  ? u"|>"
+                           : alignment == Qt::AlignLeft ? u"|<"
+                                                        : u"|=");
+            break;
+        }
+        case markdown::FrameRole::Code:
+            frames.prepend(QString(u' ').repeated(2 * frame->frameFormat().intProperty(
+                                                          markdown::frameIndentProperty)) +
+                           u'`');
+            break;
+        case markdown::FrameRole::Quotation:
+            frames.prepend(u'>');
+            break;
+        }
+    }
+    return frames;
+}
+
+QString markerOf(const QTextBlock& block) {
+    const QTextBlockFormat format = block.blockFormat();
+    const auto levels = [](int count) { return QString(u' ').repeated(2 * count); };
+    if (const QTextList* const list = block.textList()) {
+        const QTextListFormat::Style style = list->format().style();
+        return levels(list->format().indent() - 1) +
+               (style == QTextListFormat::ListDisc     ? QStringLiteral("•")
+                : style == QTextListFormat::ListCircle ? QStringLiteral("◦")
+                                                       : list->itemText(block)) +
+               u' ';
+    }
+    if (format.hasProperty(QTextFormat::BlockTrailingHorizontalRulerWidth)) {
+        return QStringLiteral("---");
+    }
+    const QString box =
+        format.marker() == QTextBlockFormat::MarkerType::Checked     ? QStringLiteral("[x]")
+        : format.marker() == QTextBlockFormat::MarkerType::Unchecked ? QStringLiteral("[ ]")
+                                                                     : QString();
+    return levels(format.indent()) + QString(u'#').repeated(format.headingLevel()) + box;
+}
+
+} // namespace
+
+markdown::MarkdownStyle lightStyle() {
+    return style({QStringLiteral("DejaVu Sans"), QStringLiteral("DejaVu Sans Mono")}, 1);
+}
+
 markdown::MarkdownStyle darkStyle() {
-    markdown::MarkdownStyle style;
-    style.font = QFont(QStringLiteral("DejaVu Sans Mono"));
-    style.font.setPixelSize(24);
-    style.codeFont = QFont(QStringLiteral("DejaVu Sans"));
-    style.codeFont.setPixelSize(20);
-    style.text = QColor(101, 1, 1);
-    style.secondaryText = QColor(102, 2, 2);
-    style.link = QColor(103, 3, 3);
-    style.rule = QColor(104, 4, 4);
-    style.tintedBackground = QColor(105, 5, 5);
-    style.margin = 30;
-    return style;
+    return style({QStringLiteral("DejaVu Sans Mono"), QStringLiteral("DejaVu Sans")}, 101);
 }
 
 std::unique_ptr<QTextDocument> rendered(const QByteArray& text, const QUrl& baseUrl) {
@@ -77,6 +121,17 @@ QTextBlock blockOf(const QTextDocument& document, const QString& text) {
         }
     }
     return {};
+}
+
+QStringList outline(const QTextDocument& document) {
+    QStringList lines;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        if (!block.text().isEmpty()) {
+            lines << framesOf(block) + markerOf(block) +
+                         block.text().replace(QChar::LineSeparator, u'⏎').remove(QChar(0x200B));
+        }
+    }
+    return lines;
 }
 
 QStringList description(const QTextDocument& document) {

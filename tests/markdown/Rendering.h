@@ -27,6 +27,12 @@ std::optional<QTextCharFormat> formatOf(const QTextDocument& document, const QSt
 /// The block that has the text in it; invalid when none has.
 QTextBlock blockOf(const QTextDocument& document, const QString& text);
 
+/// What a document shows, a line for each block with text: ">" for each quotation around it, "|"
+/// and the alignment for a table's cell, "`" for code, then its indentation in levels of two
+/// spaces, its marker or "#" for each level of a heading, and its text. "⏎" stands for a break in
+/// it.
+QStringList outline(const QTextDocument& document);
+
 /// All formats and texts of a document, a line for each run of characters.
 QStringList description(const QTextDocument& document);
 
