@@ -1,14 +1,9 @@
 #pragma once
 
 #include "help/HelpBundle.h"
+#include "support/TestFiles.h"
 
-#include <QByteArray>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 namespace quorvantel::help {
 
@@ -19,12 +14,8 @@ public:
     HelpBundle bundle() const { return HelpBundle(path()); }
 
     /// Writes a file; its name is relative to the bundle.
-    void write(const QString& name, const QByteArray& content) const {
-        const QString file = path() + u'/' + name;
-        QDir().mkpath(QFileInfo(file).path());
-        QFile output(file);
-        ASSERT_TRUE(output.open(QIODevice::WriteOnly));
-        ASSERT_EQ(output.write(content), content.size());
+    void write(const char* name, const QByteArray& content) const {
+        testing::writeFile(path() + u'/' + QString::fromUtf8(name), content);
     }
 
 private:

@@ -14,7 +14,7 @@ using ::testing::ElementsAre;
 class HelpContentTest : public ::testing::Test {
 protected:
     HelpContent load(const QByteArray& manifest) const {
-        m_files.write(QStringLiteral("topics.json"), manifest);
+        m_files.write("topics.json", manifest);
         return loadHelpContent(QStringLiteral("topics"), m_files.bundle());
     }
 
@@ -56,11 +56,11 @@ TEST_F(HelpContentTest, TopicsAreGroupedInTheOrderOfTheManifest) {
     EXPECT_THAT(content.groups[1].topics, ElementsAre(content.topics[1], content.topics[4]));
     EXPECT_EQ(content.groups[2].title, QStringLiteral("B"));
     EXPECT_EQ(content.groups[3].title, QString());
-}
 
-TEST_F(HelpContentTest, TheTitleMayBeLeftOut) {
-    EXPECT_EQ(load(R"({"topics": []})").windowTitle, QStringLiteral("Help"));
-    EXPECT_EQ(load(R"({"windowTitle": null, "topics": []})").windowTitle, QStringLiteral("Help"));
+    for (const char* const untitled :
+         {R"({"topics": []})", R"({"windowTitle": null, "topics": []})"}) {
+        EXPECT_EQ(load(untitled).windowTitle, QStringLiteral("Help")) << untitled;
+    }
 }
 
 TEST_F(HelpContentTest, AMissingManifestIsNamed) {
@@ -95,22 +95,21 @@ TEST_F(HelpContentTest, AManifestMustHaveWhatItNeedsInTheRightTypes) {
 }
 
 TEST_F(HelpContentTest, ATopicThatCannotBeReadSaysSo) {
-    m_files.write(QStringLiteral("here.md"), "# Hällo\n");
-    m_files.write(QStringLiteral("latin1.md"), "# H\xE4llo\n");
-    m_files.write(QStringLiteral("huge.md"), QByteArray(5 * 1024 * 1024, 'a'));
-    m_files.write(QStringLiteral("../secret.md"), "secret");
+    m_files.write("here.md", "# Hällo\n");
+    m_files.write("latin1.md", "# H\xE4llo\n");
+    m_files.write("huge.md", QByteArray(5 * 1024 * 1024, 'a'));
+    m_files.write("../secret.md", "secret");
     QFile::link(m_files.path() + QStringLiteral("/../secret.md"),
                 m_files.path() + QStringLiteral("/link.md"));
     EXPECT_EQ(topicText(QStringLiteral("here.md")), QStringLiteral("# Hällo\n"));
     for (const char* const name :
          {"gone.md", "latin1.md", "huge.md", "../secret.md", "link.md", "", ".", "/etc/hostname"}) {
         EXPECT_EQ(
-            topicText(QString::fromUtf8(name)),
-            QStringLiteral("# A Title\n\n*This help topic could not be loaded.*\n\nThe file **") +
-                QString::fromUtf8(name) +
-                QStringLiteral("** is missing from the app bundle. Please report this to the "
-                               "app developer."))
-            << name;
+            topicText(QString::fromUtf8(name)).toStdString(),
+            std::string("# A Title\n\n*This help topic could not be loaded.*\n\nThe file **") +
+                name +
+                "** is missing from the app bundle. Please report this to the app "
+                "developer.");
     }
 }
 
