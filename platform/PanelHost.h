@@ -17,9 +17,10 @@ public:
     /// The flags that the panel's window is to be created with.
     virtual Qt::WindowFlags windowFlags() const = 0;
 
-    /// Gives the shown window the keyboard; typing reaches it at once. The window may be destroyed
-    /// while it has the keyboard. The host closes it (`QWindow::close`) when the user presses a key
-    /// that is to bring up something else which needs the keyboard, such as the screen lock.
+    /// Gives the keyboard to the shown panel, or to the window inside it that typing is to reach.
+    /// The window may be destroyed while it has the keyboard. The host closes the panel
+    /// (`QWindow::close`) when the user presses a key that is to bring up something else which
+    /// needs the keyboard, such as the screen lock.
     virtual void takeKeyboard(QWindow& window) = 0;
 
     /// Gives the keyboard back to the application in front, without a click. Harmless for a window

@@ -19,6 +19,13 @@ constexpr double reach = 1.5;
 /// axes; a circular arc does so at 1 − 1/√2.
 constexpr double control = (8 * (1 - 1 / std::numbers::sqrt2) - reach) / 3;
 
+/// How much of an edge a corner takes, up to the next pixel of the device, so that no seam shows at
+/// any scale.
+double cornerExtent(const QPainter& painter, double radius) {
+    const double scale = painter.device()->devicePixelRatioF();
+    return std::ceil(radius * reach * scale) / scale;
+}
+
 } // namespace
 
 QPainterPath continuousRoundedRect(const QRectF& rectangle, double radius) {
@@ -47,9 +54,7 @@ QPainterPath continuousRoundedRect(const QRectF& rectangle, double radius) {
 
 void fillContinuousRoundedRect(QPainter& painter, const QRectF& rectangle, double radius,
                                const QColor& color) {
-    // The strips end between two pixels of the device, so that no seam shows at any scale.
-    const double scale = painter.device()->devicePixelRatioF();
-    const double strip = std::ceil(radius * reach * scale) / scale;
+    const double strip = cornerExtent(painter, radius);
     const QPainterPath outline = continuousRoundedRect(rectangle, radius);
     if (rectangle.height() <= 2 * strip) {
         painter.fillPath(outline, color);
@@ -63,6 +68,39 @@ void fillContinuousRoundedRect(QPainter& painter, const QRectF& rectangle, doubl
     }
     painter.restore();
     painter.fillRect(rectangle.adjusted(0, strip, 0, -strip), color);
+}
+
+void strokeContinuousRoundedRect(QPainter& painter, const QRectF& rectangle, double radius,
+                                 const QColor& color) {
+    const double extent = cornerExtent(painter, radius);
+    const QPainterPath line =
+        continuousRoundedRect(rectangle.adjusted(0.5, 0.5, -0.5, -0.5), radius);
+    painter.save();
+    painter.setPen(QPen(color, 1));
+    painter.setBrush(Qt::NoBrush);
+    if (std::min(rectangle.width(), rectangle.height()) <= 2 * extent) {
+        painter.drawPath(line);
+        painter.restore();
+        return;
+    }
+    const QRectF corner(rectangle.topLeft(), QSizeF(extent, extent));
+    const double across = rectangle.width() - extent;
+    const double down = rectangle.height() - extent;
+    for (const QPointF& offset :
+         {QPointF(0, 0), QPointF(across, 0), QPointF(0, down), QPointF(across, down)}) {
+        painter.setClipRect(corner.translated(offset));
+        painter.drawPath(line);
+    }
+    painter.restore();
+    const double width = rectangle.width() - 2 * extent;
+    const double height = rectangle.height() - 2 * extent;
+    for (const QRectF& edge :
+         {QRectF(rectangle.left() + extent, rectangle.top(), width, 1),
+          QRectF(rectangle.left() + extent, rectangle.bottom() - 1, width, 1),
+          QRectF(rectangle.left(), rectangle.top() + extent, 1, height),
+          QRectF(rectangle.right() - 1, rectangle.top() + extent, 1, height)}) {
+        painter.fillRect(edge, color);
+    }
 }
 
 } // namespace quorvantel

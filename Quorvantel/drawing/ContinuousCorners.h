@@ -18,4 +18,9 @@ QPainterPath continuousRoundedRect(const QRectF& rectangle, double radius);
 void fillContinuousRoundedRect(QPainter& painter, const QRectF& rectangle, double radius,
                                const QColor& color);
 
+/// Draws a line of one point inside the edge of such a rectangle, its straight parts as plain
+/// rectangles for the same reason.
+void strokeContinuousRoundedRect(QPainter& painter, const QRectF& rectangle, double radius,
+                                 const QColor& color);
+
 } // namespace quorvantel

@@ -24,6 +24,10 @@ int neededHeight(int resultCount, bool hasQuery) {
     return list == 0 ? searchRowHeight : searchRowHeight + separatorHeight + list;
 }
 
+int maximumHeight() {
+    return neededHeight(maximumVisibleRows, true);
+}
+
 int rowTop(int row) {
     return listPadding + row * (rowHeight + rowSpacing);
 }

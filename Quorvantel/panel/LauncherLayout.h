@@ -22,6 +22,9 @@ int listHeight(int resultCount, bool hasQuery);
 /// The height of the whole content.
 int neededHeight(int resultCount, bool hasQuery);
 
+/// The most that `neededHeight` can come to.
+int maximumHeight();
+
 /// The upper edge of a row inside the scrolled content, downward from its top.
 int rowTop(int row);
 

@@ -4,83 +4,95 @@
 #include "panel/LauncherLayout.h"
 #include "panel/PanelPlacement.h"
 
+#include <QAccessible>
 #include <QCloseEvent>
-#include <QMouseEvent>
-#include <QWindow>
+#include <QSurfaceFormat>
 
 #include <utility>
 
 namespace quorvantel {
 
+namespace {
+
+constexpr int alphaBits = 8;
+
+QRegion outline(const QSize& size) {
+    const auto path = continuousRoundedRect(QRect(QPoint(), size), LauncherLayout::cornerRadius);
+    return QRegion(path.toFillPolygon().toPolygon());
+}
+
+/// Makes a window what the view inside it can be created in.
+QWindow& prepared(QWindow& window, const platform::PanelHost& host) {
+    QSurfaceFormat format = window.requestedFormat();
+    format.setAlphaBufferSize(alphaBits);
+    window.setFormat(format);
+    window.setFlags(host.windowFlags());
+    window.setTitle(QStringLiteral("Quorvantel"));
+    return window;
+}
+
+} // namespace
+
 LauncherPanel::LauncherPanel(LauncherView* view, const platform::PanelHost& host,
                              platform::WindowBackdrop& backdrop)
-    : QWidget(nullptr, host.windowFlags()),
-      m_backdrop(backdrop),
-      m_view(view),
+    : m_backdrop(backdrop),
+      m_hostingView(view, prepared(*this, host)),
       m_shadow(host.windowFlags()) {
-    setAttribute(Qt::WA_TranslucentBackground);
-    setAttribute(Qt::WA_ShowWithoutActivating);
-    setWindowTitle(QStringLiteral("Quorvantel"));
-    resize(static_cast<int>(PanelPlacement::width),
-           static_cast<int>(PanelPlacement::initialHeight));
-    view->setParent(this);
-    view->setGeometry(rect());
-    setFocusProxy(view);
+    m_hostingView.windowHandle()->installEventFilter(this);
+    connect(&m_hostingView, &FirstMouseHostingView::dragged, this, [this](QPoint step) {
+        setFrame(m_frame.translated(step));
+        Q_EMIT dragged();
+    });
     connect(view, &LauncherView::translucencyChanged, this, &LauncherPanel::fitBlur);
     // The native windows exist from now on, so that showing the panel creates nothing.
-    winId();
+    create();
     m_shadow.winId();
+    setFrame({0, 0, static_cast<int>(PanelPlacement::width),
+              static_cast<int>(PanelPlacement::initialHeight)});
+    // Drawn once unseen, the panel has its fonts and symbols at hand when it is first summoned.
+    m_hostingView.grab();
+}
+
+void LauncherPanel::setFrame(const QRect& frame) {
+    const bool isResized = frame.size() != m_frame.size();
+    m_frame = frame;
+    setGeometry(frame);
+    m_shadow.surround(frame);
+    if (isResized) {
+        m_hostingView.view().resize(frame.size());
+        fitBackdrop();
+    }
+}
+
+QAccessibleInterface* LauncherPanel::accessibleRoot() const {
+    return QAccessible::queryAccessibleInterface(
+        const_cast<FirstMouseHostingView*>(&m_hostingView));
+}
+
+bool LauncherPanel::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Expose) {
+        endFirstFrame();
+    }
+    return QWindow::eventFilter(watched, event);
 }
 
 void LauncherPanel::closeEvent(QCloseEvent* event) {
     Q_EMIT closing();
-    QWidget::closeEvent(event);
-}
-
-void LauncherPanel::mousePressEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton) {
-        m_grip = event->globalPosition().toPoint() - pos();
-    }
-}
-
-void LauncherPanel::mouseMoveEvent(QMouseEvent* event) {
-    if (m_grip) {
-        move(event->globalPosition().toPoint() - *m_grip);
-    }
-}
-
-void LauncherPanel::mouseReleaseEvent(QMouseEvent* /*event*/) {
-    m_grip.reset();
-}
-
-void LauncherPanel::moveEvent(QMoveEvent* event) {
-    QWidget::moveEvent(event);
-    m_shadow.surround(geometry());
-    Q_EMIT moved();
-}
-
-void LauncherPanel::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
-    m_view->setGeometry(rect());
-    fitBackdrop();
+    QWindow::closeEvent(event);
 }
 
 void LauncherPanel::showEvent(QShowEvent* event) {
     m_isComposited = m_backdrop.isComposited();
-    m_view->setBlurAvailable(m_isComposited && m_backdrop.offersBlur());
+    m_hostingView.view().setBlurAvailable(m_isComposited && m_backdrop.offersBlur());
     fitBackdrop();
     m_awaitsFirstFrame = true;
     m_shadow.setVisible(m_isComposited && !m_backdrop.castsShadows());
-    QWidget::showEvent(event);
+    QWindow::showEvent(event);
 }
 
 void LauncherPanel::hideEvent(QHideEvent* event) {
     m_shadow.hide();
-    QWidget::hideEvent(event);
-    endFirstFrame();
-}
-
-void LauncherPanel::paintEvent(QPaintEvent* /*event*/) {
+    QWindow::hideEvent(event);
     endFirstFrame();
 }
 
@@ -91,24 +103,14 @@ void LauncherPanel::endFirstFrame() {
 }
 
 void LauncherPanel::fitBackdrop() {
-    m_shadow.surround(geometry());
     fitBlur();
-    if (m_isComposited) {
-        clearMask();
-        return;
-    }
     // Without a compositor the transparent corners would be black.
-    const auto outline = continuousRoundedRect(rect(), LauncherLayout::cornerRadius);
-    setMask(QRegion(outline.toFillPolygon().toPolygon()));
+    setMask(m_isComposited ? QRegion() : outline(m_frame.size()));
 }
 
 void LauncherPanel::fitBlur() {
-    QRegion region;
-    if (m_view->isTranslucent()) {
-        const auto outline = continuousRoundedRect(rect(), LauncherLayout::cornerRadius);
-        region = QRegion(outline.toFillPolygon().toPolygon());
-    }
-    m_backdrop.setBlurBehind(*windowHandle(), region);
+    m_backdrop.setBlurBehind(*this, m_hostingView.view().isTranslucent() ? outline(m_frame.size())
+                                                                         : QRegion());
 }
 
 } // namespace quorvantel

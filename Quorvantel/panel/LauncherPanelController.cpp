@@ -17,19 +17,17 @@ LauncherPanelController::LauncherPanelController(LauncherView* view, platform::P
       m_clickMonitor(clickMonitor),
       m_view(view),
       m_panel(view, host, backdrop) {
-    connect(&m_panel, &LauncherPanel::moved, this, &LauncherPanelController::panelMoved);
+    connect(&m_panel, &LauncherPanel::dragged, this, &LauncherPanelController::panelDragged);
     connect(&m_panel, &LauncherPanel::closing, this, [this] {
         if (isVisible()) {
             hide();
         }
     });
-    // Drawn once unseen, the panel has its fonts and symbols at hand when it is first summoned.
-    m_panel.grab();
 }
 
 LauncherPanelController::~LauncherPanelController() {
     if (m_panel.isVisible()) {
-        m_host.releaseKeyboard(*m_panel.windowHandle());
+        m_host.releaseKeyboard(m_panel.keyboardWindow());
     }
 }
 
@@ -38,7 +36,7 @@ void LauncherPanelController::show() {
     setFrame(m_placement.show(m_screens.all(), m_targetScreen));
     m_panel.show();
     m_panel.raise();
-    m_host.takeKeyboard(*m_panel.windowHandle());
+    m_host.takeKeyboard(m_panel.keyboardWindow());
     m_view->focusSearchField();
     if (m_clickAwayMonitor) {
         return;
@@ -58,7 +56,7 @@ void LauncherPanelController::show() {
 
 void LauncherPanelController::hide() {
     m_clickAwayMonitor.reset();
-    m_host.releaseKeyboard(*m_panel.windowHandle());
+    m_host.releaseKeyboard(m_panel.keyboardWindow());
     m_panel.hide();
     if (onDismiss) {
         onDismiss();
@@ -82,17 +80,15 @@ void LauncherPanelController::updateHeight(double height) {
 }
 
 void LauncherPanelController::setFrame(const QRectF& frame) {
-    m_panel.setGeometry(m_screens.toWindowGeometry(frame));
+    m_panel.setFrame(m_screens.toWindowGeometry(frame));
 }
 
 platform::Screen LauncherPanelController::currentTargetScreen() const {
     return targetScreen(m_screens.mouseLocation(), m_screens.all(), m_screens.main());
 }
 
-void LauncherPanelController::panelMoved() {
-    if (isVisible()) {
-        m_placement.moved(m_screens.fromWindowGeometry(m_panel.geometry()), m_screens.all());
-    }
+void LauncherPanelController::panelDragged() {
+    m_placement.moved(m_screens.fromWindowGeometry(m_panel.frame()), m_screens.all());
 }
 
 } // namespace quorvantel

@@ -53,7 +53,7 @@ public:
 private:
     void setFrame(const QRectF& frame);
     platform::Screen currentTargetScreen() const;
-    void panelMoved();
+    void panelDragged();
 
     platform::PanelHost& m_host;
     const platform::Screens& m_screens;

@@ -7,6 +7,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QTimer>
 
 #include <utility>
 
@@ -128,8 +129,10 @@ void LauncherView::showListOrEmptyState() {
 }
 
 void LauncherView::resetSelection() {
-    m_selection.reset(m_screens.mouseLocation());
+    m_selection.reset();
     applySelection();
+    // Once the new list has been drawn.
+    QTimer::singleShot(0, this, [this] { m_selection.rest(m_screens.mouseLocation()); });
 }
 
 void LauncherView::applySelection() {
@@ -245,9 +248,7 @@ void LauncherView::paintEvent(QPaintEvent* /*event*/) {
     const ThemeColor fill = isTranslucent() ? theme.glassTint : theme.primaryBackground;
     const ThemeColor border = theme.isGlass ? theme.glassBorder : theme.panelBorder;
     fillContinuousRoundedRect(painter, rect(), cornerRadius, fill.toQColor());
-    painter.setPen(QPen(border.toQColor(), 1));
-    painter.drawPath(
-        continuousRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius));
+    strokeContinuousRoundedRect(painter, rect(), cornerRadius, border.toQColor());
 
     paintSymbol(painter, QStringLiteral("magnifyingglass"),
                 QRect(horizontalPadding + (iconColumnWidth - symbolSize) / 2,

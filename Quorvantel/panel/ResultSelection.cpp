@@ -28,17 +28,27 @@ bool ResultSelection::moveUp() {
 }
 
 bool ResultSelection::hover(int row, QPointF mouse) {
+    if (!m_hoverBaseline) {
+        rest(mouse);
+        return false;
+    }
     // Exact on purpose, unlike the fuzzy comparison of QPointF: one point of movement counts.
-    const bool hasMoved = mouse.x() != m_hoverBaseline.x() || mouse.y() != m_hoverBaseline.y();
+    const bool hasMoved = mouse.x() != m_hoverBaseline->x() || mouse.y() != m_hoverBaseline->y();
     if (!hasMoved) {
         return false;
     }
     return std::exchange(m_selectedIndex, row) != row;
 }
 
-bool ResultSelection::reset(QPointF mouse) {
-    m_hoverBaseline = mouse;
+bool ResultSelection::reset() {
+    m_hoverBaseline.reset();
     return std::exchange(m_selectedIndex, 0) != 0;
+}
+
+void ResultSelection::rest(QPointF mouse) {
+    if (!m_hoverBaseline) {
+        m_hoverBaseline = mouse;
+    }
 }
 
 std::optional<int> ResultSelection::rowToOpen(int resultCount) const {

@@ -24,9 +24,14 @@ public:
     /// when the list last changed. Returns whether the selection changed.
     bool hover(int row, QPointF mouse);
 
-    /// The list changed: the first row is selected and the mouse rests where it is. Returns whether
-    /// the selection changed.
-    bool reset(QPointF mouse);
+    /// The list changed: the first row is selected and the mouse rests wherever it is, which is to
+    /// be told soon. Returns whether the selection changed.
+    bool reset();
+
+    /// Where the mouse was found after the list had changed. Asking for it takes a round trip to
+    /// the display server, which the new list need not wait for. A row that is hovered before that
+    /// tells the place, too.
+    void rest(QPointF mouse);
 
     /// The row that Return opens; absent when there are no results.
     std::optional<int> rowToOpen(int resultCount) const;
@@ -34,7 +39,8 @@ public:
 private:
     int m_selectedIndex = 0;
     bool m_navigatingByKeyboard = false;
-    QPointF m_hoverBaseline;
+    /// Where the mouse rests; absent between a reset and the news about it.
+    std::optional<QPointF> m_hoverBaseline = QPointF();
 };
 
 } // namespace quorvantel

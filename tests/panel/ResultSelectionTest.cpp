@@ -32,13 +32,18 @@ TEST(ResultSelectionTest, StopsAtBothEndsAndFollowsOnlyTheKeyboard) {
 
 TEST(ResultSelectionTest, ARestingMouseSelectsNothing) {
     ResultSelection selection;
-    selection.reset({100, 200});
+    selection.reset();
+    selection.rest({100, 200});
     EXPECT_FALSE(selection.hover(3, {100, 200}));
     EXPECT_TRUE(selection.hover(3, {100, 201}));
     EXPECT_EQ(selection.selectedIndex(), 3);
-    EXPECT_TRUE(selection.reset({100, 201}));
+    EXPECT_TRUE(selection.reset());
     EXPECT_EQ(selection.selectedIndex(), 0);
+    // The list comes to lie under the mouse before its place was asked for.
     EXPECT_FALSE(selection.hover(3, {100, 201}));
+    selection.rest({150, 150});
+    EXPECT_FALSE(selection.hover(3, {100, 201}));
+    EXPECT_TRUE(selection.hover(3, {101, 201}));
 }
 
 TEST(ResultSelectionTest, OpensTheLastRowWhenTheListShrankBelowTheSelection) {

@@ -1,7 +1,7 @@
 #include "panel/accessibility/PanelAccessible.h"
 
 #include "panel/EmptyStateView.h"
-#include "panel/LauncherPanel.h"
+#include "panel/FirstMouseHostingView.h"
 #include "panel/LauncherView.h"
 #include "panel/accessibility/ResultListAccessible.h"
 
@@ -10,8 +10,8 @@ namespace quorvantel {
 namespace {
 
 QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object) {
-    if (auto* const panel = qobject_cast<LauncherPanel*>(object)) {
-        return new PanelAccessible(*panel, QAccessible::Dialog);
+    if (auto* const hostingView = qobject_cast<FirstMouseHostingView*>(object)) {
+        return new PanelAccessible(*hostingView, QAccessible::Dialog);
     }
     if (auto* const view = qobject_cast<LauncherView*>(object)) {
         return new PanelAccessible(*view, QAccessible::Client);
@@ -41,6 +41,10 @@ void PanelAccessible::install() {
 QAccessible::State PanelAccessible::state() const {
     QAccessible::State state = QAccessibleWidget::state();
     state.focused = false;
+    const auto* const hostingView = qobject_cast<FirstMouseHostingView*>(widget()->window());
+    if (hostingView != nullptr && !hostingView->isOnScreen()) {
+        state.invisible = true;
+    }
     return state;
 }
 
