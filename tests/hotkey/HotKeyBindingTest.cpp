@@ -5,11 +5,13 @@
 namespace quorvantel {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 TEST(HotKeyBindingTest, ShowsModifiersInMenuOrderBeforeTheKey) {
-    EXPECT_EQ(HotKeyBinding::defaultBinding().displayText(), QStringLiteral("⌥⌘Space"));
-    EXPECT_EQ((HotKeyBinding{49, 0x1900}.displayText()), QStringLiteral("⌃⌥⌘Space"));
-    EXPECT_EQ((HotKeyBinding{122, 0x300}.displayText()), QStringLiteral("⇧⌘F1"));
-    EXPECT_EQ((HotKeyBinding{200, 0x1000}.displayText()), QStringLiteral("⌃key 200"));
+    EXPECT_EQ(HotKeyBinding::defaultBinding().displayText(), u"⌥⌘Space"_s);
+    EXPECT_EQ((HotKeyBinding{49, 0x1900}.displayText()), u"⌃⌥⌘Space"_s);
+    EXPECT_EQ((HotKeyBinding{122, 0x300}.displayText()), u"⇧⌘F1"_s);
+    EXPECT_EQ((HotKeyBinding{200, 0x1000}.displayText()), u"⌃key 200"_s);
 }
 
 TEST(HotKeyBindingTest, NamesKeysByTheirPositionOnAnUsKeyboard) {
@@ -22,19 +24,19 @@ TEST(HotKeyBindingTest, NamesKeysByTheirPositionOnAnUsKeyboard) {
         return text;
     };
     EXPECT_EQ(names({50, 18, 19, 20, 21, 23, 22, 26, 28, 25, 29, 27, 24, 51}),
-              QStringLiteral("` 1 2 3 4 5 6 7 8 9 0 - = ⌫ "));
+              u"` 1 2 3 4 5 6 7 8 9 0 - = ⌫ "_s);
     EXPECT_EQ(names({48, 12, 13, 14, 15, 17, 16, 32, 34, 31, 35, 33, 30, 42}),
-              QStringLiteral("Tab Q W E R T Y U I O P [ ] \\ "));
+              u"Tab Q W E R T Y U I O P [ ] \\ "_s);
     EXPECT_EQ(names({0, 1, 2, 3, 5, 4, 38, 40, 37, 41, 39, 36}),
-              QStringLiteral("A S D F G H J K L ; ' Return "));
+              u"A S D F G H J K L ; ' Return "_s);
     EXPECT_EQ(names({6, 7, 8, 9, 11, 45, 46, 43, 47, 44, 49, 53}),
-              QStringLiteral("Z X C V B N M , . / Space Esc "));
+              u"Z X C V B N M , . / Space Esc "_s);
     EXPECT_EQ(names({115, 119, 116, 121, 117, 123, 124, 125, 126}),
-              QStringLiteral("Home End PgUp PgDn ⌦ ← → ↓ ↑ "));
+              u"Home End PgUp PgDn ⌦ ← → ↓ ↑ "_s);
     EXPECT_EQ(names({122, 120, 99,  118, 96,  97,  98, 100, 101, 109,
                      103, 111, 105, 107, 113, 106, 64, 79,  80,  90}),
-              QStringLiteral("F1 F2 F3 F4 F5 F6 F7 F8 F9 F10 F11 F12 F13 F14 F15 F16 F17 F18 F19 "
-                             "F20 "));
+              u"F1 F2 F3 F4 F5 F6 F7 F8 F9 F10 F11 F12 F13 F14 F15 F16 F17 F18 F19 "
+              u"F20 "_s);
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "hotkey/HotKeyRecorderView.h"
 
-#include "hotkey/ScriptedKeyCapture.h"
 #include "support/FakeLook.h"
+#include "support/ScriptedKeyCapture.h"
 
 #include <QAccessible>
 #include <QLineEdit>
@@ -13,6 +13,7 @@
 namespace quorvantel {
 namespace {
 
+using namespace Qt::StringLiterals;
 using Fate = platform::KeyCapture::Fate;
 
 class HotKeyRecorderViewTest : public ::testing::Test {
@@ -73,13 +74,13 @@ TEST_F(HotKeyRecorderViewTest, ARefusalIsShownUntilTheNextClickAndChangesNothing
     EXPECT_EQ(keyboard.press({40, 0x0A00}), Fate::Swallowed);
     expectOver("refused");
     EXPECT_EQ(settings.hotKeyBinding(), HotKeyBinding::defaultBinding());
-    EXPECT_EQ(spokenDescription(), QStringLiteral("Hotkey must include ⌘ or ⌃"));
+    EXPECT_EQ(spokenDescription(), u"Hotkey must include ⌘ or ⌃"_s);
 
     startRecording();
-    EXPECT_EQ(spokenDescription(), QStringLiteral("Type a shortcut…"));
+    EXPECT_EQ(spokenDescription(), u"Type a shortcut…"_s);
     EXPECT_EQ(keyboard.press({53, 0}), Fate::PassedOn);
     expectOver("Escape");
-    EXPECT_EQ(spokenDescription(), QStringLiteral("⌥⌘Space"));
+    EXPECT_EQ(spokenDescription(), u"⌥⌘Space"_s);
     EXPECT_EQ(changes, 0);
 }
 
@@ -121,10 +122,10 @@ TEST_F(HotKeyRecorderViewTest, WorksByKeyboardAloneAndSaysWhatItIs) {
     }
     const QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(&recorder);
     EXPECT_EQ(spoken->role(), QAccessible::Button);
-    EXPECT_EQ(spoken->text(QAccessible::Name), QStringLiteral("Summon hotkey"));
+    EXPECT_EQ(spoken->text(QAccessible::Name), u"Summon hotkey"_s);
 
     settings.setHotKeyBinding({122, 0x0300});
-    EXPECT_EQ(spokenDescription(), QStringLiteral("⇧⌘F1"));
+    EXPECT_EQ(spokenDescription(), u"⇧⌘F1"_s);
     startRecording();
     EXPECT_TRUE(spoken->state().pressed);
 }

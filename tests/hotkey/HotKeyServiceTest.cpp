@@ -1,5 +1,7 @@
 #include "hotkey/HotKeyService.h"
 
+#include "support/FakeHotKeys.h"
+
 #include <QCoreApplication>
 
 #include <gtest/gtest.h>
@@ -7,38 +9,7 @@
 namespace quorvantel {
 namespace {
 
-/// Stands for the system: writes down what is asked of it, and can refuse.
-class RecordingHotKeys : public platform::GlobalHotKeys {
-public:
-    class Entry : public Registration {
-    public:
-        Entry(QStringList& log, QString name) : m_log(log), m_name(std::move(name)) {}
-        ~Entry() override { m_log << QStringLiteral("remove ") + m_name; }
-
-    private:
-        QStringList& m_log;
-        QString m_name;
-    };
-
-    std::unique_ptr<Registration> installHandler(PressHandler pressHandler) override {
-        handler = std::move(pressHandler);
-        log << QStringLiteral("install handler");
-        return std::make_unique<Entry>(log, QStringLiteral("handler"));
-    }
-
-    RegistrationResult registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
-                                      platform::HotKeyIdentity) override {
-        if (refusal != 0) {
-            return refusal;
-        }
-        log << QStringLiteral("register %1 %2").arg(keyCode).arg(modifiers);
-        return std::make_unique<Entry>(log, QStringLiteral("hotkey"));
-    }
-
-    QStringList log;
-    PressHandler handler;
-    platform::HotKeyStatus refusal = 0;
-};
+using namespace Qt::StringLiterals;
 
 class HotKeyServiceTest : public ::testing::Test {
 protected:
@@ -47,7 +18,7 @@ protected:
         QCoreApplication::processEvents();
     }
 
-    RecordingHotKeys hotKeys;
+    testing::FakeHotKeys hotKeys;
     HotKeyService service{hotKeys};
     int presses = 0;
     HotKeyService::Handler count = [this] { ++presses; };
@@ -60,10 +31,9 @@ TEST_F(HotKeyServiceTest, RejectsCombinationsThatPeopleTypeWithAndKeepsTheCurren
     }
     press();
     EXPECT_EQ(presses, 1);
-    EXPECT_EQ(
-        HotKeyError::invalidModifiers().description(),
-        QStringLiteral("Hotkey binding must include ⌘ (cmdKey) or ⌃ (controlKey). Option-only "
-                       "and Option+Shift-only bindings are rejected by macOS (\u22129868)."));
+    EXPECT_EQ(HotKeyError::invalidModifiers().description(),
+              u"Hotkey binding must include ⌘ (cmdKey) or ⌃ (controlKey). Option-only "
+              u"and Option+Shift-only bindings are rejected by macOS (\u22129868)."_s);
 }
 
 TEST_F(HotKeyServiceTest, ReplacesTheRegistrationReleasingTheOldOneFirst) {
@@ -71,18 +41,17 @@ TEST_F(HotKeyServiceTest, ReplacesTheRegistrationReleasingTheOldOneFirst) {
     hotKeys.log.clear();
     ASSERT_EQ(service.registerHotKey({40, 0x0300}, count), std::nullopt);
     EXPECT_EQ(hotKeys.log,
-              (QStringList{QStringLiteral("remove hotkey"), QStringLiteral("remove handler"),
-                           QStringLiteral("install handler"), QStringLiteral("register 40 768")}));
+              (QStringList{u"-4096+49"_s, u"-handler"_s, u"+handler"_s, u"+768+40"_s}));
 }
 
 TEST_F(HotKeyServiceTest, ARefusalLeavesNothingRegistered) {
     service.registerHotKey({49, 0x1000}, count);
-    hotKeys.refusal = 10;
+    hotKeys.refused = {u"768+40"_s};
     const auto error = service.registerHotKey({40, 0x0300}, count);
     ASSERT_TRUE(error);
-    EXPECT_EQ(error->description(), QStringLiteral("RegisterEventHotKey failed with OSStatus 10."));
+    EXPECT_EQ(error->description(), u"RegisterEventHotKey failed with OSStatus 10."_s);
     EXPECT_FALSE(service.isRegistered());
-    EXPECT_EQ(hotKeys.log.last(), QStringLiteral("remove handler"));
+    EXPECT_EQ(hotKeys.registered, QStringList());
     press();
     EXPECT_EQ(presses, 0);
     service.unregister();

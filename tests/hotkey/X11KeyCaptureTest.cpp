@@ -20,6 +20,7 @@
 namespace quorvantel::platform {
 namespace {
 
+using namespace Qt::StringLiterals;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using namespace ::quorvantel::testing;
@@ -145,17 +146,17 @@ TEST_F(X11KeyCaptureTest, OnlyWhatTheHandlerPassesOnReachesTheWindow) {
 }
 
 TEST_F(X11KeyCaptureTest, ThePositionCountsWhateverTheLayout) {
-    ASSERT_EQ(QProcess::execute(QStringLiteral("setxkbmap"), {QStringLiteral("fr")}), 0);
+    ASSERT_EQ(QProcess::execute(u"setxkbmap"_s, {u"fr"_s}), 0);
     startCapture();
     constexpr std::uint32_t keyQ = 12; // Where the French keyboard has its A.
     EXPECT_THAT(captured({XK_Control_L, XK_a}), ElementsAre(KeyPress{keyQ, 0x1000}));
-    QProcess::execute(QStringLiteral("setxkbmap"), {QStringLiteral("us")});
+    QProcess::execute(u"setxkbmap"_s, {u"us"_s});
 }
 
 TEST_F(X11KeyCaptureTest, TranslatesEveryNamedKeyBack) {
     const X11Keyboard map = X11Keyboard::read(display);
     for (std::uint32_t keyCode = 0; keyCode < 128; ++keyCode) {
-        if (virtualKeyName(keyCode).startsWith(QStringLiteral("key "))) {
+        if (virtualKeyName(keyCode).startsWith(u"key "_s)) {
             continue;
         }
         const std::string position(keyNameForVirtualKey(keyCode).value());

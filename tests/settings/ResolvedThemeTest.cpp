@@ -10,36 +10,38 @@ void PrintTo(const ThemeColor& color, std::ostream* stream) {
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 TEST(ThemeColorTest, ParsesSixDigitsWithTheirDecorations) {
     const ThemeColor teal = ThemeColor::bytes(20, 184, 166, 1);
-    EXPECT_EQ(colorFromHex(QStringLiteral(" #14b8a6 ")), teal);
-    EXPECT_EQ(colorFromHex(QStringLiteral("14B8A6")), teal);
-    EXPECT_EQ(colorFromHex(QStringLiteral("\n#14B8A6\t")), teal);
-    EXPECT_EQ(colorFromHex(QStringLiteral("0x1234")), ThemeColor::bytes(0, 18, 52, 1));
-    EXPECT_EQ(colorFromHex(QStringLiteral("12G456")), ThemeColor::bytes(0, 0, 18, 1));
-    EXPECT_EQ(colorFromHex(QStringLiteral("0xGGGG")), ThemeColor::bytes(0, 0, 0, 1));
-    EXPECT_EQ(colorFromHex(QStringLiteral("#  12AB")), ThemeColor::bytes(0, 0x12, 0xAB, 1));
+    const std::pair<const char*, ThemeColor> cases[] = {
+        {" #14b8a6 ", teal},
+        {"14B8A6", teal},
+        {"\n#14B8A6\t", teal},
+        {"0x1234", ThemeColor::bytes(0, 18, 52, 1)},
+        {"12G456", ThemeColor::bytes(0, 0, 18, 1)},
+        {"0xGGGG", ThemeColor::bytes(0, 0, 0, 1)},
+        {"#  12AB", ThemeColor::bytes(0, 0x12, 0xAB, 1)},
+    };
+    for (const auto& [text, color] : cases) {
+        EXPECT_EQ(colorFromHex(QString::fromUtf8(text)), color) << text;
+    }
     EXPECT_DOUBLE_EQ(teal.red, 0.0784313725490196);
-}
-
-TEST(ThemeColorTest, GivesNothingForAnyOtherText) {
-    for (const QString& text :
-         {QStringLiteral("#14B8A"), QStringLiteral("#14B8A6F"), QStringLiteral("GGGGGG"),
-          QStringLiteral("##14B8A"), QString(), QStringLiteral("#"), QStringLiteral("xyz")}) {
-        EXPECT_EQ(colorFromHex(text), ThemeColor()) << qPrintable(text);
+    for (const char* const text : {"#14B8A", "#14B8A6F", "GGGGGG", "##14B8A", "", "#", "xyz"}) {
+        EXPECT_EQ(colorFromHex(QString::fromUtf8(text)), ThemeColor()) << text;
     }
 }
 
 TEST(ResolvedThemeTest, PresetsChangeTheSurfaceAndLittleElse) {
     const ResolvedTheme lightTeal = resolve(ColorScheme::Light, ThemePreset::Teal);
-    EXPECT_EQ(lightTeal.primaryBackground, colorFromHex(QStringLiteral("#EDF6F3")));
+    EXPECT_EQ(lightTeal.primaryBackground, colorFromHex(u"#EDF6F3"_s));
     EXPECT_EQ(lightTeal.elevatedBackground, lightTeal.secondaryBackground);
-    EXPECT_EQ(lightTeal.accent, colorFromHex(QStringLiteral("#0D9488")));
+    EXPECT_EQ(lightTeal.accent, colorFromHex(u"#0D9488"_s));
 
     const ResolvedTheme ink = resolve(ColorScheme::Dark, ThemePreset::Ink);
-    EXPECT_EQ(ink.primaryBackground, colorFromHex(QStringLiteral("#0b0c0d")));
-    EXPECT_EQ(ink.secondaryBackground, colorFromHex(QStringLiteral("#161719")));
-    EXPECT_EQ(ink.accent, colorFromHex(QStringLiteral("#1FD1BD")));
+    EXPECT_EQ(ink.primaryBackground, colorFromHex(u"#0b0c0d"_s));
+    EXPECT_EQ(ink.secondaryBackground, colorFromHex(u"#161719"_s));
+    EXPECT_EQ(ink.accent, colorFromHex(u"#1FD1BD"_s));
     EXPECT_EQ(ink.selectionFill, ThemeColor::bytes(20, 184, 166, 0.22));
 
     // A retired preset that only differs in the dark scheme is graphite in the light one.

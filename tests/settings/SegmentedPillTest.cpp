@@ -4,6 +4,7 @@
 #include "support/WaitUntil.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -11,6 +12,8 @@
 
 namespace quorvantel {
 namespace {
+
+using namespace Qt::StringLiterals;
 
 class SegmentedPillTest : public ::testing::Test {
 protected:
@@ -35,8 +38,7 @@ protected:
     QRectF segmentFrame() { return segment(*pill.selection())->geometry(); }
 
     testing::FakeLook look;
-    SegmentedPill pill{
-        {QStringLiteral("One"), QStringLiteral("Two"), QStringLiteral("A long label")}, look.theme};
+    SegmentedPill pill{{u"One"_s, u"Two"_s, u"A long label"_s}, look.theme};
     QSignalSpy selections{&pill, &SegmentedPill::selected};
 };
 
@@ -76,7 +78,7 @@ TEST_F(SegmentedPillTest, LabelsFitAndSegmentsFillThePill) {
     }
 }
 
-TEST_F(SegmentedPillTest, TheTabKeyStopsAtTheSelectedSegmentOnly) {
+TEST_F(SegmentedPillTest, IsAGroupOfRadioButtonsOfWhichTheTabKeyReachesTheSelectedOne) {
     const auto tabStops = [this] {
         QList<int> stops;
         for (int index = 0; index < 3; ++index) {
@@ -87,35 +89,21 @@ TEST_F(SegmentedPillTest, TheTabKeyStopsAtTheSelectedSegmentOnly) {
         return stops;
     };
     EXPECT_EQ(tabStops(), QList<int>{0});
-    pill.setSelection(2);
-    EXPECT_EQ(tabStops(), QList<int>{2});
     segment(2)->setFocus();
-    QTest::keyClick(segment(2), Qt::Key_Left);
-    EXPECT_EQ(tabStops(), QList<int>{1});
-}
-
-TEST_F(SegmentedPillTest, WorksByKeyboardAndIsAGroupOfRadioButtonsToScreenReaders) {
-    pill.setSelection(0);
-    segment(0)->setFocus();
-    QTest::keyClick(segment(0), Qt::Key_Right);
-    EXPECT_EQ(pill.selection(), 1);
-    QTest::keyClick(segment(1), Qt::Key_Left);
-    EXPECT_EQ(pill.selection(), 0);
-    EXPECT_EQ(selections.count(), 2);
-
-    pill.setSelection(std::nullopt);
-    segment(2)->setFocus();
-    QTest::keyClick(segment(2), Qt::Key_Space);
-    EXPECT_EQ(pill.selection(), 2);
-
+    const std::pair<Qt::Key, int> keys[] = {
+        {Qt::Key_Space, 2}, {Qt::Key_Left, 1}, {Qt::Key_Right, 2}};
+    for (const auto& [key, expected] : keys) {
+        QTest::keyClick(QApplication::focusWidget(), key);
+        EXPECT_EQ(pill.selection(), expected);
+        EXPECT_EQ(tabStops(), QList<int>{expected});
+    }
+    EXPECT_EQ(selections.count(), 3);
     for (int index = 0; index < 3; ++index) {
-        const QAccessibleInterface* const spoken =
-            QAccessible::queryAccessibleInterface(segment(index));
+        const auto* const spoken = QAccessible::queryAccessibleInterface(segment(index));
         EXPECT_EQ(spoken->role(), QAccessible::RadioButton);
         EXPECT_EQ(spoken->state().checked, index == 2);
+        EXPECT_EQ(spoken->text(QAccessible::Name), segment(index)->text());
     }
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(segment(2))->text(QAccessible::Name),
-              QStringLiteral("A long label"));
 }
 
 } // namespace

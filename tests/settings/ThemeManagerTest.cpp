@@ -9,39 +9,39 @@
 namespace quorvantel {
 namespace {
 
+using namespace Qt::StringLiterals;
 using testing::MemoryDefaults;
 using Appearance = ThemeManager::Appearance;
+using Value = platform::UserDefaults::Value;
 
 TEST(ThemeManagerTest, AFirstStartStoresOnlyThatPresetsWereReset) {
     MemoryDefaults defaults;
     const ThemeManager manager(defaults);
     EXPECT_EQ(manager.appearance(), Appearance::Auto);
     EXPECT_EQ(manager.preset(), ThemePreset::Graphite);
-    EXPECT_EQ(manager.accentHex(), QStringLiteral("#14B8A6"));
-    EXPECT_EQ(defaults.values.keys(),
-              (QStringList{QStringLiteral("preset"), QStringLiteral("themesRetired_v1")}));
-    EXPECT_EQ(defaults.values[QStringLiteral("preset")],
-              platform::UserDefaults::Value(QStringLiteral("graphite")));
+    EXPECT_EQ(manager.accentHex(), u"#14B8A6"_s);
+    EXPECT_EQ(defaults.values.keys(), (QStringList{u"preset"_s, u"themesRetired_v1"_s}));
+    EXPECT_EQ(defaults.values[u"preset"_s], Value(u"graphite"_s));
 }
 
 TEST(ThemeManagerTest, ResetsAStoredPresetOnceAndHonoursItAfterwards) {
     MemoryDefaults defaults;
-    defaults.values[QStringLiteral("preset")] = QStringLiteral("teal");
+    defaults.values[u"preset"_s] = u"teal"_s;
     EXPECT_EQ(ThemeManager(defaults).preset(), ThemePreset::Graphite);
-    defaults.values[QStringLiteral("preset")] = QStringLiteral("glass");
+    defaults.values[u"preset"_s] = u"glass"_s;
     EXPECT_EQ(ThemeManager(defaults).preset(), ThemePreset::Glass);
 }
 
 TEST(ThemeManagerTest, IgnoresWhatItDoesNotKnowAndKeepsAnyAccentText) {
     MemoryDefaults defaults;
-    defaults.values[QStringLiteral("appearance")] = QStringLiteral("Dark");
-    defaults.values[QStringLiteral("preset")] = std::int64_t{1};
-    defaults.values[QStringLiteral("themesRetired_v1")] = true;
-    defaults.values[QStringLiteral("accentColorHex")] = QStringLiteral("xyz");
+    defaults.values[u"appearance"_s] = u"Dark"_s;
+    defaults.values[u"preset"_s] = std::int64_t{1};
+    defaults.values[u"themesRetired_v1"_s] = true;
+    defaults.values[u"accentColorHex"_s] = u"xyz"_s;
     const ThemeManager manager(defaults);
     EXPECT_EQ(manager.appearance(), Appearance::Auto);
     EXPECT_EQ(manager.preset(), ThemePreset::Graphite);
-    EXPECT_EQ(manager.accentHex(), QStringLiteral("xyz"));
+    EXPECT_EQ(manager.accentHex(), u"xyz"_s);
 }
 
 TEST(ThemeManagerTest, StoresEveryAssignmentAndNotifiesOnlyOfChanges) {
@@ -51,8 +51,7 @@ TEST(ThemeManagerTest, StoresEveryAssignmentAndNotifiesOnlyOfChanges) {
     QObject::connect(&manager, &ThemeManager::appearanceChanged, [&changes] { ++changes; });
     manager.setAppearance(Appearance::Auto);
     EXPECT_EQ(changes, 0);
-    EXPECT_EQ(defaults.values[QStringLiteral("appearance")],
-              platform::UserDefaults::Value(QStringLiteral("auto")));
+    EXPECT_EQ(defaults.values[u"appearance"_s], Value(u"auto"_s));
     manager.setAppearance(Appearance::Dark);
     EXPECT_EQ(changes, 1);
     EXPECT_EQ(ThemeManager(defaults).appearance(), Appearance::Dark);
@@ -61,8 +60,8 @@ TEST(ThemeManagerTest, StoresEveryAssignmentAndNotifiesOnlyOfChanges) {
 class AccentMigrationTest : public ::testing::Test {
 protected:
     AccentMigrationTest() {
-        defaults.values[QStringLiteral("accentColor")] = QByteArray("archive");
-        defaults.values[QStringLiteral("themesRetired_v1")] = true;
+        defaults.values[u"accentColor"_s] = QByteArray("archive");
+        defaults.values[u"themesRetired_v1"_s] = true;
     }
 
     QString migrated(std::optional<platform::ColorComponents> color) {
@@ -81,33 +80,30 @@ protected:
 };
 
 TEST_F(AccentMigrationTest, AnArchivedColourBecomesTheAccentOnce) {
-    EXPECT_EQ(migrated({{0.5, 0.25, 1}}), QStringLiteral("#8040FF"));
-    EXPECT_EQ(defaults.values[QStringLiteral("accentColorHex")],
-              platform::UserDefaults::Value(QStringLiteral("#8040FF")));
-    EXPECT_EQ(defaults.values[QStringLiteral("accentMigrated")],
-              platform::UserDefaults::Value(true));
-    EXPECT_EQ(defaults.values[QStringLiteral("accentColor")],
-              platform::UserDefaults::Value(QByteArray("archive")));
+    EXPECT_EQ(migrated({{0.5, 0.25, 1}}), u"#8040FF"_s);
+    EXPECT_EQ(defaults.values[u"accentColorHex"_s], Value(u"#8040FF"_s));
+    EXPECT_EQ(defaults.values[u"accentMigrated"_s], Value(true));
+    EXPECT_EQ(defaults.values[u"accentColor"_s], Value(QByteArray("archive")));
 
-    EXPECT_EQ(migrated({{0, 0, 0}}), QStringLiteral("#8040FF"));
-    defaults.values.remove(QStringLiteral("accentColorHex"));
-    EXPECT_EQ(migrated({{0, 0, 0}}), QStringLiteral("#14B8A6"));
+    EXPECT_EQ(migrated({{0, 0, 0}}), u"#8040FF"_s);
+    defaults.values.remove(u"accentColorHex"_s);
+    EXPECT_EQ(migrated({{0, 0, 0}}), u"#14B8A6"_s);
     EXPECT_EQ(decodings, 0);
 }
 
 TEST_F(AccentMigrationTest, ComponentsAreRoundedAndNotLimited) {
-    EXPECT_EQ(migrated({{2, 0.0019, 1e6 / 255}}), QStringLiteral("#1FE00F4240"));
+    EXPECT_EQ(migrated({{2, 0.0019, 1e6 / 255}}), u"#1FE00F4240"_s);
 }
 
 TEST_F(AccentMigrationTest, WithoutAColourItIsTriedAgain) {
-    EXPECT_EQ(migrated(std::nullopt), QStringLiteral("#14B8A6"));
-    EXPECT_FALSE(defaults.values.contains(QStringLiteral("accentMigrated")));
-    EXPECT_FALSE(defaults.values.contains(QStringLiteral("accentColorHex")));
-    EXPECT_EQ(migrated({{1, 1, 1}}), QStringLiteral("#FFFFFF"));
+    EXPECT_EQ(migrated(std::nullopt), u"#14B8A6"_s);
+    EXPECT_FALSE(defaults.values.contains(u"accentMigrated"_s));
+    EXPECT_FALSE(defaults.values.contains(u"accentColorHex"_s));
+    EXPECT_EQ(migrated({{1, 1, 1}}), u"#FFFFFF"_s);
 
     defaults = {};
-    defaults.values[QStringLiteral("accentColor")] = QStringLiteral("a text");
-    EXPECT_EQ(migrated({{1, 1, 1}}), QStringLiteral("#14B8A6"));
+    defaults.values[u"accentColor"_s] = u"a text"_s;
+    EXPECT_EQ(migrated({{1, 1, 1}}), u"#14B8A6"_s);
     EXPECT_EQ(decodings, 0);
 }
 

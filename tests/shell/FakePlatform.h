@@ -1,29 +1,14 @@
 #pragma once
 
+#include "catalogue/FakeBundleReader.h"
 #include "platform/Platform.h"
+#include "support/FakeHotKeys.h"
 #include "support/FakeLook.h"
 #include "support/FakeScreens.h"
-
-#include <QSet>
+#include "support/FakeWindowActivator.h"
+#include "support/ScriptedKeyCapture.h"
 
 namespace quorvantel::testing {
-
-class FakeBundles : public platform::BundleReader {
-public:
-    QStringList childNames(const QString& /*directory*/) const override { return {}; }
-    std::optional<QVariantMap> infoDictionary(const QString& /*path*/) const override {
-        return std::nullopt;
-    }
-    QString localizedName(const QString& /*path*/, const QVariantMap& /*info*/) const override {
-        return {};
-    }
-    QString displayName(const QString& /*path*/, const QVariantMap& /*info*/) const override {
-        return {};
-    }
-    platform::Image icon(const QString& /*path*/, const QVariantMap& /*info*/) const override {
-        return {};
-    }
-};
 
 /// Applications that the test names; counts the scans.
 class FakeApplications : public platform::InstalledApplications {
@@ -63,40 +48,6 @@ public:
     std::vector<Completion> completions;
 };
 
-/// Grants every combination but the refused ones.
-class FakeHotKeys : public platform::GlobalHotKeys {
-public:
-    class Entry : public Registration {
-    public:
-        explicit Entry(QStringList& registered, QString name)
-            : m_registered(registered), m_name(std::move(name)) {
-            m_registered << m_name;
-        }
-        ~Entry() override { m_registered.removeOne(m_name); }
-
-    private:
-        QStringList& m_registered;
-        QString m_name;
-    };
-
-    std::unique_ptr<Registration> installHandler(PressHandler pressHandler) override {
-        handler = std::move(pressHandler);
-        return std::make_unique<Entry>(registered, QStringLiteral("handler"));
-    }
-    RegistrationResult registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
-                                      platform::HotKeyIdentity) override {
-        const QString name = QStringLiteral("%1+%2").arg(modifiers).arg(keyCode);
-        if (refused.contains(name)) {
-            return platform::HotKeyStatus{10};
-        }
-        return std::make_unique<Entry>(registered, name);
-    }
-
-    QStringList registered;
-    QSet<QString> refused;
-    PressHandler handler;
-};
-
 class FakeClicks : public platform::ClickMonitor {
 public:
     std::unique_ptr<Token> observe(std::function<void()> clickHandler) override {
@@ -134,27 +85,6 @@ public:
     void setBlurBehind(QWindow& /*window*/, const QRegion& /*region*/) override {}
 };
 
-/// A keyboard that nobody can capture.
-class FakeKeyCapture : public platform::KeyCapture {
-public:
-    std::unique_ptr<Token> capture(QWindow& /*window*/, Handler /*handler*/) override {
-        return nullptr;
-    }
-};
-
-class FakeWindowActivator : public platform::WindowActivator {
-public:
-    void activate(QWindow& /*window*/) override {
-        ++activations;
-        if (onActivate) {
-            onActivate();
-        }
-    }
-
-    int activations = 0;
-    std::function<void()> onActivate;
-};
-
 /// A desktop that the test controls.
 class FakePlatform : public platform::Platform {
 public:
@@ -171,13 +101,13 @@ public:
     platform::SystemAppearance& systemAppearance() override { return appearance; }
     platform::ImageLoader& imageLoader() override { return loader; }
 
-    FakeBundles bundles;
+    FakeBundleReader bundles;
     FakeApplications applications;
     FakeWorkspace fakeWorkspace;
     FakeHotKeys hotKeys;
     FakeClicks clicks;
     FakePanelHost host;
-    FakeKeyCapture capture;
+    ScriptedKeyCapture capture;
     FakeWindowActivator activator;
     FakeBackdrop backdrop;
     FakeScreens fakeScreens;
