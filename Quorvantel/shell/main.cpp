@@ -1,8 +1,8 @@
 #include "platform/Platform.h"
 #include "shell/LateAccessibility.h"
 #include "shell/QuorvantelApp.h"
+#include "shell/SessionApplication.h"
 
-#include <QApplication>
 #include <QDir>
 
 #include <array>
@@ -32,10 +32,10 @@ int main(int argc, char** argv) {
     int argumentCount = argc + 2;
 
     const quorvantel::LateAccessibility accessibility;
-    QApplication application(argumentCount, arguments.data());
-    QApplication::setApplicationName(QStringLiteral("Quorvantel"));
-    QApplication::setDesktopFileName(QStringLiteral("org.quorvantel.Quorvantel"));
-    QApplication::setQuitOnLastWindowClosed(false);
+    quorvantel::SessionApplication application(argumentCount, arguments.data());
+    quorvantel::SessionApplication::setApplicationName(QStringLiteral("Quorvantel"));
+    quorvantel::SessionApplication::setDesktopFileName(QStringLiteral("org.quorvantel.Quorvantel"));
+    quorvantel::SessionApplication::setQuitOnLastWindowClosed(false);
     // Launched programs begin where the user's files are, wherever the launcher was started.
     QDir::setCurrent(QDir::homePath());
 

@@ -9,7 +9,9 @@
 
 #include <X11/keysym.h>
 
+#include <chrono>
 #include <stdexcept>
+#include <thread>
 
 namespace quorvantel::testing {
 namespace {
@@ -95,6 +97,19 @@ void LauncherSession::start(const QByteArray& expected) {
 std::optional<ChildProcess::Exit> LauncherSession::terminate() {
     m_launcher->signal(SIGTERM);
     return m_launcher->waitForExit(patience);
+}
+
+bool LauncherSession::waitForRest() const {
+    // User and system time in clock ticks, the 14th and 15th field of proc(5) "stat".
+    const auto usedTime = [this] {
+        const auto stat = readFile(QStringLiteral("/proc/%1/stat").arg(m_launcher->pid()));
+        return stat.value_or(QByteArray()).split(' ').mid(13, 2);
+    };
+    return waitUntil([&usedTime] {
+        const auto earlier = usedTime();
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        return usedTime() == earlier;
+    });
 }
 
 void LauncherSession::pressDefaultHotKey() {

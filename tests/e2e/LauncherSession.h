@@ -58,6 +58,9 @@ public:
     /// Takes the X server away. Nothing that needs the display is to be called afterwards.
     void loseDisplay() { m_server.kill(); }
 
+    /// Whether the running launcher comes to rest: uses no processor time for a while.
+    bool waitForRest() const;
+
     bool isRunning() { return m_launcher && m_launcher->isRunning(); }
 
     void pressDefaultHotKey();

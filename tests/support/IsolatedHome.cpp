@@ -15,6 +15,7 @@ IsolatedHome::IsolatedHome() {
     qunsetenv("DISPLAY");
     qunsetenv("WAYLAND_DISPLAY");
     qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+    qunsetenv("SESSION_MANAGER");
     qputenv("LC_ALL", "C.UTF-8");
     QDir().mkpath(dataHome());
     QDir().mkpath(configHome());
