@@ -1,45 +1,19 @@
-#include "panel/LauncherView.h"
+#include "panel/LauncherViewFixture.h"
 
-#include "search/FrecencyStore.h"
-#include "support/FakeLook.h"
-#include "support/FakeScreens.h"
-
-#include <QTemporaryDir>
 #include <QTest>
-
-#include <gtest/gtest.h>
+#include <QWheelEvent>
 
 namespace quorvantel {
 namespace {
 
-using testing::FakeLook;
-using testing::FakeScreens;
+using namespace Qt::StringLiterals;
 
-LaunchTarget app(const QString& name) {
-    return {QStringLiteral("org.example.") + name,
-            name,
-            {name},
-            platform::Image::iconTheme(name),
-            LaunchTarget::App{QUrl(), QStringLiteral("org.example.") + name}};
-}
-
-class LauncherViewTest : public ::testing::Test {
+class LauncherViewTest : public testing::LauncherViewFixture {
 protected:
     LauncherViewTest() {
-        view.resize(640, 467);
-        view.onLaunch = [this](const LaunchTarget& target) { launched << target.displayName(); };
         view.onDismiss = [this] { ++dismissals; };
         view.onHeightChange = [this](double height) { heights << height; };
-        view.show();
         setNumberedApps(20);
-    }
-
-    void setNumberedApps(int count) {
-        std::vector<LaunchTarget> targets;
-        for (int number = 10; number < 10 + count; ++number) {
-            targets.push_back(app(QStringLiteral("app%1").arg(number)));
-        }
-        engine.setTargets(std::move(targets));
     }
 
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
@@ -65,64 +39,56 @@ protected:
         std::ranges::sort(rows, {}, [](const ResultRowView* row) { return row->y(); });
         QStringList names;
         for (const ResultRowView* const row : rows) {
-            names << (row->isSelected() ? QStringLiteral(">") : QString()) +
-                         row->target()->displayName();
+            names << (row->isSelected() ? u">"_s : QString()) + row->target()->displayName();
         }
         return names;
     }
 
-    QTemporaryDir directory;
-    FrecencyStore frecency{directory.path()};
-    SearchEngine engine{frecency, nullptr};
-    FakeScreens screens;
-    FakeLook look;
-    LauncherView view{engine, screens, look.theme, look.icons};
     QLineEdit& field = *view.findChild<QLineEdit*>();
     ResultListView& list = *view.findChild<ResultListView*>();
-    QStringList launched;
     QList<double> heights;
     int dismissals = 0;
 };
 
 TEST_F(LauncherViewTest, ReportsTheHeightWhenTheResultsChangeAndOnlyThen) {
-    type(QStringLiteral("q"));
+    type(u"q"_s);
     EXPECT_EQ(heights, QList<double>());
     field.clear();
-    type(QStringLiteral("app"));
+    type(u"app"_s);
     EXPECT_EQ(heights, QList<double>{467});
-    type(QStringLiteral("10"));
+    type(u"10"_s);
     EXPECT_EQ(heights.last(), 117);
-    type(QStringLiteral("q"));
+    type(u"q"_s);
     EXPECT_EQ(heights.last(), 109);
     press(Qt::Key_Return);
     EXPECT_EQ(launched, QStringList());
 }
 
 TEST_F(LauncherViewTest, ArrowsMoveTheSelectionAndReturnOpensIt) {
-    type(QStringLiteral("app"));
+    type(u"app"_s);
     press(Qt::Key_Up);
     EXPECT_EQ(view.selectedIndex(), 0);
     press(Qt::Key_Down);
     press(Qt::Key_Down);
     press(Qt::Key_Return);
-    EXPECT_EQ(launched, QStringList{QStringLiteral("app12")});
+    EXPECT_EQ(launched, QStringList{u"app12"_s});
     for (int presses = 0; presses < 30; ++presses) {
         press(Qt::Key_Down);
     }
     EXPECT_EQ(view.selectedIndex(), 19);
     press(Qt::Key_Enter);
-    EXPECT_EQ(launched.last(), QStringLiteral("app29"));
+    EXPECT_EQ(launched.last(), u"app29"_s);
 }
 
 TEST_F(LauncherViewTest, TheListFollowsTheKeyboardAndKeepsTheRowInTheMiddle) {
-    type(QStringLiteral("app"));
+    type(u"app"_s);
     ASSERT_EQ(rowsInSight().size(), 9);
     for (int presses = 0; presses < 8; ++presses) {
         press(Qt::Key_Down);
     }
     const int centred = 6 + 8 * 50 + 24 - list.height() / 2;
     EXPECT_TRUE(QTest::qWaitFor([&] { return list.scrollOffset() == centred; }));
-    EXPECT_TRUE(rowsInSight().contains(QStringLiteral(">app18")));
+    EXPECT_TRUE(rowsInSight().contains(u">app18"_s));
     // The mouse scrolls nothing.
     moveMouseToRow(0, {300, 300});
     EXPECT_EQ(list.scrollOffset(), centred);
@@ -130,32 +96,52 @@ TEST_F(LauncherViewTest, TheListFollowsTheKeyboardAndKeepsTheRowInTheMiddle) {
 
 TEST_F(LauncherViewTest, AnyNumberOfResultsTakesAHandfulOfRows) {
     setNumberedApps(10'000);
-    type(QStringLiteral("app"));
+    type(u"app"_s);
     for (int presses = 0; presses < 50; ++presses) {
         press(Qt::Key_Down);
     }
-    EXPECT_TRUE(QTest::qWaitFor([&] { return rowsInSight().contains(QStringLiteral(">app60")); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return rowsInSight().contains(u">app60"_s); }));
     EXPECT_LE(list.findChildren<ResultRowView*>().size(), 10);
 }
 
 TEST_F(LauncherViewTest, OnlyAMovingMouseSelects) {
-    type(QStringLiteral("app"));
+    type(u"app"_s);
     moveMouseToRow(3, screens.mouse);
     EXPECT_EQ(view.selectedIndex(), 0);
     moveMouseToRow(2, screens.mouse + QPointF(0, 1));
     EXPECT_EQ(view.selectedIndex(), 2);
     // Typing puts the selection back to the top; the mouse rests where it is.
-    type(QStringLiteral("1"));
+    type(u"1"_s);
     EXPECT_EQ(view.selectedIndex(), 0);
     moveMouseToRow(4, screens.mouse);
     EXPECT_EQ(view.selectedIndex(), 0);
 }
 
+TEST_F(LauncherViewTest, TheWheelBringsAnotherRowUnderTheMouse) {
+    type(QStringLiteral("app"));
+    moveMouseToRow(3, screens.mouse + QPointF(0, 1));
+    ASSERT_EQ(view.selectedIndex(), 3);
+    const auto turn = [this](int units) {
+        const QPointF point(200, 6 + 3 * 50 + 24);
+        QWheelEvent event(point, list.mapToGlobal(point), {}, {0, units}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&list, &event);
+    };
+    turn(-120);
+    EXPECT_EQ(list.scrollOffset(), 100);
+    EXPECT_EQ(view.selectedIndex(), 5);
+    for (int step = 0; step < 120; ++step) {
+        turn(1);
+    }
+    EXPECT_EQ(list.scrollOffset(), 0);
+    EXPECT_EQ(view.selectedIndex(), 3);
+}
+
 TEST_F(LauncherViewTest, AKeystrokeThatChangesNoResultKeepsTheSelection) {
-    type(QStringLiteral("app1"));
+    type(u"app1"_s);
     press(Qt::Key_Down);
     ASSERT_EQ(view.selectedIndex(), 1);
-    type(QStringLiteral(" "));
+    type(u" "_s);
     EXPECT_EQ(view.selectedIndex(), 1);
     engine.reset();
     EXPECT_EQ(view.selectedIndex(), 0);
@@ -163,19 +149,19 @@ TEST_F(LauncherViewTest, AKeystrokeThatChangesNoResultKeepsTheSelection) {
 }
 
 TEST_F(LauncherViewTest, ANewScanRenamesARowWhereItIs) {
-    type(QStringLiteral("app1"));
+    type(u"app1"_s);
     press(Qt::Key_Down);
     std::vector<LaunchTarget> targets = engine.targets();
     const LaunchTarget old = targets[1];
-    targets[1] = {old.id(), QStringLiteral("app11 (new)"), old.searchKeys(), {}, old.kind()};
+    targets[1] = {old.id(), u"app11 (new)"_s, old.searchKeys(), {}, old.kind()};
     engine.setTargets(std::move(targets));
-    EXPECT_EQ(rowsInSight().at(1), QStringLiteral(">app11 (new)"));
+    EXPECT_EQ(rowsInSight().at(1), u">app11 (new)"_s);
 }
 
 TEST_F(LauncherViewTest, AClickOpensItsRow) {
-    type(QStringLiteral("app"));
+    type(u"app"_s);
     QTest::mouseClick(&list, Qt::LeftButton, {}, {200, 6 + 2 * 50 + 24});
-    EXPECT_EQ(launched, QStringList{QStringLiteral("app12")});
+    EXPECT_EQ(launched, QStringList{u"app12"_s});
     QTest::mouseClick(&list, Qt::RightButton, {}, {200, 6 + 24});
     // Between two rows, and with the button let go over another row.
     QTest::mouseClick(&list, Qt::LeftButton, {}, {200, 6 + 49});
@@ -197,7 +183,7 @@ TEST_F(LauncherViewTest, EscapeDismissesAndCommandCommaOpensTheSettings) {
     press(Qt::Key_Semicolon, Qt::ControlModifier);
     EXPECT_EQ(settings, 4);
     press(Qt::Key_Comma);
-    EXPECT_EQ(field.text(), QStringLiteral(","));
+    EXPECT_EQ(field.text(), u","_s);
     press(Qt::Key_Escape);
     EXPECT_EQ(dismissals, 1);
 }
@@ -205,7 +191,7 @@ TEST_F(LauncherViewTest, EscapeDismissesAndCommandCommaOpensTheSettings) {
 TEST_F(LauncherViewTest, IconsAreDecodedOnceAndNotWhileTyping) {
     view.grab();
     look.loader.loads = 0;
-    type(QStringLiteral("app"));
+    type(u"app"_s);
     view.grab();
     EXPECT_EQ(look.loader.loads, 0);
     const auto rows = rowsInSight().size();

@@ -10,6 +10,7 @@
 namespace quorvantel {
 namespace {
 
+using namespace Qt::StringLiterals;
 using testing::FakeLook;
 
 class ResultRowViewTest : public ::testing::Test {
@@ -17,11 +18,7 @@ protected:
     ResultRowViewTest() { row.resize(628, 48); }
 
     void setTarget(const platform::Image& icon) {
-        row.setTarget({QStringLiteral("id"),
-                       QStringLiteral("Name"),
-                       {},
-                       icon,
-                       LaunchTarget::App{QUrl(), QStringLiteral("id")}});
+        row.setTarget({u"id"_s, u"Name"_s, {}, icon, LaunchTarget::App{QUrl(), u"id"_s}});
     }
 
     /// The colour in the middle of the icon's frame, once the icon is decoded.
@@ -50,12 +47,12 @@ protected:
 };
 
 TEST_F(ResultRowViewTest, ShowsAnIconAsItIsAndATemplateAsATintedTile) {
-    setTarget(platform::Image::iconTheme(QStringLiteral("editor")));
+    setTarget(platform::Image::iconTheme(u"editor"_s));
     EXPECT_EQ(iconColor(), QColor(Qt::red));
     const QColor accent = look.theme.theme().accent.toQColor();
-    setTarget(platform::Image::symbol(QStringLiteral("wifi"), {}));
+    setTarget(platform::Image::symbol(u"wifi"_s, {}));
     EXPECT_EQ(iconColor().rgb(), accent.rgb());
-    setTarget(platform::Image::iconTheme(QStringLiteral("missing")));
+    setTarget(platform::Image::iconTheme(u"missing"_s));
     EXPECT_EQ(iconColor().rgb(), accent.rgb());
     setTarget({});
     EXPECT_EQ(iconColor().rgb(), accent.rgb());
@@ -78,10 +75,9 @@ TEST_F(ResultRowViewTest, SelectionGoesBeforeHover) {
 
     // Another target in the same row is not hovered any more.
     row.setSelected(false);
-    row.setTarget(
-        {QStringLiteral("other"), QStringLiteral("Other"), {}, {}, LaunchTarget::SettingsPane{}});
+    row.setTarget({u"other"_s, u"Other"_s, {}, {}, LaunchTarget::SettingsPane{}});
     EXPECT_FALSE(row.isHovered());
-    EXPECT_EQ(ResultRowView::kindText(*row.target()), QStringLiteral("System Setting"));
+    EXPECT_EQ(ResultRowView::kindText(*row.target()), u"System Setting"_s);
 }
 
 TEST_F(ResultRowViewTest, OnlyATopPickHasARingAndWhenSelectedTheReturnHint) {

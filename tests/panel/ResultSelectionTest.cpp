@@ -1,34 +1,9 @@
 #include "panel/ResultSelection.h"
 
-#include "panel/LauncherLayout.h"
-
 #include <gtest/gtest.h>
 
 namespace quorvantel {
 namespace {
-
-TEST(LauncherLayoutTest, NeedsRoomForUpToEightRowsOrTheEmptyState) {
-    EXPECT_EQ(LauncherLayout::neededHeight(0, false), 56);
-    EXPECT_EQ(LauncherLayout::neededHeight(0, true), 109);
-    EXPECT_EQ(LauncherLayout::neededHeight(1, true), 117);
-    EXPECT_EQ(LauncherLayout::neededHeight(8, true), 467);
-    EXPECT_EQ(LauncherLayout::neededHeight(20, true), 467);
-}
-
-TEST(ResultSelectionTest, StopsAtBothEndsAndFollowsOnlyTheKeyboard) {
-    ResultSelection selection;
-    EXPECT_FALSE(selection.moveUp());
-    EXPECT_FALSE(selection.moveDown(0));
-    EXPECT_FALSE(selection.moveDown(1));
-    EXPECT_FALSE(selection.takeKeyboardNavigation());
-    EXPECT_TRUE(selection.moveDown(2));
-    EXPECT_TRUE(selection.takeKeyboardNavigation());
-    EXPECT_FALSE(selection.takeKeyboardNavigation());
-    EXPECT_FALSE(selection.moveDown(2));
-    EXPECT_EQ(selection.selectedIndex(), 1);
-    EXPECT_TRUE(selection.hover(0, {5, 5}));
-    EXPECT_FALSE(selection.takeKeyboardNavigation());
-}
 
 TEST(ResultSelectionTest, ARestingMouseSelectsNothing) {
     ResultSelection selection;
