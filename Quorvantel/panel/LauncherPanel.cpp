@@ -78,7 +78,8 @@ bool LauncherPanel::eventFilter(QObject* watched, QEvent* event) {
 
 void LauncherPanel::closeEvent(QCloseEvent* event) {
     Q_EMIT closing();
-    QWindow::closeEvent(event);
+    // A closed QWindow loses its native windows, which the next showing would miss.
+    event->ignore();
 }
 
 void LauncherPanel::showEvent(QShowEvent* event) {
