@@ -1,19 +1,32 @@
 #include "platform/linux/x11/X11WindowBackdrop.h"
 
+#include <QCoreApplication>
 #include <QRegion>
 #include <QWindow>
+
+#include <xcb/xfixes.h>
 
 #include <algorithm>
 #include <span>
 #include <string_view>
-#include <vector>
+#include <utility>
 
 namespace quorvantel::platform {
 
 namespace {
 
-xcb_window_t idOf(const QWindow& window) {
-    return static_cast<xcb_window_t>(window.winId());
+/// The part of an event's type that does not say who sent it.
+constexpr std::uint8_t eventTypeBits = 0x7F;
+
+std::vector<std::uint32_t> pixelsOf(const QRegion& region, qreal scale) {
+    std::vector<std::uint32_t> pixels;
+    for (const QRect& rectangle : region) {
+        for (const int value :
+             {rectangle.x(), rectangle.y(), rectangle.width(), rectangle.height()}) {
+            pixels.push_back(static_cast<std::uint32_t>(qRound(value * scale)));
+        }
+    }
+    return pixels;
 }
 
 } // namespace
@@ -22,50 +35,90 @@ X11WindowBackdrop::X11WindowBackdrop(const X11Display& display)
     // Extended Window Manager Hints: the compositing manager of the screen owns this selection.
     : m_display(display),
       m_managerSelection(display.atom("_NET_WM_CM_S0")),
-      m_blurRegion(display.atom("_KDE_NET_WM_BLUR_BEHIND_REGION")) {}
-
-bool X11WindowBackdrop::castsShadows() const {
-    const xcb_window_t manager = compositingManager();
-    return manager != XCB_WINDOW_NONE && isPicom(manager);
+      m_blurRegion(display.atom("_KDE_NET_WM_BLUR_BEHIND_REGION")) {
+    // In this order nothing that happens meanwhile is missed.
+    watchManager();
+    m_state = stateNow();
+    qApp->installNativeEventFilter(this);
 }
 
-bool X11WindowBackdrop::offersBlur() const {
-    const xcb_window_t manager = compositingManager();
-    return manager != XCB_WINDOW_NONE && (blursOnRequest() || isPicom(manager));
+X11WindowBackdrop::~X11WindowBackdrop() {
+    if (qApp != nullptr) {
+        qApp->removeNativeEventFilter(this);
+    }
 }
 
 void X11WindowBackdrop::setBlurBehind(QWindow& window, const QRegion& region) {
-    if (region.isEmpty()) {
-        xcb_delete_property(m_display.connection, idOf(window), m_blurRegion);
+    const auto id = static_cast<xcb_window_t>(window.winId());
+    std::vector<std::uint32_t> pixels = pixelsOf(region, window.devicePixelRatio());
+    std::vector<std::uint32_t>& known = m_blurRegions[id];
+    if (pixels == known) {
         return;
     }
-    std::vector<std::uint32_t> pixels;
-    for (const QRect& rectangle : region) {
-        for (const int value :
-             {rectangle.x(), rectangle.y(), rectangle.width(), rectangle.height()}) {
-            pixels.push_back(static_cast<std::uint32_t>(qRound(value * window.devicePixelRatio())));
+    known = std::move(pixels);
+    if (known.empty()) {
+        xcb_delete_property(m_display.connection, id, m_blurRegion);
+    } else {
+        xcb_change_property(m_display.connection, XCB_PROP_MODE_REPLACE, id, m_blurRegion,
+                            XCB_ATOM_CARDINAL, 32, static_cast<std::uint32_t>(known.size()),
+                            known.data());
+    }
+}
+
+bool X11WindowBackdrop::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
+                                          qintptr* /*result*/) {
+    const auto type =
+        static_cast<const xcb_generic_event_t*>(message)->response_type & eventTypeBits;
+    State state = m_state;
+    if (type == XCB_PROPERTY_NOTIFY) {
+        const auto* const event = static_cast<const xcb_property_notify_event_t*>(message);
+        if (event->window == m_display.root && event->atom == m_blurRegion) {
+            state.blursOnRequest = event->state == XCB_PROPERTY_NEW_VALUE;
+        }
+    } else if (m_selectionEvent != 0 && type == m_selectionEvent) {
+        const auto* const event = static_cast<const xcb_xfixes_selection_notify_event_t*>(message);
+        if (event->selection == m_managerSelection) {
+            state.isComposited = event->owner != XCB_WINDOW_NONE;
+            state.isPicom = state.isComposited && isPicom(event->owner);
         }
     }
-    xcb_change_property(m_display.connection, XCB_PROP_MODE_REPLACE, idOf(window), m_blurRegion,
-                        XCB_ATOM_CARDINAL, 32, static_cast<std::uint32_t>(pixels.size()),
-                        pixels.data());
+    setState(state);
+    return false;
 }
 
-xcb_window_t X11WindowBackdrop::compositingManager() const {
-    const XcbPointer<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
-        m_display.connection, xcb_get_selection_owner(m_display.connection, m_managerSelection),
-        nullptr));
-    return reply ? reply->owner : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
-}
-
-bool X11WindowBackdrop::blursOnRequest() const {
-    const XcbPointer<xcb_list_properties_reply_t> reply(xcb_list_properties_reply(
-        m_display.connection, xcb_list_properties(m_display.connection, m_display.root), nullptr));
-    if (!reply) {
-        return false;
+void X11WindowBackdrop::watchManager() {
+    const auto* const extension = xcb_get_extension_data(m_display.connection, &xcb_xfixes_id);
+    if (extension == nullptr || extension->present == 0) {
+        return;
     }
-    const std::span properties(xcb_list_properties_atoms(reply.get()), reply->atoms_len);
-    return std::ranges::find(properties, m_blurRegion) != properties.end();
+    m_selectionEvent =
+        static_cast<std::uint8_t>(extension->first_event + XCB_XFIXES_SELECTION_NOTIFY);
+    // The extension is to be greeted before its use.
+    xcb_discard_reply(m_display.connection,
+                      xcb_xfixes_query_version(m_display.connection, XCB_XFIXES_MAJOR_VERSION,
+                                               XCB_XFIXES_MINOR_VERSION)
+                          .sequence);
+    xcb_xfixes_select_selection_input(m_display.connection, m_display.root, m_managerSelection,
+                                      XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
+                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
+                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
+}
+
+X11WindowBackdrop::State X11WindowBackdrop::stateNow() const {
+    const auto ownerRequest = xcb_get_selection_owner(m_display.connection, m_managerSelection);
+    const auto propertiesRequest = xcb_list_properties(m_display.connection, m_display.root);
+    const XcbPointer<xcb_get_selection_owner_reply_t> owner(
+        xcb_get_selection_owner_reply(m_display.connection, ownerRequest, nullptr));
+    const XcbPointer<xcb_list_properties_reply_t> list(
+        xcb_list_properties_reply(m_display.connection, propertiesRequest, nullptr));
+    State state;
+    state.isComposited = owner && owner->owner != XCB_WINDOW_NONE;
+    state.isPicom = state.isComposited && isPicom(owner->owner);
+    if (list) {
+        const std::span properties(xcb_list_properties_atoms(list.get()), list->atoms_len);
+        state.blursOnRequest = std::ranges::find(properties, m_blurRegion) != properties.end();
+    }
+    return state;
 }
 
 bool X11WindowBackdrop::isPicom(xcb_window_t manager) const {
@@ -82,6 +135,12 @@ bool X11WindowBackdrop::isPicom(xcb_window_t manager) const {
         static_cast<const char*>(xcb_get_property_value(reply.get())),
         static_cast<std::size_t>(xcb_get_property_value_length(reply.get())));
     return name == "picom";
+}
+
+void X11WindowBackdrop::setState(const State& state) {
+    if (std::exchange(m_state, state) != state) {
+        Q_EMIT changed();
+    }
 }
 
 } // namespace quorvantel::platform

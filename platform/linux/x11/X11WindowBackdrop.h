@@ -3,28 +3,58 @@
 #include "platform/WindowBackdrop.h"
 #include "platform/linux/x11/X11Display.h"
 
+#include <QAbstractNativeEventFilter>
+
+#include <cstdint>
+#include <map>
+#include <vector>
+
 namespace quorvantel::platform {
 
 /// Speaks to compositing managers: KWin blurs on request and says so on the root window; picom
 /// blurs and shadows every window by its user's rules, a shadow that is a window included, so that
 /// the launcher must not bring one there.
-class X11WindowBackdrop : public WindowBackdrop {
+///
+/// The X server reports who becomes the compositing manager and what the root window says, so it is
+/// asked only once at the start and about each new manager.
+class X11WindowBackdrop : public WindowBackdrop, public QAbstractNativeEventFilter {
+    Q_OBJECT
+
 public:
     explicit X11WindowBackdrop(const X11Display& display);
+    ~X11WindowBackdrop() override;
 
-    bool isComposited() const override { return compositingManager() != XCB_WINDOW_NONE; }
-    bool castsShadows() const override;
-    bool offersBlur() const override;
+    bool isComposited() const override { return m_state.isComposited; }
+    bool castsShadows() const override { return m_state.isComposited && m_state.isPicom; }
+    bool offersBlur() const override {
+        return m_state.isComposited && (m_state.isPicom || m_state.blursOnRequest);
+    }
     void setBlurBehind(QWindow& window, const QRegion& region) override;
 
+    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+
 private:
-    xcb_window_t compositingManager() const;
-    bool blursOnRequest() const;
+    struct State {
+        bool isComposited = false;
+        bool isPicom = false;
+        bool blursOnRequest = false;
+
+        friend bool operator==(const State&, const State&) = default;
+    };
+
+    void watchManager();
+    State stateNow() const;
     bool isPicom(xcb_window_t manager) const;
+    void setState(const State& state);
 
     X11Display m_display;
     xcb_atom_t m_managerSelection;
     xcb_atom_t m_blurRegion;
+    /// The type of the event about a selection's owner; 0 when the server lacks the extension.
+    std::uint8_t m_selectionEvent = 0;
+    State m_state;
+    /// What the windows' property holds, in pixels, so that it is not set again to the same.
+    std::map<xcb_window_t, std::vector<std::uint32_t>> m_blurRegions;
 };
 
 } // namespace quorvantel::platform

@@ -1,0 +1,136 @@
+#include "platform/linux/x11/X11WindowBackdrop.h"
+
+#include "support/ChildProcess.h"
+#include "support/WaitUntil.h"
+#include "support/XConnection.h"
+
+#include <QRegion>
+#include <QWindow>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <optional>
+
+namespace quorvantel::platform {
+namespace {
+
+using testing::ChildProcess;
+using testing::waitUntil;
+using testing::XConnection;
+
+const QByteArray blurRegion = QByteArrayLiteral("_KDE_NET_WM_BLUR_BEHIND_REGION");
+
+/// A client that says that it is the compositing manager, and no more.
+class CompositingManager {
+public:
+    CompositingManager() : m_window(xcb_generate_id(m_connection.get())) {
+        xcb_create_window(m_connection.get(), XCB_COPY_FROM_PARENT, m_window, m_connection.root(),
+                          0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0,
+                          nullptr);
+        xcb_set_selection_owner(m_connection.get(), m_window, m_connection.atom("_NET_WM_CM_S0"),
+                                XCB_CURRENT_TIME);
+        m_connection.synchronize();
+    }
+
+    void offerBlur() {
+        xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, m_connection.root(),
+                            m_connection.atom(blurRegion), XCB_ATOM_CARDINAL, 32, 0, nullptr);
+        m_connection.synchronize();
+    }
+
+    void withdrawBlur() {
+        xcb_delete_property(m_connection.get(), m_connection.root(), m_connection.atom(blurRegion));
+        m_connection.synchronize();
+    }
+
+private:
+    XConnection m_connection;
+    xcb_window_t m_window;
+};
+
+/// How many requests the program's own connection sends meanwhile.
+unsigned int requestsDuring(const std::function<void()>& action) {
+    xcb_connection_t* const connection = X11Display::current()->connection;
+    const unsigned int first = xcb_no_operation(connection).sequence;
+    action();
+    return xcb_no_operation(connection).sequence - first - 1;
+}
+
+class X11WindowBackdropTest : public ::testing::Test {
+protected:
+    X11WindowBackdropTest() {
+        QObject::connect(&backdrop, &WindowBackdrop::changed, [this] { ++changes; });
+    }
+
+    X11WindowBackdrop backdrop{X11Display::current().value()};
+    int changes = 0;
+};
+
+TEST_F(X11WindowBackdropTest, FollowsTheCompositingManager) {
+    EXPECT_FALSE(backdrop.isComposited());
+    std::optional<CompositingManager> manager(std::in_place);
+    EXPECT_TRUE(waitUntil([this] { return backdrop.isComposited(); }));
+    EXPECT_EQ(changes, 1);
+    EXPECT_FALSE(backdrop.offersBlur());
+    EXPECT_FALSE(backdrop.castsShadows());
+
+    manager->offerBlur();
+    EXPECT_TRUE(waitUntil([this] { return backdrop.offersBlur(); }));
+    const X11WindowBackdrop later(X11Display::current().value());
+    EXPECT_TRUE(later.isComposited());
+    EXPECT_TRUE(later.offersBlur());
+    manager->withdrawBlur();
+    EXPECT_TRUE(waitUntil([this] { return !backdrop.offersBlur(); }));
+
+    manager->offerBlur();
+    manager.reset();
+    EXPECT_TRUE(waitUntil([this] { return !backdrop.isComposited(); }));
+    EXPECT_FALSE(backdrop.offersBlur());
+    CompositingManager().withdrawBlur();
+}
+
+TEST_F(X11WindowBackdropTest, KnowsPicomThatBlursAndShadowsByItself) {
+    {
+        ChildProcess picom(
+            {.program = QStringLiteral("picom"),
+             .arguments = {QStringLiteral("--backend"), QStringLiteral("xrender"),
+                           QStringLiteral("--config"), QStringLiteral("/dev/null")}});
+        ASSERT_TRUE(waitUntil([this] { return backdrop.isComposited(); }));
+        EXPECT_TRUE(backdrop.castsShadows());
+        EXPECT_TRUE(backdrop.offersBlur());
+    }
+    EXPECT_TRUE(waitUntil([this] { return !backdrop.isComposited(); }));
+    EXPECT_FALSE(backdrop.castsShadows());
+    EXPECT_FALSE(backdrop.offersBlur());
+}
+
+TEST_F(X11WindowBackdropTest, SendsNothingThatTheServerKnowsAlready) {
+    const XConnection connection;
+    QWindow window;
+    window.create();
+    const auto id = static_cast<xcb_window_t>(window.winId());
+    const auto ask = [&] {
+        return backdrop.isComposited() || backdrop.castsShadows() || backdrop.offersBlur();
+    };
+    const auto blur = [&](const QRegion& region) {
+        return requestsDuring([&] { backdrop.setBlurBehind(window, region); });
+    };
+    EXPECT_EQ(requestsDuring(ask), 0U);
+    EXPECT_EQ(blur({}), 0U);
+    const QRegion bent = QRegion(0, 0, 10, 5) + QRegion(0, 5, 4, 5);
+    EXPECT_EQ(blur(bent), 1U);
+    EXPECT_EQ(blur(bent), 0U);
+    xcb_flush(X11Display::current()->connection);
+    EXPECT_TRUE(waitUntil([&] {
+        return connection.property(id, blurRegion) ==
+               std::vector<std::uint32_t>{0, 0, 10, 5, 0, 5, 4, 5};
+    }));
+    EXPECT_EQ(blur({}), 1U);
+    EXPECT_EQ(blur({}), 0U);
+    xcb_flush(X11Display::current()->connection);
+    EXPECT_TRUE(waitUntil([&] { return connection.property(id, blurRegion).empty(); }));
+}
+
+} // namespace
+} // namespace quorvantel::platform
