@@ -1,8 +1,7 @@
 #include "catalogue/SettingsPaneTable.h"
 #include "support/LogLines.h"
+#include "support/TestFiles.h"
 
-#include <QDir>
-#include <QFile>
 #include <QImage>
 #include <QPainter>
 #include <QRegularExpression>
@@ -16,6 +15,7 @@
 namespace quorvantel {
 namespace {
 
+using namespace Qt::StringLiterals;
 using ::testing::IsEmpty;
 
 constexpr int grid = 24;
@@ -23,35 +23,26 @@ constexpr int margin = 2;
 /// Pixels a unit of the grid: enough to see a tenth of a unit.
 constexpr int magnification = 10;
 
-QStringList interfaceSymbols() {
-    const char* const names[] = {
-        "magnifyingglass",
-        "gearshape",
-        "app.dashed",
-        "circle.lefthalf.filled",
-        "keyboard",
-        "pencil",
-        "xmark",
-        "slider.horizontal.3",
-        "checkmark",
-        "chevron.left",
-        "chevron.right",
-        "questionmark.circle",
-        "exclamationmark.triangle",
-    };
-    QStringList result;
-    for (const char* const name : names) {
-        result << QString::fromLatin1(name);
-    }
-    return result;
-}
+constexpr QStringView interfaceSymbols[] = {u"magnifyingglass",
+                                            u"gearshape",
+                                            u"app.dashed",
+                                            u"circle.lefthalf.filled",
+                                            u"keyboard",
+                                            u"pencil",
+                                            u"xmark",
+                                            u"slider.horizontal.3",
+                                            u"checkmark",
+                                            u"chevron.left",
+                                            u"chevron.right",
+                                            u"questionmark.circle",
+                                            u"exclamationmark.triangle"};
 
 QString fileOf(const QString& symbol) {
-    return QStringLiteral(":/symbols/%1.svg").arg(symbol);
+    return u":/symbols/%1.svg"_s.arg(symbol);
 }
 
 QStringList allSymbols() {
-    QStringList names = QDir(QStringLiteral(":/symbols")).entryList();
+    QStringList names = QDir(u":/symbols"_s).entryList();
     for (QString& name : names) {
         name.chop(4);
     }
@@ -81,57 +72,53 @@ QRectF inkOf(const QImage& image) {
             ink.width() / double(magnification), ink.height() / double(magnification)};
 }
 
-TEST(SymbolsTest, EveryPaneAndEveryControlHasItsSymbol) {
-    QStringList wanted = interfaceSymbols();
-    for (const SettingsPaneRow& pane : settingsPaneTable()) {
-        wanted << pane.symbol.toString();
-    }
-    for (const QString& symbol : wanted) {
-        EXPECT_TRUE(QFile::exists(fileOf(symbol))) << symbol.toStdString();
-    }
-}
-
-TEST(SymbolsTest, AreReadWithoutComplaint) {
-    testing::LogLines log;
-    for (const QString& symbol : allSymbols()) {
-        const QSvgRenderer renderer(fileOf(symbol));
-        EXPECT_TRUE(renderer.isValid()) << symbol.toStdString();
-        EXPECT_EQ(renderer.viewBoxF(), QRectF(0, 0, grid, grid)) << symbol.toStdString();
-        EXPECT_THAT(log.take(), IsEmpty()) << symbol.toStdString();
-    }
-}
-
-TEST(SymbolsTest, FillTheSameSquareAndKeepItsMargins) {
-    const QRectF square(margin, margin, grid - 2 * margin, grid - 2 * margin);
-    for (const QString& symbol : allSymbols()) {
-        const QRectF ink = inkOf(draw(symbol));
-        EXPECT_TRUE(square.contains(ink)) << symbol.toStdString();
-        // Nothing looks small beside the others, and nothing sits askew.
-        EXPECT_GE(std::max(ink.width(), ink.height()), 14) << symbol.toStdString();
-        EXPECT_NEAR(ink.center().x(), grid / 2.0, 0.7) << symbol.toStdString();
-        EXPECT_NEAR(ink.center().y(), grid / 2.0, 0.7) << symbol.toStdString();
-    }
-}
-
-TEST(SymbolsTest, AreOfOneInk) {
-    const QRegularExpression strokeWidth(QStringLiteral("stroke-width=\"([^\"]*)\""));
-    for (const QString& symbol : allSymbols()) {
-        QFile file(fileOf(symbol));
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        auto matches = strokeWidth.globalMatch(QString::fromUtf8(file.readAll()));
-        ASSERT_TRUE(matches.hasNext()) << symbol.toStdString();
-        EXPECT_EQ(matches.next().captured(1), QStringLiteral("1.75")) << symbol.toStdString();
-        EXPECT_FALSE(matches.hasNext()) << symbol.toStdString();
-
-        // Only the shape counts, so no part may be see-through by design or have a colour.
-        const QImage image = draw(symbol);
-        bool isBlack = true;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                isBlack = isBlack && (image.pixel(x, y) & 0xFFFFFF) == 0;
+bool isBlack(const QImage& image) {
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if ((image.pixel(x, y) & 0xFFFFFF) != 0) {
+                return false;
             }
         }
-        EXPECT_TRUE(isBlack) << symbol.toStdString();
+    }
+    return true;
+}
+
+TEST(SymbolsTest, EveryPaneAndEveryControlHasItsSymbol) {
+    for (const QStringView symbol : interfaceSymbols) {
+        EXPECT_TRUE(QFile::exists(fileOf(symbol.toString()))) << symbol.toUtf8().constData();
+    }
+    for (const SettingsPaneRow& pane : settingsPaneTable()) {
+        EXPECT_TRUE(QFile::exists(fileOf(pane.symbol.toString())))
+            << pane.symbol.toUtf8().constData();
+    }
+}
+
+TEST(SymbolsTest, AreReadWithoutComplaintAndFillTheSameSquareInOneInk) {
+    const QRectF square(margin, margin, grid - 2 * margin, grid - 2 * margin);
+    const QRegularExpression strokeWidth(u"stroke-width=\"([^\"]*)\""_s);
+    testing::LogLines log;
+    for (const QString& symbol : allSymbols()) {
+        SCOPED_TRACE(symbol.toStdString());
+        const QSvgRenderer renderer(fileOf(symbol));
+        EXPECT_TRUE(renderer.isValid());
+        EXPECT_EQ(renderer.viewBoxF(), QRectF(0, 0, grid, grid));
+        EXPECT_THAT(log.take(), IsEmpty());
+
+        const QImage image = draw(symbol);
+        const QRectF ink = inkOf(image);
+        EXPECT_TRUE(square.contains(ink));
+        // Nothing looks small beside the others, and nothing sits askew.
+        EXPECT_GE(std::max(ink.width(), ink.height()), 14);
+        EXPECT_NEAR(ink.center().x(), grid / 2.0, 0.7);
+        EXPECT_NEAR(ink.center().y(), grid / 2.0, 0.7);
+
+        auto matches =
+            strokeWidth.globalMatch(QString::fromUtf8(testing::readFile(fileOf(symbol))));
+        ASSERT_TRUE(matches.hasNext());
+        EXPECT_EQ(matches.next().captured(1), u"1.75"_s);
+        EXPECT_FALSE(matches.hasNext());
+        // Only the shape counts, so no part may be see-through by design or have a colour.
+        EXPECT_TRUE(isBlack(image));
     }
 }
 

@@ -1,47 +1,39 @@
 #include "search/FrecencyStore.h"
 #include "search/LearnedAbbreviationStore.h"
-#include "support/LogLines.h"
 #include "search/ReferenceDate.h"
+#include "support/LogLines.h"
+#include "support/TestFiles.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cmath>
-#include <limits>
 
 namespace quorvantel {
 namespace {
 
+using namespace Qt::StringLiterals;
+using namespace testing;
+
 constexpr double now = 785000000.0;
 constexpr double day = 86400.0;
 
-const QString chess = QStringLiteral("org.example.Chess");
-const QString mail = QStringLiteral("org.example.Mail");
+const QString chess = u"org.example.Chess"_s;
+const QString mail = u"org.example.Mail"_s;
 
 class RankingStoreTest : public ::testing::Test {
 protected:
-    QString directory() const { return m_home.filePath(QStringLiteral("data/Quorvantel")); }
+    QString directory() const { return m_home.filePath(u"data/Quorvantel"_s); }
     QString path(QStringView file) const { return directory() + u'/' + file; }
 
     void write(QStringView name, const QByteArray& content) const {
-        ASSERT_TRUE(QDir().mkpath(directory()));
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
+        writeFile(path(name), content);
     }
+    QByteArray read(QStringView name) const { return readFile(path(name)); }
 
-    QByteArray read(QStringView name) const {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
-    testing::LogLines log;
+    LogLines log;
 
 private:
     QTemporaryDir m_home;
@@ -65,23 +57,22 @@ TEST_F(RankingStoreTest, LaunchesAddUpAndFade) {
 
 TEST_F(RankingStoreTest, PicksAddUpAndFadeByNormalisedQuery) {
     LearnedAbbreviationStore store(directory());
-    store.learn(QStringLiteral("  Ch\n"), chess, now);
-    EXPECT_EQ(store.boost(QStringLiteral("ch"), chess, now), 1.5);
-    EXPECT_DOUBLE_EQ(store.boost(QStringLiteral("CH\t"), chess, now + 30 * day), 0.75);
-    store.learn(QStringLiteral("cH"), chess, now);
-    EXPECT_EQ(store.boost(QStringLiteral("ch"), chess, now), 3.0);
-    EXPECT_EQ(store.boost(QStringLiteral("ch"), mail, now), 0.0);
-    EXPECT_EQ(store.boost(QStringLiteral("c h"), chess, now), 0.0);
-    store.learn(QStringLiteral("ΟΔΟΣ"), mail, now);
-    EXPECT_EQ(store.boost(QStringLiteral("οδος"), mail, now), 1.5);
+    store.learn(u"  Ch\n"_s, chess, now);
+    EXPECT_EQ(store.boost(u"ch"_s, chess, now), 1.5);
+    EXPECT_DOUBLE_EQ(store.boost(u"CH\t"_s, chess, now + 30 * day), 0.75);
+    store.learn(u"cH"_s, chess, now);
+    EXPECT_EQ(store.boost(u"ch"_s, chess, now), 3.0);
+    EXPECT_EQ(store.boost(u"ch"_s, mail, now), 0.0);
+    EXPECT_EQ(store.boost(u"c h"_s, chess, now), 0.0);
+    store.learn(u"ΟΔΟΣ"_s, mail, now);
+    EXPECT_EQ(store.boost(u"οδος"_s, mail, now), 1.5);
     EXPECT_EQ(store.table().size(), 2);
 }
 
 TEST_F(RankingStoreTest, QueriesOfOneCharacterTeachNothing) {
     LearnedAbbreviationStore store(directory());
-    for (const QString& query :
-         {QString(), QStringLiteral(" c "), QStringLiteral("e\u0301"), QStringLiteral("각"),
-          QStringLiteral("\u1100\u1161\u11A8"), QStringLiteral("👩\u200D💻"), QStringLiteral("🇩🇪")}) {
+    for (const QString& query : {QString(), u" c "_s, u"e\u0301"_s, u"각"_s,
+                                 u"\u1100\u1161\u11A8"_s, u"👩\u200D💻"_s, u"🇩🇪"_s}) {
         store.learn(query, chess, now);
         EXPECT_EQ(store.boost(query, chess, now), 0.0) << qPrintable(query);
     }
@@ -98,9 +89,9 @@ TEST_F(RankingStoreTest, NumbersSurviveTheFileUnchanged) {
         FrecencyStore frecency(directory());
         LearnedAbbreviationStore learned(directory());
         for (const double date : awkward) {
-            frecency.record(QStringLiteral("settings:é\"\\/%1").arg(date), date);
-            learned.learn(QStringLiteral("q \"%1\" 😀").arg(date), mail, date);
-            learned.learn(QStringLiteral("q \"%1\" 😀").arg(date), mail, date + 12345.678);
+            frecency.record(u"settings:é\"\\/%1"_s.arg(date), date);
+            learned.learn(u"q \"%1\" 😀"_s.arg(date), mail, date);
+            learned.learn(u"q \"%1\" 😀"_s.arg(date), mail, date + 12345.678);
         }
         launches = frecency.entries();
         picks = learned.table();
@@ -114,79 +105,57 @@ TEST_F(RankingStoreTest, NumbersSurviveTheFileUnchanged) {
 TEST_F(RankingStoreTest, WritesTheAgreedFormForTheUserAlone) {
     FrecencyStore(directory()).record(mail, now);
     LearnedAbbreviationStore learned(directory());
-    learned.learn(QStringLiteral("ml"), mail, now);
+    learned.learn(u"ml"_s, mail, now);
 
     EXPECT_EQ(read(u"frecency.json"), R"({"org.example.Mail":{"f":1,"lastUpdate":785000000}})");
     EXPECT_EQ(read(u"abbreviations.json"),
               R"({"ml":{"org.example.Mail":{"lastUpdate":785000000,"weight":1}}})");
-    struct stat status {};
-    ASSERT_EQ(::stat(qPrintable(directory()), &status), 0);
-    EXPECT_EQ(status.st_mode & 0777U, 0700U);
-    ASSERT_EQ(::stat(qPrintable(path(u"abbreviations.json")), &status), 0);
-    EXPECT_EQ(status.st_mode & 0777U, 0600U);
+    EXPECT_EQ(modeOf(directory()), 0700U);
+    EXPECT_EQ(modeOf(path(u"abbreviations.json")), 0600U);
 
     learned.reset();
     EXPECT_EQ(read(u"abbreviations.json"), "{}");
-    EXPECT_EQ(learned.boost(QStringLiteral("ml"), mail, now), 0.0);
+    EXPECT_EQ(learned.boost(u"ml"_s, mail, now), 0.0);
 }
 
-TEST_F(RankingStoreTest, DamagedLaunchHistoryIsDroppedAsAWhole) {
-    const QByteArray good = R"("good":{"f":2.5,"lastUpdate":785000000.0})";
-    const QByteArray damaged[] = {
-        "",
-        "null",
-        "[]",
-        "{" + good + "} x",
-        "{" + good + R"(,"bad":{"f":1}})",
-        "{" + good + R"(,"bad":{"lastUpdate":1}})",
-        "{" + good + R"(,"bad":{"f":1,"lastUpdate":1,"extra":1}})",
-        "{" + good + R"(,"bad":{"f":"1","lastUpdate":1}})",
-        "{" + good + R"(,"bad":{"f":true,"lastUpdate":1}})",
-        "{" + good + R"(,"bad":{"f":1,"lastUpdate":null}})",
-        "{" + good + R"(,"bad":{"f":1e999,"lastUpdate":1}})",
-        "{" + good + R"(,"bad":3})",
-    };
-    for (const QByteArray& content : damaged) {
-        write(u"frecency.json", content);
+TEST_F(RankingStoreTest, DamagedFilesAreDroppedAsAWhole) {
+    const QByteArray good = R"({"good":{"f":2.5,"lastUpdate":785000000})";
+    for (const char* const rest :
+         {"} x", R"(,"bad":{"f":1}})", R"(,"bad":{"lastUpdate":1}})",
+          R"(,"bad":{"f":1,"lastUpdate":1,"extra":1}})", R"(,"bad":{"f":"1","lastUpdate":1}})",
+          R"(,"bad":{"f":true,"lastUpdate":1}})", R"(,"bad":{"f":1,"lastUpdate":null}})",
+          R"(,"bad":{"f":1e999,"lastUpdate":1}})", R"(,"bad":3})"}) {
+        write(u"frecency.json", good + rest);
         FrecencyStore store(directory());
-        EXPECT_TRUE(store.entries().isEmpty()) << content.constData();
+        EXPECT_TRUE(store.entries().isEmpty()) << rest;
         const QStringList lines = log.take();
-        ASSERT_EQ(lines.size(), 1) << content.constData();
-        EXPECT_TRUE(lines[0].startsWith(QStringLiteral("Quorvantel: ")));
+        ASSERT_EQ(lines.size(), 1) << rest;
+        EXPECT_TRUE(lines[0].startsWith(u"Quorvantel: "_s));
 
-        EXPECT_EQ(read(u"frecency.json"), content);
+        EXPECT_EQ(read(u"frecency.json"), good + rest);
         store.record(mail, now);
         EXPECT_EQ(FrecencyStore(directory()).entries().keys(), QStringList(mail));
     }
-    write(u"frecency.json", "{" + good + "}");
-    EXPECT_EQ(FrecencyStore(directory()).entries()[QStringLiteral("good")],
-              (FrecencyEntry{2.5, now}));
-}
+    write(u"frecency.json", good + "}");
+    EXPECT_EQ(FrecencyStore(directory()).entries()[u"good"_s], (FrecencyEntry{2.5, now}));
 
-TEST_F(RankingStoreTest, DamagedAssociationsAreDroppedAsAWhole) {
-    const QByteArray good = R"("ch":{"good":{"weight":2.5,"lastUpdate":785000000.0}})";
-    const QByteArray damaged[] = {
-        "[]",
-        "{" + good + R"(,"ma":[]})",
-        "{" + good + R"(,"ma":{"bad":{"f":1,"lastUpdate":1}}})",
-        "{" + good + R"(,"ma":{"bad":{"weight":1,"lastUpdate":1,"extra":1}}})",
-        "{" + good + R"(,"ma":{"bad":{"weight":1,"lastUpdate":"1"}}})",
-    };
-    for (const QByteArray& content : damaged) {
+    const QByteArray goodPick = R"({"ch":{"good":{"weight":2.5,"lastUpdate":785000000}})";
+    for (const QByteArray& content :
+         QByteArrayList{"", "null", "[]", goodPick + R"(,"ma":[]})",
+                        goodPick + R"(,"ma":{"bad":{"f":1,"lastUpdate":1}}})",
+                        goodPick + R"(,"ma":{"bad":{"weight":1,"lastUpdate":1,"extra":1}}})",
+                        goodPick + R"(,"ma":{"bad":{"weight":1,"lastUpdate":"1"}}})"}) {
         write(u"abbreviations.json", content);
         EXPECT_TRUE(LearnedAbbreviationStore(directory()).table().isEmpty()) << content.constData();
         EXPECT_EQ(log.take().size(), 1) << content.constData();
     }
-    write(u"abbreviations.json", "{" + good + R"(,"empty":{}})");
-    EXPECT_EQ(LearnedAbbreviationStore(directory())
-                  .boost(QStringLiteral("ch"), QStringLiteral("good"), now),
-              2.5 * 1.5);
+    write(u"abbreviations.json", goodPick + R"(,"empty":{}})");
+    EXPECT_EQ(LearnedAbbreviationStore(directory()).boost(u"ch"_s, u"good"_s, now), 2.5 * 1.5);
 }
 
 TEST_F(RankingStoreTest, StartsEmptyFromWhatIsNoFile) {
-    ASSERT_TRUE(QDir().mkpath(directory()));
-    ASSERT_EQ(::mkfifo(qPrintable(path(u"frecency.json")), 0600), 0);
     write(u"abbreviations.json", "{");
+    makeFifo(path(u"frecency.json"));
     ASSERT_EQ(::truncate(qPrintable(path(u"abbreviations.json")), off_t{1} << 40), 0);
 
     EXPECT_TRUE(FrecencyStore(directory()).entries().isEmpty());
@@ -198,13 +167,13 @@ TEST_F(RankingStoreTest, StateWithoutAJsonFormIsNotWritten) {
     FrecencyStore frecency(directory());
     LearnedAbbreviationStore learned(directory());
     frecency.record(mail, now);
-    learned.learn(QStringLiteral("ml"), mail, now);
+    learned.learn(u"ml"_s, mail, now);
     const QByteArray launches = read(u"frecency.json");
     const QByteArray picks = read(u"abbreviations.json");
     const double longAgo = -1e12;
     // So far back that the old weight, seen from then, exceeds all numbers.
     frecency.record(mail, longAgo);
-    learned.learn(QStringLiteral("ml"), mail, longAgo);
+    learned.learn(u"ml"_s, mail, longAgo);
 
     EXPECT_TRUE(std::isinf(frecency.entries()[mail].f));
     EXPECT_EQ(read(u"frecency.json"), launches);

@@ -9,6 +9,8 @@
 namespace quorvantel {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 TEST(TextFoldingTest, DropsCaseAndMarks) {
     const struct {
         QStringView text;
@@ -40,7 +42,7 @@ TEST(TextFoldingTest, DropsCaseAndMarks) {
 }
 
 TEST(TextFoldingTest, SurvivesLoneSurrogates) {
-    const QString broken = QChar(0xDE00) + QStringLiteral("É") + QChar(0xD83D);
+    const QString broken = QChar(0xDE00) + u"É"_s + QChar(0xD83D);
     EXPECT_EQ(unicodeScalars(broken), U"\uFFFDÉ\uFFFD");
     EXPECT_EQ(foldedScalars(broken), U"\uFFFDe\uFFFD");
 }
