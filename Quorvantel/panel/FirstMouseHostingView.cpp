@@ -37,15 +37,17 @@ void FirstMouseHostingView::mousePressEvent(QMouseEvent* event) {
 }
 
 void FirstMouseHostingView::mouseMoveEvent(QMouseEvent* event) {
-    if (!m_grip) {
+    if (!m_grip || !event->buttons().testFlag(Qt::LeftButton)) {
         return;
     }
     const QPoint position = event->globalPosition().toPoint();
     Q_EMIT dragged(position - std::exchange(*m_grip, position));
 }
 
-void FirstMouseHostingView::mouseReleaseEvent(QMouseEvent* /*event*/) {
-    m_grip.reset();
+void FirstMouseHostingView::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) {
+        endDrag();
+    }
 }
 
 } // namespace quorvantel

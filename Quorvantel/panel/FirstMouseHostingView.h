@@ -27,6 +27,9 @@ public:
     /// Whether the panel is shown; the hosting view itself stays shown inside a hidden panel.
     bool isOnScreen() const { return m_panel.isVisible(); }
 
+    /// Whatever the mouse does next is no part of a drag that has begun.
+    void endDrag() { m_grip.reset(); }
+
 Q_SIGNALS:
     /// The user dragged the background by this step.
     void dragged(QPoint step);

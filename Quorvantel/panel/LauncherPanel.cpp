@@ -38,7 +38,6 @@ LauncherPanel::LauncherPanel(LauncherView* view, const platform::PanelHost& host
     : m_backdrop(backdrop),
       m_hostingView(view, prepared(*this, host)),
       m_shadow(host.windowFlags()) {
-    m_hostingView.windowHandle()->installEventFilter(this);
     connect(&m_hostingView, &FirstMouseHostingView::dragged, this, [this](QPoint step) {
         setFrame(m_frame.translated(step));
         Q_EMIT dragged();
@@ -46,7 +45,7 @@ LauncherPanel::LauncherPanel(LauncherView* view, const platform::PanelHost& host
     connect(view, &LauncherView::translucencyChanged, this, &LauncherPanel::fitBlur);
     // The native windows exist from now on, so that showing the panel creates nothing.
     create();
-    m_shadow.winId();
+    m_shadow.create();
     setFrame({0, 0, static_cast<int>(PanelPlacement::width),
               static_cast<int>(PanelPlacement::initialHeight)});
     // Drawn once unseen, the panel has its fonts and symbols at hand when it is first summoned.
@@ -69,13 +68,6 @@ QAccessibleInterface* LauncherPanel::accessibleRoot() const {
         const_cast<FirstMouseHostingView*>(&m_hostingView));
 }
 
-bool LauncherPanel::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Expose) {
-        endFirstFrame();
-    }
-    return QWindow::eventFilter(watched, event);
-}
-
 void LauncherPanel::closeEvent(QCloseEvent* event) {
     Q_EMIT closing();
     // A closed QWindow loses its native windows, which the next showing would miss.
@@ -87,20 +79,31 @@ void LauncherPanel::showEvent(QShowEvent* event) {
     m_hostingView.view().setBlurAvailable(m_isComposited && m_backdrop.offersBlur());
     fitBackdrop();
     m_awaitsFirstFrame = true;
-    m_shadow.setVisible(m_isComposited && !m_backdrop.castsShadows());
     QWindow::showEvent(event);
 }
 
+void LauncherPanel::exposeEvent(QExposeEvent* event) {
+    QWindow::exposeEvent(event);
+    endFirstFrame();
+}
+
 void LauncherPanel::hideEvent(QHideEvent* event) {
+    m_hostingView.endDrag();
     m_shadow.hide();
     QWindow::hideEvent(event);
     endFirstFrame();
 }
 
 void LauncherPanel::endFirstFrame() {
-    if (std::exchange(m_awaitsFirstFrame, false)) {
-        Q_EMIT firstFrameDrawn();
+    if (!std::exchange(m_awaitsFirstFrame, false)) {
+        return;
     }
+    if (isVisible() && m_isComposited && !m_backdrop.castsShadows()) {
+        // Later than the panel, which it is not to delay, and yet behind it.
+        m_shadow.show();
+        raise();
+    }
+    Q_EMIT firstFrameDrawn();
 }
 
 void LauncherPanel::fitBackdrop() {

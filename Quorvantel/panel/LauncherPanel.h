@@ -33,11 +33,10 @@ public:
     bool awaitsFirstFrame() const { return m_awaitsFirstFrame; }
 
     QAccessibleInterface* accessibleRoot() const override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
-    /// The first frame since the panel was shown has been drawn, or will not be since it is hidden
-    /// again.
+    /// The first frame since the panel was shown is being drawn, and will have been once the event
+    /// loop is next reached; or will not be since the panel is hidden again.
     void firstFrameDrawn();
 
     /// The user has dragged the panel to another place.
@@ -48,6 +47,7 @@ Q_SIGNALS:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void exposeEvent(QExposeEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void showEvent(QShowEvent* event) override;
 

@@ -1,6 +1,7 @@
 #include "panel/LauncherPanelController.h"
 
-#include <QWindow>
+#include <QGuiApplication>
+#include <QScreen>
 
 #include <utility>
 
@@ -23,6 +24,13 @@ LauncherPanelController::LauncherPanelController(LauncherView* view, platform::P
             hide();
         }
     });
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, &LauncherPanelController::watchScreen);
+    // Queued, since the screen is still in the list.
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this,
+            &LauncherPanelController::screensChanged, Qt::QueuedConnection);
+    for (const QScreen* const screen : QGuiApplication::screens()) {
+        watchScreen(screen);
+    }
 }
 
 LauncherPanelController::~LauncherPanelController() {
@@ -81,6 +89,20 @@ void LauncherPanelController::updateHeight(double height) {
 
 void LauncherPanelController::setFrame(const QRectF& frame) {
     m_panel.setFrame(m_screens.toWindowGeometry(frame));
+}
+
+void LauncherPanelController::watchScreen(const QScreen* screen) {
+    connect(screen, &QScreen::geometryChanged, this, &LauncherPanelController::screensChanged);
+}
+
+void LauncherPanelController::screensChanged() {
+    if (!isVisible() || m_screens.all().empty()) {
+        return;
+    }
+    const double height = m_panel.frame().height();
+    m_targetScreen = currentTargetScreen();
+    m_placement.show(m_screens.all(), m_targetScreen);
+    setFrame(m_placement.resize(height, m_targetScreen));
 }
 
 platform::Screen LauncherPanelController::currentTargetScreen() const {

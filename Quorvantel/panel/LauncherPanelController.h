@@ -13,10 +13,12 @@
 #include <functional>
 #include <memory>
 
+class QScreen;
+
 namespace quorvantel {
 
 /// Owns the launcher panel: shows it on the screen under the mouse, sizes it, remembers where the
-/// user dragged it, and hides it on a click elsewhere.
+/// user dragged it, places it anew when the screens change, and hides it on a click elsewhere.
 ///
 /// The panel is created once and kept, so that showing it creates nothing. Showing never activates
 /// the launcher; the application in front stays in front.
@@ -52,6 +54,8 @@ public:
 
 private:
     void setFrame(const QRectF& frame);
+    void watchScreen(const QScreen* screen);
+    void screensChanged();
     platform::Screen currentTargetScreen() const;
     void panelDragged();
 

@@ -4,6 +4,7 @@
 #include "panel/LauncherLayout.h"
 
 #include <QPainter>
+#include <QSurfaceFormat>
 
 #include <array>
 #include <utility>
@@ -17,6 +18,8 @@ namespace {
 constexpr int reach = 36;
 constexpr int fall = 10;
 constexpr double darkness = 0.34;
+
+constexpr int alphaBits = 8;
 
 /// Three box blurs come close to a Gaussian one; together they reach three radii far.
 constexpr int blurPasses = 3;
@@ -110,11 +113,12 @@ QImage panelShadowImage(const QSize& panel, qreal scale) {
     return shadow;
 }
 
-PanelShadow::PanelShadow(Qt::WindowFlags flags)
-    : QWidget(nullptr, flags | Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus) {
-    setAttribute(Qt::WA_TranslucentBackground);
-    setAttribute(Qt::WA_ShowWithoutActivating);
-    setWindowTitle(QStringLiteral("Quorvantel Shadow"));
+PanelShadow::PanelShadow(Qt::WindowFlags flags) {
+    QSurfaceFormat format = requestedFormat();
+    format.setAlphaBufferSize(alphaBits);
+    setFormat(format);
+    setFlags(flags | Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus);
+    setTitle(QStringLiteral("Quorvantel Shadow"));
 }
 
 void PanelShadow::surround(const QRect& panel) {
@@ -124,18 +128,19 @@ void PanelShadow::surround(const QRect& panel) {
 void PanelShadow::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
-    const QSize panel = rect().marginsRemoved(margins).size();
+    const QRect frame(QPoint(), size());
+    const QSize panel = frame.marginsRemoved(margins).size();
     const int smallest = 2 * corner + 2 - margins.top() - margins.bottom();
     if (panel.height() < smallest) {
         // A low panel has no straight edges at its sides.
         painter.drawImage(QPoint(), stencil(panel));
     } else {
-        drawNineParts(painter, stencil(QSize(smallest, smallest)), rect());
+        drawNineParts(painter, stencil(QSize(smallest, smallest)), frame);
     }
 }
 
 const QImage& PanelShadow::stencil(const QSize& panel) {
-    const qreal scale = devicePixelRatioF();
+    const qreal scale = devicePixelRatio();
     if (m_stencilScale != scale) {
         m_stencils.clear();
         m_stencilScale = scale;

@@ -2,13 +2,13 @@
 
 #include <QHash>
 #include <QImage>
-#include <QWidget>
+#include <QRasterWindow>
 
 namespace quorvantel {
 
 /// The soft shadow around the panel: a window of its own behind it, which takes no clicks. A window
 /// apart keeps the panel's own frame exact; it only makes sense on a composited desktop.
-class PanelShadow : public QWidget {
+class PanelShadow : public QRasterWindow {
     Q_OBJECT
 
 public:

@@ -81,11 +81,17 @@ QRect ResultListView::rowRect(int row) const {
 }
 
 void ResultListView::leaveEvent(QEvent* /*event*/) {
+    m_pointer.reset();
     setHoveredRow(-1);
 }
 
 void ResultListView::mouseMoveEvent(QMouseEvent* event) {
-    const int row = rowAt(event->position().toPoint());
+    pointAt(event->position().toPoint());
+}
+
+void ResultListView::pointAt(const QPoint& point) {
+    m_pointer = point;
+    const int row = rowAt(point);
     const bool hasEntered = row != m_hoveredRow && row >= 0;
     setHoveredRow(row);
     if (hasEntered) {
@@ -119,10 +125,16 @@ void ResultListView::resizeEvent(QResizeEvent* /*event*/) {
 
 void ResultListView::wheelEvent(QWheelEvent* event) {
     m_scrolling.stop();
-    const int points = event->pixelDelta().isNull()
-                           ? event->angleDelta().y() * pointsPerWheelStep / unitsPerWheelStep
-                           : event->pixelDelta().y();
+    int points = event->pixelDelta().y();
+    if (event->pixelDelta().isNull()) {
+        // Fine wheels and touchpads turn by a fraction of a point at a time.
+        m_wheelRemainder += event->angleDelta().y() * pointsPerWheelStep;
+        points = m_wheelRemainder / unitsPerWheelStep;
+        m_wheelRemainder %= unitsPerWheelStep;
+    }
+    m_pointer.reset();
     scrollTo(m_scrollOffset - points);
+    pointAt(event->position().toPoint());
     event->accept();
 }
 
@@ -132,6 +144,9 @@ int ResultListView::maximumOffset() const {
 
 void ResultListView::scrollTo(int offset) {
     m_scrollOffset = std::clamp(offset, 0, maximumOffset());
+    if (m_pointer) {
+        m_hoveredRow = rowAt(*m_pointer);
+    }
     bindRows();
 }
 

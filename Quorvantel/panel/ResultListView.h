@@ -8,6 +8,7 @@
 #include <QVariantAnimation>
 #include <QWidget>
 
+#include <optional>
 #include <vector>
 
 namespace quorvantel {
@@ -66,6 +67,7 @@ protected:
 private:
     int maximumOffset() const;
     void scrollTo(int offset);
+    void pointAt(const QPoint& point);
     void setHoveredRow(int row);
     void bindRows();
     ResultRowView& rowView(std::size_t slot);
@@ -79,6 +81,10 @@ private:
     int m_hoveredRow = -1;
     int m_pressedRow = -1;
     int m_scrollOffset = 0;
+    /// Where the pointer is inside this widget; absent while it is elsewhere.
+    std::optional<QPoint> m_pointer;
+    /// What the wheel was turned without coming to a whole point yet, in points times units.
+    int m_wheelRemainder = 0;
     QVariantAnimation m_scrolling;
 };
 

@@ -72,9 +72,32 @@ TEST_F(PlacementTest, StaysWhereItWasDraggedUntilThatScreenIsGone) {
     EXPECT_TRUE(waitForPanel({640, 340, 640, 56})) << "although the mouse is on the other screen";
     dismiss();
 
-    setMonitors(session.display(), {QRect(0, 0, 640, 700)});
     session.summon();
-    EXPECT_TRUE(waitForPanel({0, 340, 640, 56})) << "clamped into the screen that is left";
+    session.search("zinc", 1);
+    setMonitors(session.display(), {QRect(0, 0, 640, 700)});
+    EXPECT_TRUE(waitForPanel({0, 340, 640, 117})) << "clamped into the screen that is left";
+    dismiss();
+    session.summon();
+    EXPECT_TRUE(waitForPanel({0, 340, 640, 56}));
+}
+
+TEST_F(PlacementTest, OnlyTheHeldLeftButtonDrags) {
+    setMonitors(session.display(), {QRect(0, 0, 1200, 800)});
+    session.start();
+    session.summon();
+    const QPoint grip = session.panel()->topLeft() + QPoint(30, 28);
+    session.pointer().moveTo(grip);
+    session.pointer().hold();
+    session.pointer().moveTo(grip + QPoint(0, 40));
+    EXPECT_TRUE(waitForPanel({280, 200, 640, 56}));
+    dismiss();
+    session.pointer().release();
+
+    session.summon();
+    session.pointer().moveTo(session.panel()->topLeft() + QPoint(30, 28));
+    session.pointer().moveTo(session.panel()->topLeft() + QPoint(90, 20));
+    session.search("zinc", 1);
+    EXPECT_TRUE(waitForPanel({280, 200, 640, 117}));
 }
 
 TEST_F(PlacementTest, MeasuresInPointsOnAScreenOfTwicePixels) {

@@ -119,6 +119,7 @@ TEST_F(LauncherViewTest, OnlyAMovingMouseSelects) {
 
 TEST_F(LauncherViewTest, TheWheelBringsAnotherRowUnderTheMouse) {
     type(QStringLiteral("app"));
+    QCoreApplication::processEvents();
     moveMouseToRow(3, screens.mouse + QPointF(0, 1));
     ASSERT_EQ(view.selectedIndex(), 3);
     const auto turn = [this](int units) {
