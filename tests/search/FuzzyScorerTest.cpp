@@ -65,24 +65,6 @@ TEST(FuzzyScorerTest, PrefersStartsOfWordsAndRuns) {
     EXPECT_EQ(FuzzyScorer::score(u"a", u"bca"), -0.005 * 2 + 0.0);
 }
 
-TEST(FuzzyScorerTest, MatchesLettersInOrderWhateverTheirCaseAndMarks) {
-    EXPECT_EQ(FuzzyScorer::match(u"", u""), (FuzzyMatch{0.0, {}}));
-    EXPECT_EQ(FuzzyScorer::match(u"", u"anything"), (FuzzyMatch{0.0, {}}));
-    EXPECT_EQ(FuzzyScorer::match(u"é", u"E"), (FuzzyMatch{0.9, {0}}));
-    // Nothing but a mark: no letters to place, yet not the empty query either.
-    EXPECT_EQ(FuzzyScorer::match(u"\u0301", u"ab"), (FuzzyMatch{-0.005 * 2, {}}));
-
-    EXPECT_FALSE(FuzzyScorer::match(u"mails", u"mail"));
-    EXPECT_FALSE(FuzzyScorer::match(u"am", u"ma"));
-    EXPECT_FALSE(FuzzyScorer::score(u"aa", u"a"));
-    EXPECT_FALSE(FuzzyScorer::score(u"a", u""));
-}
-
-TEST(FuzzyScorerTest, KeyThatGrowsWhenFoldedHasNoBonusBeyondItsEnd) {
-    EXPECT_EQ(FuzzyScorer::match(u"i", u"ﬁ"), (FuzzyMatch{-0.005 * 1 + 0.0, {1}}));
-    EXPECT_TRUE(FuzzyScorer::match(u"ffiffiffi", u"ﬃﬃﬃ"));
-}
-
 TEST(FuzzyScorerTest, LetterMaskNeverRejectsAContainedText) {
     std::mt19937 random(0x5eed);
     for (int round = 0; round < 2'000; ++round) {
