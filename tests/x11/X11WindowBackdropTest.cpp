@@ -1,6 +1,7 @@
 #include "platform/linux/x11/X11WindowBackdrop.h"
 
 #include "support/ChildProcess.h"
+#include "support/CompositingManager.h"
 #include "support/WaitUntil.h"
 #include "support/XConnection.h"
 
@@ -16,38 +17,11 @@ namespace quorvantel::platform {
 namespace {
 
 using testing::ChildProcess;
+using testing::CompositingManager;
 using testing::waitUntil;
 using testing::XConnection;
 
 const QByteArray blurRegion = QByteArrayLiteral("_KDE_NET_WM_BLUR_BEHIND_REGION");
-
-/// A client that says that it is the compositing manager, and no more.
-class CompositingManager {
-public:
-    CompositingManager() : m_window(xcb_generate_id(m_connection.get())) {
-        xcb_create_window(m_connection.get(), XCB_COPY_FROM_PARENT, m_window, m_connection.root(),
-                          0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0,
-                          nullptr);
-        xcb_set_selection_owner(m_connection.get(), m_window, m_connection.atom("_NET_WM_CM_S0"),
-                                XCB_CURRENT_TIME);
-        m_connection.synchronize();
-    }
-
-    void offerBlur() {
-        xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, m_connection.root(),
-                            m_connection.atom(blurRegion), XCB_ATOM_CARDINAL, 32, 0, nullptr);
-        m_connection.synchronize();
-    }
-
-    void withdrawBlur() {
-        xcb_delete_property(m_connection.get(), m_connection.root(), m_connection.atom(blurRegion));
-        m_connection.synchronize();
-    }
-
-private:
-    XConnection m_connection;
-    xcb_window_t m_window;
-};
 
 /// How many requests the program's own connection sends meanwhile.
 unsigned int requestsDuring(const std::function<void()>& action) {
