@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace quorvantel::platform {
 
@@ -25,14 +26,18 @@ bool isInstalled(QStringView theme) {
     });
 }
 
-QPixmap centred(const QImage& image, int pixels, qreal scale) {
+/// The image as large as fits into a square of `pixels`, in the middle of it.
+QPixmap fitted(const QImage& image, int pixels, qreal scale) {
     if (image.isNull()) {
         return {};
     }
+    QImage content =
+        image.scaled(QSize(pixels, pixels), Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    content.setDevicePixelRatio(1);
     QImage canvas(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
     canvas.fill(Qt::transparent);
     QPainter painter(&canvas);
-    painter.drawImage((pixels - image.width()) / 2, (pixels - image.height()) / 2, image);
+    painter.drawImage((pixels - content.width()) / 2, (pixels - content.height()) / 2, content);
     painter.end();
     canvas.setDevicePixelRatio(scale);
     return QPixmap::fromImage(canvas);
@@ -49,36 +54,35 @@ QPixmap loadFile(const QString& path, int points, qreal scale) {
         return {};
     }
     const int pixels = qRound(points * scale);
-    const QSize box(pixels, pixels);
     const bool isVector = reader.format() == "svg" || reader.format() == "svgz";
     if (isVector && !size.isEmpty()) {
-        reader.setScaledSize(size.scaled(box, Qt::KeepAspectRatio));
-        return centred(reader.read(), pixels, scale);
+        reader.setScaledSize(size.scaled(pixels, pixels, Qt::KeepAspectRatio));
     }
-    const QImage image = reader.read();
-    if (image.isNull()) {
-        return {};
-    }
-    return centred(image.scaled(box, Qt::KeepAspectRatio, Qt::SmoothTransformation), pixels, scale);
+    return fitted(reader.read(), pixels, scale);
 }
 
-QPixmap loadThemeIcon(const QString& name, int points, qreal scale) {
-    const QIcon icon = QIcon::fromTheme(name);
-    if (icon.isNull()) {
-        return {};
-    }
-    const QPixmap pixmap = icon.pixmap(QSize(points, points), scale);
-    if (pixmap.isNull()) {
-        return {};
-    }
+/// The image of a theme's icon that is nearest to a size, at least that large if there is one.
+///
+/// QIcon itself gives the nearest whether smaller or larger, and a small one would be blurred when
+/// it is enlarged.
+QImage sharpestImage(const QIcon& icon, int points, qreal scale) {
     const int pixels = qRound(points * scale);
-    const QImage image = pixmap.toImage();
-    if (image.width() == pixels && image.height() == pixels) {
-        return pixmap;
+    const auto reaches = [pixels](const QImage& image) {
+        return std::max(image.width(), image.height()) >= pixels;
+    };
+    QImage best = icon.pixmap(QSize(points, points), scale).toImage();
+    QList<QSize> sizes = icon.availableSizes();
+    std::ranges::sort(sizes, {}, &QSize::width);
+    for (const QSize& size : std::as_const(sizes)) {
+        if (reaches(best)) {
+            break;
+        }
+        if (size.width() > points) {
+            const QImage larger = icon.pixmap(size, scale).toImage();
+            best = larger.width() > best.width() ? larger : best;
+        }
     }
-    return centred(
-        image.scaled(QSize(pixels, pixels), Qt::KeepAspectRatio, Qt::SmoothTransformation), pixels,
-        scale);
+    return best;
 }
 
 } // namespace
@@ -97,7 +101,8 @@ QPixmap IconThemeImageLoader::load(const Image& image, int points, qreal scale) 
     case Image::Source::File:
         return loadFile(image.name, points, scale);
     case Image::Source::IconTheme:
-        return loadThemeIcon(image.name, points, scale);
+        return fitted(sharpestImage(QIcon::fromTheme(image.name), points, scale),
+                      qRound(points * scale), scale);
     case Image::Source::Symbol:
         return loadFile(QStringLiteral(":/symbols/%1.svg").arg(image.name), points, scale);
     }

@@ -1,0 +1,131 @@
+#include "platform/linux/gui/IconThemeImageLoader.h"
+
+#include <QDir>
+#include <QFile>
+#include <QIcon>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+namespace quorvantel::platform {
+namespace {
+
+constexpr int iconSize = 28;
+
+void write(const QString& path, const QByteArray& content) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
+        throw std::runtime_error("cannot write an icon");
+    }
+}
+
+QColor colorOfSize(int pixels) {
+    return QColor::fromHsv(pixels * 2, 255, 255);
+}
+
+/// An icon theme on disk, with the current directories of the Icon Theme Specification.
+class IconThemeImageLoaderTest : public ::testing::Test {
+protected:
+    IconThemeImageLoaderTest() {
+        QByteArray index = "[Icon Theme]\nName=Sizes\nComment=\nDirectories=";
+        QByteArray sections;
+        for (const int size : {48, 32, 24}) {
+            const QByteArray name = QByteArray::number(size);
+            index += name + ",";
+            sections += "\n[" + name + "]\nSize=" + name + "\nType=Fixed\n";
+            QDir().mkpath(path(QString::fromLatin1(name)));
+        }
+        QDir().mkpath(path(QStringLiteral("vectors")));
+        sections += "\n[vectors]\nSize=64\nMinSize=8\nMaxSize=512\nType=Scalable\n";
+        write(path(QStringLiteral("index.theme")), index + "vectors\n" + sections);
+        QIcon::setThemeSearchPaths({directory.path()});
+        QIcon::setThemeName(QStringLiteral("sizes"));
+    }
+
+    QString path(const QString& name) const {
+        return directory.filePath(QStringLiteral("sizes/") + name);
+    }
+
+    /// Gives the theme an image of one colour, which tells its size.
+    void addImage(const QString& icon, int pixels) {
+        QImage image(pixels, pixels, QImage::Format_ARGB32);
+        image.fill(colorOfSize(pixels));
+        image.save(path(QStringLiteral("%1/%2.png").arg(pixels).arg(icon)));
+    }
+
+    QImage load(const QString& icon, qreal scale) {
+        const QPixmap pixmap = loader.load(Image::iconTheme(icon), iconSize, scale);
+        EXPECT_EQ(pixmap.size(), QSize(iconSize, iconSize) * scale);
+        EXPECT_EQ(pixmap.devicePixelRatio(), scale);
+        return pixmap.toImage().convertToFormat(QImage::Format_ARGB32);
+    }
+
+    static bool isFilled(const QImage& image, const QColor& color) {
+        QImage expected(image.size(), QImage::Format_ARGB32);
+        expected.setDevicePixelRatio(image.devicePixelRatio());
+        expected.fill(color);
+        return image == expected;
+    }
+
+    QTemporaryDir directory;
+    IconThemeImageLoader loader;
+};
+
+TEST_F(IconThemeImageLoaderTest, TheNextLargerImageFillsTheFrameAtEveryScale) {
+    for (const int size : {24, 32, 48}) {
+        addImage(QStringLiteral("app"), size);
+    }
+    EXPECT_TRUE(isFilled(load(QStringLiteral("app"), 1), colorOfSize(32)));
+    EXPECT_TRUE(isFilled(load(QStringLiteral("app"), 1.5), colorOfSize(48)));
+    // There is none of 56 pixels.
+    EXPECT_TRUE(isFilled(load(QStringLiteral("app"), 2), colorOfSize(48)));
+    addImage(QStringLiteral("small"), 24);
+    EXPECT_TRUE(isFilled(load(QStringLiteral("small"), 1), colorOfSize(24)));
+    EXPECT_TRUE(isFilled(load(QStringLiteral("small"), 2), colorOfSize(24)));
+}
+
+TEST_F(IconThemeImageLoaderTest, AVectorImageIsDrawnInTheVerySize) {
+    for (const int size : {24, 32, 48}) {
+        addImage(QStringLiteral("app"), size);
+    }
+    write(path(QStringLiteral("vectors/app.svg")),
+          "<svg xmlns='http://www.w3.org/2000/svg' width='28' height='28'>"
+          "<rect width='28' height='14' fill='#fff'/></svg>");
+    for (const qreal scale : {1.0, 1.5, 2.0}) {
+        const QImage image = load(QStringLiteral("app"), scale);
+        const int half = image.height() / 2;
+        EXPECT_TRUE(isFilled(image.copy(0, 0, image.width(), half), Qt::white)) << scale;
+        EXPECT_TRUE(isFilled(image.copy(0, half, image.width(), half), Qt::transparent)) << scale;
+    }
+}
+
+TEST_F(IconThemeImageLoaderTest, AnOblongImageIsCentred) {
+    QImage image(48, 24, QImage::Format_ARGB32);
+    image.fill(Qt::red);
+    image.save(path(QStringLiteral("48/wide.png")));
+    const QString file = path(QStringLiteral("wide.png"));
+    image.save(file);
+    for (const qreal scale : {1.0, 2.0}) {
+        const QImage fromTheme = load(QStringLiteral("wide"), scale);
+        const int quarter = fromTheme.height() / 4;
+        EXPECT_TRUE(isFilled(fromTheme.copy(0, 0, fromTheme.width(), quarter), Qt::transparent));
+        EXPECT_TRUE(isFilled(fromTheme.copy(0, quarter, fromTheme.width(), 2 * quarter), Qt::red));
+        const QPixmap fromFile = loader.load(Image::file(file), iconSize, scale);
+        EXPECT_EQ(fromFile.toImage().convertToFormat(QImage::Format_ARGB32), fromTheme);
+    }
+}
+
+TEST_F(IconThemeImageLoaderTest, WhatIsNoIconGivesNone) {
+    write(path(QStringLiteral("broken.png")), "no picture");
+    QImage(2049, 1, QImage::Format_Mono).save(path(QStringLiteral("huge.png")));
+    EXPECT_TRUE(loader.load(Image::iconTheme(QStringLiteral("absent")), iconSize, 1).isNull());
+    for (const char* const name : {"broken.png", "huge.png", "absent.png", "24"}) {
+        const auto file = Image::file(path(QString::fromLatin1(name)));
+        EXPECT_TRUE(loader.load(file, iconSize, 1).isNull()) << name;
+    }
+}
+
+} // namespace
+} // namespace quorvantel::platform
