@@ -21,6 +21,9 @@ FirstMouseHostingView::FirstMouseHostingView(LauncherView* view, QWindow& panel)
     winId();
     windowHandle()->setParent(&panel);
     move(0, 0);
+    // The same points are other pixels on a screen of another scale.
+    connect(windowHandle(), &QWindow::screenChanged, this,
+            [this] { windowHandle()->setGeometry(geometry()); });
     // Of itself Qt looks for the active widget among the top-level windows only.
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow* focused) {
         if (focused == windowHandle()) {

@@ -43,6 +43,8 @@ LauncherPanel::LauncherPanel(LauncherView* view, const platform::PanelHost& host
         Q_EMIT dragged();
     });
     connect(view, &LauncherView::translucencyChanged, this, &LauncherPanel::fitBlur);
+    // The same points are other pixels on a screen of another scale.
+    connect(this, &QWindow::screenChanged, this, &LauncherPanel::fitBackdrop);
     // The native windows exist from now on, so that showing the panel creates nothing.
     create();
     m_shadow.create();

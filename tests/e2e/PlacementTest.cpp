@@ -16,7 +16,10 @@ const QString zinc = QStringLiteral("zinc");
 class PlacementTest : public ::testing::Test {
 protected:
     PlacementTest() { session.addApplication(zinc, QStringLiteral("Zinc")); }
-    ~PlacementTest() override { qunsetenv("QT_SCALE_FACTOR"); }
+    ~PlacementTest() override {
+        qunsetenv("QT_SCALE_FACTOR");
+        qunsetenv("QT_SCREEN_SCALE_FACTORS");
+    }
 
     void dismiss() {
         session.keyboard().press({XK_Escape});
@@ -110,6 +113,20 @@ TEST_F(PlacementTest, MeasuresInPointsOnAScreenOfTwicePixels) {
     };
     EXPECT_TRUE(waitUntil(
         [&] { return std::ranges::any_of(session.desktop().overrideRedirectWindows(), isPanel); }));
+}
+
+TEST_F(PlacementTest, FillsThePanelOnAScreenOfAnotherScale) {
+    qputenv("QT_SCREEN_SCALE_FACTORS", "1;2");
+    setMonitors(session.display(), {QRect(0, 0, 640, 700), QRect(640, 0, 640, 720)});
+    session.start();
+    session.pointer().moveTo({1000, 600});
+    session.pressDefaultHotKey();
+    const auto pixel = [this](QPoint point) {
+        return session.desktop().screenshot(QRect(point, QSize(1, 1))).pixel(0, 0);
+    };
+    const QRgb desktop = pixel({1200, 600});
+    EXPECT_TRUE(waitUntil([&] { return pixel({1200, 230}) != desktop; })) << "its lower half";
+    EXPECT_EQ(pixel({1200, 230}), pixel({1200, 170}));
 }
 
 } // namespace
