@@ -45,11 +45,13 @@ LauncherPanel::LauncherPanel(LauncherView* view, const platform::PanelHost& host
     connect(view, &LauncherView::translucencyChanged, this, &LauncherPanel::fitBlur);
     // The same points are other pixels on a screen of another scale.
     connect(this, &QWindow::screenChanged, this, &LauncherPanel::fitBackdrop);
+    connect(&backdrop, &platform::WindowBackdrop::changed, this, &LauncherPanel::followBackdrop);
     // The native windows exist from now on, so that showing the panel creates nothing.
     create();
     m_shadow.create();
     setFrame({0, 0, static_cast<int>(PanelPlacement::width),
               static_cast<int>(PanelPlacement::initialHeight)});
+    followBackdrop();
     // Drawn once unseen, the panel has its fonts and symbols at hand when it is first summoned.
     m_hostingView.grab();
 }
@@ -77,9 +79,6 @@ void LauncherPanel::closeEvent(QCloseEvent* event) {
 }
 
 void LauncherPanel::showEvent(QShowEvent* event) {
-    m_isComposited = m_backdrop.isComposited();
-    m_hostingView.view().setBlurAvailable(m_isComposited && m_backdrop.offersBlur());
-    fitBackdrop();
     m_awaitsFirstFrame = true;
     QWindow::showEvent(event);
 }
@@ -100,23 +99,35 @@ void LauncherPanel::endFirstFrame() {
     if (!std::exchange(m_awaitsFirstFrame, false)) {
         return;
     }
-    if (isVisible() && m_isComposited && !m_backdrop.castsShadows()) {
-        // Later than the panel, which it is not to delay, and yet behind it.
-        m_shadow.show();
-        raise();
-    }
+    fitShadow();
     Q_EMIT firstFrameDrawn();
+}
+
+void LauncherPanel::followBackdrop() {
+    m_hostingView.view().setBlurAvailable(m_backdrop.offersBlur());
+    fitBackdrop();
+    fitShadow();
 }
 
 void LauncherPanel::fitBackdrop() {
     fitBlur();
     // Without a compositor the transparent corners would be black.
-    setMask(m_isComposited ? QRegion() : outline(m_frame.size()));
+    setMask(m_backdrop.isComposited() ? QRegion() : outline(m_frame.size()));
 }
 
 void LauncherPanel::fitBlur() {
     m_backdrop.setBlurBehind(*this, m_hostingView.view().isTranslucent() ? outline(m_frame.size())
                                                                          : QRegion());
+}
+
+void LauncherPanel::fitShadow() {
+    // Later than the panel, which it is not to delay, and yet behind it.
+    const bool isDrawn = isVisible() && !m_awaitsFirstFrame;
+    const bool isWanted = isDrawn && m_backdrop.isComposited() && !m_backdrop.castsShadows();
+    m_shadow.setVisible(isWanted);
+    if (isWanted) {
+        raise();
+    }
 }
 
 } // namespace quorvantel

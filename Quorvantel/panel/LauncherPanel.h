@@ -53,15 +53,15 @@ protected:
 
 private:
     void endFirstFrame();
+    void followBackdrop();
     void fitBackdrop();
     void fitBlur();
+    void fitShadow();
 
     platform::WindowBackdrop& m_backdrop;
     QRect m_frame;
     FirstMouseHostingView m_hostingView;
     PanelShadow m_shadow;
-    /// As of the last showing; asking takes a round trip to the window system.
-    bool m_isComposited = false;
     bool m_awaitsFirstFrame = false;
 };
 
