@@ -23,11 +23,6 @@ constexpr double zoomStep = 1.1;
 constexpr double smallestZoom = 0.6;
 constexpr double largestZoom = 3;
 
-/// A topic's text without its title at the beginning, which a snippet would only repeat.
-QString withoutHeading(const QString& text, const QString& title) {
-    return text.startsWith(title + u'\n') ? text.sliced(title.size() + 1) : text;
-}
-
 bool opensElsewhere(const QUrl& link) {
     const QString scheme = link.scheme();
     return scheme == QStringLiteral("http") || scheme == QStringLiteral("https") ||
@@ -189,8 +184,7 @@ void HelpBrowser::buildIndex() {
     }
     m_index.emplace();
     for (std::size_t i = 0; i < m_content.topics.size(); ++i) {
-        const QString& title = m_content.topics[i].title;
-        m_index->add(title, withoutHeading(render(i)->toPlainText(), title));
+        m_index->add(m_content.topics[i].title, render(i)->toPlainText());
     }
 }
 
@@ -211,19 +205,10 @@ void HelpBrowser::openLink(const QUrl& link) {
     if (!link.scheme().isEmpty() || !link.authority().isEmpty()) {
         return;
     }
-    const auto topic = link.path().isEmpty() ? m_current : topicForFile(link.path());
+    const auto topic = link.path().isEmpty() ? m_current : m_content.topicForFile(link.path());
     if (topic) {
         visit({*topic, link.fragment(QUrl::FullyDecoded)});
     }
-}
-
-std::optional<std::size_t> HelpBrowser::topicForFile(const QString& file) const {
-    const auto topic = std::find_if(
-        m_content.topics.begin(), m_content.topics.end(),
-        [&file](const HelpTopic& candidate) { return candidate.markdownFile == file; });
-    return topic == m_content.topics.end()
-               ? std::nullopt
-               : std::optional(static_cast<std::size_t>(topic - m_content.topics.begin()));
 }
 
 void HelpBrowser::setZoom(double zoom) {

@@ -73,7 +73,6 @@ private:
     void buildIndex();
     void markMatches(bool scrolls);
     void openLink(const QUrl& link);
-    std::optional<std::size_t> topicForFile(const QString& file) const;
     std::unique_ptr<QTextDocument> render(std::size_t topic) const;
     void setZoom(double zoom);
     markdown::MarkdownStyle markdownStyle() const;

@@ -5,12 +5,14 @@
 #include <QHash>
 #include <QStringDecoder>
 
+#include <algorithm>
+
 namespace quorvantel::help {
 
 namespace {
 
-constexpr qint64 maximumManifestSize = 1024 * 1024;
-constexpr qint64 maximumTopicSize = 4 * 1024 * 1024;
+constexpr qint64 maximumManifestSize = qint64{1024} * 1024;
+constexpr qint64 maximumTopicSize = qint64{4} * 1024 * 1024;
 
 /// The key of the topics without a group, which no group's name can be.
 QString ungroupedKey() {
@@ -26,6 +28,12 @@ QString missingFileNote(const HelpTopic& topic) {
 }
 
 } // namespace
+
+std::optional<std::size_t> HelpContent::topicForFile(const QString& markdownFile) const {
+    const auto topic = std::ranges::find(topics, markdownFile, &HelpTopic::markdownFile);
+    return topic == topics.end() ? std::nullopt
+                                 : std::optional(static_cast<std::size_t>(topic - topics.begin()));
+}
 
 HelpContent contentOf(const HelpManifest& manifest) {
     HelpContent content;

@@ -7,6 +7,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 namespace quorvantel::help {
@@ -18,6 +19,9 @@ struct HelpContent {
     std::vector<HelpTopic> topics;
     /// In the order in which the manifest first names them; the topics without a group are one.
     std::vector<HelpTopicGroup> groups;
+
+    /// The index of the topic in a Markdown file; absent when there is none.
+    std::optional<std::size_t> topicForFile(const QString& markdownFile) const;
 
     friend bool operator==(const HelpContent&, const HelpContent&) = default;
 };

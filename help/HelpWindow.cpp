@@ -17,7 +17,7 @@ namespace {
 constexpr QSize initialSize(920, 660);
 constexpr QSize smallestSize(560, 360);
 
-HelpContent contentOf(HelpWindow::Content content) {
+HelpContent loadedContent(HelpWindow::Content content) {
     auto* const loaded = std::get_if<HelpContent>(&content);
     return loaded == nullptr ? HelpContent() : std::move(*loaded);
 }
@@ -28,7 +28,7 @@ HelpWindow::HelpWindow(Content content, HelpBundle bundle, const HelpStyle& styl
     : QWidget(parent, Qt::Window),
       onOpenUrl([](const QUrl& url) { QDesktopServices::openUrl(url); }),
       m_style(style) {
-    HelpContent topics = contentOf(std::move(content));
+    HelpContent topics = loadedContent(std::move(content));
     setWindowTitle(topics.windowTitle.isEmpty() ? tr("Help") : topics.windowTitle);
     setMinimumSize(smallestSize);
     resize(initialSize);

@@ -38,7 +38,8 @@ QString snippetOf(const QString& text, const std::vector<TextRange>& places) {
 } // namespace
 
 void TopicSearch::add(const QString& title, const QString& text) {
-    m_entries.push_back({FoldedText(title), FoldedText(text), text});
+    const QString body = text.startsWith(title + u'\n') ? text.sliced(title.size() + 1) : text;
+    m_entries.push_back({FoldedText(title), FoldedText(body), body});
 }
 
 std::vector<TopicMatch> TopicSearch::find(const QString& query) const {

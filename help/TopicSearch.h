@@ -12,7 +12,8 @@ namespace quorvantel::help {
 /// Finds topics by words in their titles and texts, whatever their case and accents.
 class TopicSearch {
 public:
-    /// Adds the next topic. `text` is what the reader sees, without the markup.
+    /// Adds the next topic. `text` is what the reader sees, without the markup; the title at its
+    /// beginning is left out, as a snippet would only repeat it.
     void add(const QString& title, const QString& text);
 
     /// The topics in which each of the query's words occurs, be it as part of a word, in the order
