@@ -123,9 +123,7 @@ void AppDelegate::registerHotKey(const HotKeyBinding& binding, bool fallbackToDe
 }
 
 void AppDelegate::togglePanel() {
-    if (!m_panelController) {
-        qFatal("Quorvantel: summoned before the start was complete");
-    }
+    requireStarted();
     if (isPanelVisible()) {
         dismissPanel();
         return;
@@ -135,6 +133,7 @@ void AppDelegate::togglePanel() {
 }
 
 void AppDelegate::launch(const LaunchTarget& target) {
+    requireStarted();
     const double now = m_now();
     open(target);
     m_frecency.record(target.id(), now);
@@ -165,6 +164,7 @@ void AppDelegate::dismissPanel() {
 }
 
 void AppDelegate::openSettings() {
+    requireStarted();
     dismissPanel();
     m_settingsWindowController.show(m_learned);
 }
@@ -174,7 +174,14 @@ bool AppDelegate::isPanelVisible() const {
 }
 
 SearchEngine& AppDelegate::engine() {
+    requireStarted();
     return *m_engine;
+}
+
+void AppDelegate::requireStarted() const {
+    if (!m_engine || !m_panelController) {
+        qFatal("Quorvantel: summoned before the start was complete");
+    }
 }
 
 } // namespace quorvantel

@@ -71,6 +71,9 @@ public:
     const LearnedAbbreviationStore& learned() const { return m_learned; }
 
 private:
+    /// Stops the program when a handler runs before the start is complete, which is a fault of its
+    /// own.
+    void requireStarted() const;
     void buildLauncher();
     void reindexIfNeeded(bool force);
     void runIndex();
