@@ -1,5 +1,7 @@
 #include "drawing/ContinuousCorners.h"
 
+#include "drawing/PixelGrid.h"
+
 #include <QColor>
 #include <QPainter>
 
@@ -19,11 +21,18 @@ constexpr double reach = 1.5;
 /// axes; a circular arc does so at 1 − 1/√2.
 constexpr double control = (8 * (1 - 1 / std::numbers::sqrt2) - reach) / 3;
 
-/// How much of an edge a corner takes, up to the next pixel of the device, so that no seam shows at
-/// any scale.
+/// How much of an edge a corner takes, in points, up to the next boundary between device pixels.
 double cornerExtent(const QPainter& painter, double radius) {
-    const double scale = painter.device()->devicePixelRatioF();
+    const double scale = PixelGrid::scale(painter);
     return std::ceil(radius * reach * scale) / scale;
+}
+
+template <typename Draw>
+void drawWithin(QPainter& painter, const QRectF& clip, const Draw& draw) {
+    painter.save();
+    painter.setClipRect(clip, Qt::IntersectClip);
+    draw();
+    painter.restore();
 }
 
 } // namespace
@@ -54,52 +63,47 @@ QPainterPath continuousRoundedRect(const QRectF& rectangle, double radius) {
 
 void fillContinuousRoundedRect(QPainter& painter, const QRectF& rectangle, double radius,
                                const QColor& color) {
+    const QRectF frame = PixelGrid::aligned(painter, rectangle);
     const double strip = cornerExtent(painter, radius);
-    const QPainterPath outline = continuousRoundedRect(rectangle, radius);
-    if (rectangle.height() <= 2 * strip) {
+    const QPainterPath outline = continuousRoundedRect(frame, radius);
+    if (frame.height() <= 2 * strip) {
         painter.fillPath(outline, color);
         return;
     }
-    const QRectF top(rectangle.left(), rectangle.top(), rectangle.width(), strip);
-    painter.save();
-    for (const QRectF& clip : {top, top.translated(0, rectangle.height() - strip)}) {
-        painter.setClipRect(clip);
-        painter.fillPath(outline, color);
+    const QRectF top(frame.left(), frame.top(), frame.width(), strip);
+    for (const QRectF& clip : {top, top.translated(0, frame.height() - strip)}) {
+        drawWithin(painter, clip, [&] { painter.fillPath(outline, color); });
     }
-    painter.restore();
-    painter.fillRect(rectangle.adjusted(0, strip, 0, -strip), color);
+    PixelGrid::fill(painter, frame.adjusted(0, strip, 0, -strip), color);
 }
 
 void strokeContinuousRoundedRect(QPainter& painter, const QRectF& rectangle, double radius,
                                  const QColor& color) {
+    const QRectF frame = PixelGrid::aligned(painter, rectangle);
+    const double thickness = PixelGrid::hairline(painter);
+    const double inset = thickness / 2;
     const double extent = cornerExtent(painter, radius);
     const QPainterPath line =
-        continuousRoundedRect(rectangle.adjusted(0.5, 0.5, -0.5, -0.5), radius);
-    painter.save();
-    painter.setPen(QPen(color, 1));
-    painter.setBrush(Qt::NoBrush);
-    if (std::min(rectangle.width(), rectangle.height()) <= 2 * extent) {
-        painter.drawPath(line);
-        painter.restore();
+        continuousRoundedRect(frame.adjusted(inset, inset, -inset, -inset), radius - inset);
+    const QPen pen(color, thickness);
+    if (std::min(frame.width(), frame.height()) <= 2 * extent) {
+        painter.strokePath(line, pen);
         return;
     }
-    const QRectF corner(rectangle.topLeft(), QSizeF(extent, extent));
-    const double across = rectangle.width() - extent;
-    const double down = rectangle.height() - extent;
+    const QRectF corner(frame.topLeft(), QSizeF(extent, extent));
+    const double across = frame.width() - extent;
+    const double down = frame.height() - extent;
     for (const QPointF& offset :
          {QPointF(0, 0), QPointF(across, 0), QPointF(0, down), QPointF(across, down)}) {
-        painter.setClipRect(corner.translated(offset));
-        painter.drawPath(line);
+        drawWithin(painter, corner.translated(offset), [&] { painter.strokePath(line, pen); });
     }
-    painter.restore();
-    const double width = rectangle.width() - 2 * extent;
-    const double height = rectangle.height() - 2 * extent;
-    for (const QRectF& edge :
-         {QRectF(rectangle.left() + extent, rectangle.top(), width, 1),
-          QRectF(rectangle.left() + extent, rectangle.bottom() - 1, width, 1),
-          QRectF(rectangle.left(), rectangle.top() + extent, 1, height),
-          QRectF(rectangle.right() - 1, rectangle.top() + extent, 1, height)}) {
-        painter.fillRect(edge, color);
+    const QRectF horizontal(frame.left() + extent, frame.top(), frame.width() - 2 * extent,
+                            thickness);
+    const QRectF vertical(frame.left(), frame.top() + extent, thickness,
+                          frame.height() - 2 * extent);
+    for (const QRectF& edge : {horizontal, horizontal.translated(0, frame.height() - thickness),
+                               vertical, vertical.translated(frame.width() - thickness, 0)}) {
+        PixelGrid::fill(painter, edge, color);
     }
 }
 

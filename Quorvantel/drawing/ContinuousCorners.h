@@ -13,12 +13,13 @@ namespace quorvantel {
 /// given radius.
 QPainterPath continuousRoundedRect(const QRectF& rectangle, double radius);
 
-/// Fills such a rectangle. Only the strips that hold the corners are rasterized as a path; the rest
-/// is a plain rectangle, which costs a fraction of the time on a surface as large as the panel.
+/// Fills such a rectangle, its edges aligned to device pixels. Only the strips that hold the
+/// corners are rasterized as a path; the rest is a plain rectangle, which costs a fraction of the
+/// time on a surface as large as the panel.
 void fillContinuousRoundedRect(QPainter& painter, const QRectF& rectangle, double radius,
                                const QColor& color);
 
-/// Draws a line of one point inside the edge of such a rectangle, its straight parts as plain
+/// Draws a hairline inside the edge of such a rectangle, aligned alike, its straight parts as plain
 /// rectangles for the same reason.
 void strokeContinuousRoundedRect(QPainter& painter, const QRectF& rectangle, double radius,
                                  const QColor& color);

@@ -1,6 +1,7 @@
 #include "panel/LauncherView.h"
 
 #include "drawing/ContinuousCorners.h"
+#include "drawing/PixelGrid.h"
 #include "panel/LauncherLayout.h"
 #include "panel/accessibility/PanelAccessible.h"
 #include "settings/InterfaceFont.h"
@@ -255,8 +256,8 @@ void LauncherView::paintEvent(QPaintEvent* /*event*/) {
                       (searchRowHeight - symbolSize) / 2, symbolSize, symbolSize),
                 theme.secondaryText);
     if (height() > searchRowHeight) {
-        painter.fillRect(QRect(0, searchRowHeight, width(), separatorHeight),
-                         theme.separator.toQColor());
+        const QRectF separator(0, searchRowHeight, width(), PixelGrid::hairline(painter));
+        PixelGrid::fill(painter, separator, theme.separator.toQColor());
     }
     if (hasEmptyState()) {
         paintEmptyState(painter);

@@ -99,9 +99,8 @@ void ResultRowView::drawHighlight(QPainter& painter) const {
         fillContinuousRoundedRect(painter, rect(), highlightRadius, fill.toQColor());
     }
     if (m_isTopPick) {
-        painter.setPen(QPen(theme.selectionRing.toQColor(), 1));
-        painter.drawPath(
-            continuousRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), highlightRadius));
+        strokeContinuousRoundedRect(painter, rect(), highlightRadius,
+                                    theme.selectionRing.toQColor());
     }
 }
 
