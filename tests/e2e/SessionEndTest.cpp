@@ -64,6 +64,17 @@ TEST_F(SessionEndTest, ARecordingSettingsWindowDoesNotHoldUpTheLogout) {
     EXPECT_TRUE(waitUntil([this] { return !session.desktop().isKeyboardGrabbed(); }));
 }
 
+TEST_F(SessionEndTest, AManagerThatWaitsForNobodyIsObeyed) {
+    manager.beginLogout();
+    EXPECT_TRUE(waitUntil([this] { return manager.saves() == 2; }));
+    manager.completeLogout();
+    manager.crash();
+    const auto exit = session.waitForExit();
+    ASSERT_TRUE(exit) << "it stays after the logout";
+    EXPECT_FALSE(exit->crashed) << exit->status;
+    EXPECT_EQ(exit->status, 0);
+}
+
 TEST_F(SessionEndTest, ACancelledLogoutLeavesTheLauncherAsItWas) {
     session.summon();
     manager.beginLogout();

@@ -1,5 +1,7 @@
 #include "platform/linux/session/LinuxPlatform.h"
 
+#include "platform/linux/session/SessionManagerLoss.h"
+
 #include <QDebug>
 
 namespace quorvantel::platform {
@@ -18,6 +20,7 @@ LinuxPlatform::LinuxPlatform(const X11Display& display)
       m_screens(display) {}
 
 std::unique_ptr<Platform> makePlatform() {
+    surviveSessionManagerLoss();
     const auto display = X11Display::current();
     if (!display) {
         qWarning("Quorvantel: this session offers no X server, which the launcher needs");

@@ -8,7 +8,6 @@
 #include "platform/linux/gui/PaletteSystemAppearance.h"
 #include "platform/linux/portal/PortalSystemAppearance.h"
 #include "platform/linux/session/DisplayLossReport.h"
-#include "platform/linux/session/SessionManagerLoss.h"
 #include "platform/linux/x11/X11ClickMonitor.h"
 #include "platform/linux/x11/X11Display.h"
 #include "platform/linux/x11/X11HotKeys.h"
@@ -43,7 +42,6 @@ public:
 
 private:
     DisplayLossReport m_displayLossReport;
-    SessionManagerLoss m_sessionManagerLoss;
     X11RawEvents m_rawEvents;
     // Event filters run last in, first out: a capture keeps key presses from the hotkeys, and the
     // time must see the presses that either consumes.

@@ -7,11 +7,11 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
+#include <csignal>
+
 namespace quorvantel::platform {
 
 namespace {
-
-IceIOErrorHandler previousHandler = nullptr;
 
 void carryOn(IceConn connection) {
     qWarning("Quorvantel: the session manager is gone");
@@ -26,12 +26,14 @@ void carryOn(IceConn connection) {
 
 } // namespace
 
-SessionManagerLoss::SessionManagerLoss() {
-    previousHandler = IceSetIOErrorHandler(carryOn);
-}
-
-SessionManagerLoss::~SessionManagerLoss() {
-    IceSetIOErrorHandler(previousHandler);
+void surviveSessionManagerLoss() {
+    IceSetIOErrorHandler(carryOn);
+    // Writing to the connection may be what finds it broken. A handler that does nothing, unlike an
+    // ignored signal, is not handed on to launched programs.
+    struct sigaction action {};
+    action.sa_handler = [](int) {};
+    action.sa_flags = SA_RESTART;
+    ::sigaction(SIGPIPE, &action, nullptr);
 }
 
 } // namespace quorvantel::platform

@@ -2,17 +2,12 @@
 
 namespace quorvantel::platform {
 
-/// Keeps the program running when the connection to the session manager breaks.
+/// Keeps the program running when the connection to the session manager breaks, and logs that.
 ///
 /// The library of that connection (Inter-Client Exchange) would end the program, and with it the
-/// hotkey, for the rest of a session that may go on without its manager. While this object lives
-/// the loss is logged instead. One instance at a time.
-class SessionManagerLoss {
-public:
-    SessionManagerLoss();
-    SessionManagerLoss(const SessionManagerLoss&) = delete;
-    SessionManagerLoss& operator=(const SessionManagerLoss&) = delete;
-    ~SessionManagerLoss();
-};
+/// hotkey, for the rest of a session that may go on without its manager. Holds until the end of the
+/// process, since the toolkit leaves the session as one of the last things. Launched programs are
+/// not affected.
+void surviveSessionManagerLoss();
 
 } // namespace quorvantel::platform
