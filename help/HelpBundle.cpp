@@ -4,9 +4,11 @@
 
 #include <QDir>
 
+#include <utility>
+
 namespace quorvantel::help {
 
-HelpBundle::HelpBundle(const QString& root) : m_root(root) {}
+HelpBundle::HelpBundle(QString root) : m_root(std::move(root)) {}
 
 bool HelpBundle::contains(const QString& name) const {
     return markdown::ContainedFolder(m_root).find(name).has_value();

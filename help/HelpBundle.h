@@ -17,7 +17,7 @@ class HelpBundle {
 public:
     /// `root` is a directory's path, or a Qt resource prefix such as ":/help". It need not exist:
     /// then nothing is found in it.
-    explicit HelpBundle(const QString& root);
+    explicit HelpBundle(QString root);
 
     /// Whether the bundle has a file of that name. The name is relative and may have folders in it.
     bool contains(const QString& name) const;

@@ -21,11 +21,11 @@ HelpWindow::Content load(const QString& manifestName, const HelpBundle& bundle) 
 
 } // namespace
 
-HelpMenu::HelpMenu(HelpBundle bundle, QString manifestName, HelpStyle style, QObject* parent)
+HelpMenu::HelpMenu(HelpBundle bundle, QString manifestName, const HelpStyle& style, QObject* parent)
     : QObject(parent),
       m_bundle(std::move(bundle)),
       m_manifestName(std::move(manifestName)),
-      m_style(std::move(style)) {}
+      m_style(style) {}
 
 HelpMenu::~HelpMenu() = default;
 

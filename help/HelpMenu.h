@@ -25,7 +25,8 @@ class HelpMenu : public QObject {
 
 public:
     /// `manifestName` is the manifest's file name in the bundle without its extension "json".
-    HelpMenu(HelpBundle bundle, QString manifestName, HelpStyle style, QObject* parent = nullptr);
+    HelpMenu(HelpBundle bundle, QString manifestName, const HelpStyle& style,
+             QObject* parent = nullptr);
     ~HelpMenu() override;
 
     /// Shows the window, in front and with the keyboard focus, on the topic and at the size where

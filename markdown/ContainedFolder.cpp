@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <utility>
+
 namespace quorvantel::markdown {
 
 namespace {
@@ -16,7 +18,7 @@ bool staysBelow(const QString& relativePath) {
 
 } // namespace
 
-ContainedFolder::ContainedFolder(const QString& path) : m_path(path) {}
+ContainedFolder::ContainedFolder(QString path) : m_path(std::move(path)) {}
 
 ContainedFolder ContainedFolder::fromUrl(const QUrl& url) {
     if (url.isLocalFile() && url.host().isEmpty()) {

@@ -12,7 +12,7 @@ namespace quorvantel::markdown {
 class ContainedFolder {
 public:
     /// A directory's path, or a Qt resource prefix such as ":/help".
-    explicit ContainedFolder(const QString& path);
+    explicit ContainedFolder(QString path);
 
     /// From a "file:" URL without a host or a "qrc:" URL. Any other URL is a folder without files.
     static ContainedFolder fromUrl(const QUrl& url);

@@ -16,7 +16,7 @@ namespace quorvantel::markdown {
 
 namespace {
 
-constexpr qint64 maximumFileSize = 32 * 1024 * 1024;
+constexpr qint64 maximumFileSize = qint64{32} * 1024 * 1024;
 constexpr qsizetype maximumPixelsPerImage = 40'000'000;
 constexpr qsizetype maximumPixelsInAll = 120'000'000;
 /// Narrower than this, an image is no longer scaled down with the text.

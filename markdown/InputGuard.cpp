@@ -6,9 +6,9 @@ namespace quorvantel::markdown {
 
 namespace {
 
-constexpr qsizetype maximumSize = 512 * 1024;
-constexpr qsizetype maximumLine = 8 * 1024;
-constexpr qsizetype maximumRun = 64 * 1024;
+constexpr qsizetype maximumSize = qsizetype{512} * 1024;
+constexpr qsizetype maximumLine = qsizetype{8} * 1024;
+constexpr qsizetype maximumRun = qsizetype{64} * 1024;
 constexpr int maximumMarkers = 100;
 constexpr int maximumIndent = 400;
 constexpr qsizetype maximumCells = 20'000;

@@ -177,13 +177,17 @@ TEST_F(HelpWindowTest, BackAndForwardGoWhereTheReaderWas) {
     EXPECT_EQ(goTo(Qt::Key_Left), "Long");
     EXPECT_EQ(view().verticalScrollBar()->value(), 700);
     EXPECT_EQ(selectedRow(), "Long");
+    view().verticalScrollBar()->setValue(900);
     EXPECT_EQ(goTo(Qt::Key_Left), "Apples");
     EXPECT_EQ(goTo(Qt::Key_Left), "Apples");
     EXPECT_EQ(goTo(Qt::Key_Right), "Long");
+    EXPECT_EQ(view().verticalScrollBar()->value(), 900);
     EXPECT_EQ(goTo(Qt::Key_Right), "Pears");
 
     // A topic that a search showed has been visited once the reader leaves it.
     field().setText(QStringLiteral("brûlée"));
+    EXPECT_EQ(goTo(Qt::Key_Left), "Pears");
+    field().setText(QStringLiteral("brûlé"));
     field().clear();
     click(QStringLiteral("Apples"));
     EXPECT_EQ(goTo(Qt::Key_Left), "Long");

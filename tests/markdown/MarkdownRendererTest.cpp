@@ -77,12 +77,12 @@ TEST(MarkdownRenderer, InlineStylesCombine) {
     EXPECT_EQ(font("a*b*").family(), lightStyle().codeFont.family());
     EXPECT_EQ(format("a*b*").background().color(), lightStyle().tintedBackground);
     EXPECT_FALSE(format("plain").hasProperty(QTextFormat::BackgroundBrush));
-    EXPECT_FALSE(font("raw").bold());
+    EXPECT_FALSE(font("raw").bold() || format("raw").isAnchor());
 }
 
 TEST(MarkdownRenderer, BlocksHaveTheirStyle) {
     const auto document =
-        rendered("# H1\n## H2\n### H3\n#### H4\n##### H5\n###### H6\n\n- tight\n- x\n\n***\n\n"
+        rendered("# H1\n## H2\n### H3\n#### H4\n##### H5\n###### H6\n\n- tight\n- last\n\n***\n\n"
                  "7. numbered\n\n- loose\n\n  ```\n  code\n  ```\n\n> quoted\n\n"
                  "| header |\n|--|\n| cell |\n");
     const auto block = [&](const char* text) {
@@ -103,6 +103,8 @@ TEST(MarkdownRenderer, BlocksHaveTheirStyle) {
     }
     EXPECT_LT(block("tight").blockFormat().bottomMargin(),
               block("loose").blockFormat().bottomMargin());
+    EXPECT_LT(block("tight").blockFormat().bottomMargin(),
+              block("last").blockFormat().bottomMargin());
     EXPECT_LT(block("numbered").blockFormat().textIndent(), 0);
     EXPECT_EQ(block("numbered").previous().blockFormat().background().color(), lightStyle().rule);
     EXPECT_EQ(format("code").font().family(), lightStyle().codeFont.family());
