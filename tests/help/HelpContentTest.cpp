@@ -9,13 +9,14 @@
 namespace quorvantel::help {
 namespace {
 
+using namespace Qt::StringLiterals;
 using ::testing::ElementsAre;
 
 class HelpContentTest : public ::testing::Test {
 protected:
     HelpContent load(const QByteArray& manifest) const {
         m_files.write("topics.json", manifest);
-        return loadHelpContent(QStringLiteral("topics"), m_files.bundle());
+        return loadHelpContent(u"topics"_s, m_files.bundle());
     }
 
     /// What is wrong with a manifest; empty when it loads.
@@ -30,8 +31,7 @@ protected:
     }
 
     QString topicText(const QString& file) const {
-        return loadTopicText({QStringLiteral("id"), QStringLiteral("A Title"), file, {}},
-                             m_files.bundle());
+        return loadTopicText({u"id"_s, u"A Title"_s, file, {}}, m_files.bundle());
     }
 
     BundleFiles m_files;
@@ -45,37 +45,35 @@ TEST_F(HelpContentTest, TopicsAreGroupedInTheOrderOfTheManifest) {
         {"id": "4", "title": "Four", "markdownFile": "4.md", "group": "B"},
         {"id": "5", "title": "Five", "markdownFile": "5.md", "group": null},
         {"id": "6", "title": "Six", "markdownFile": "6.md", "group": ""}]})");
-    EXPECT_EQ(content.windowTitle, QStringLiteral("My Help"));
+    EXPECT_EQ(content.windowTitle, u"My Help"_s);
     ASSERT_EQ(content.topics.size(), 6U);
-    EXPECT_EQ(content.topics[2], (HelpTopic{QStringLiteral("3"), QStringLiteral("Three"),
-                                            QStringLiteral("3.md"), QStringLiteral("A")}));
+    EXPECT_EQ(content.topics[2], (HelpTopic{u"3"_s, u"Three"_s, u"3.md"_s, u"A"_s}));
     ASSERT_EQ(content.groups.size(), 4U);
-    EXPECT_EQ(content.groups[0].title, QStringLiteral("A"));
+    EXPECT_EQ(content.groups[0].title, u"A"_s);
     EXPECT_THAT(content.groups[0].topics, ElementsAre(content.topics[0], content.topics[2]));
     EXPECT_EQ(content.groups[1].title, std::nullopt);
     EXPECT_THAT(content.groups[1].topics, ElementsAre(content.topics[1], content.topics[4]));
-    EXPECT_EQ(content.groups[2].title, QStringLiteral("B"));
+    EXPECT_EQ(content.groups[2].title, u"B"_s);
     EXPECT_EQ(content.groups[3].title, QString());
 
     for (const char* const untitled :
          {R"({"topics": []})", R"({"windowTitle": null, "topics": []})"}) {
-        EXPECT_EQ(load(untitled).windowTitle, QStringLiteral("Help")) << untitled;
+        EXPECT_EQ(load(untitled).windowTitle, u"Help"_s) << untitled;
     }
 }
 
 TEST_F(HelpContentTest, AMissingManifestIsNamed) {
     try {
-        loadHelpContent(QStringLiteral("nothing"), m_files.bundle());
+        loadHelpContent(u"nothing"_s, m_files.bundle());
         FAIL();
     } catch (const HelpContentError& error) {
         EXPECT_EQ(error.kind(), HelpContentError::Kind::manifestNotFound);
-        EXPECT_EQ(error.description(),
-                  QStringLiteral("Help manifest 'nothing' was not found in the bundle."));
+        EXPECT_EQ(error.description(), u"Help manifest 'nothing' was not found in the bundle."_s);
     }
 }
 
 TEST_F(HelpContentTest, AManifestMustHaveWhatItNeedsInTheRightTypes) {
-    const QString prefix = QStringLiteral("Help manifest 'topics' could not be read: ");
+    const QString prefix = u"Help manifest 'topics' could not be read: "_s;
     for (const char* const manifest :
          {"", "{", "[]", "null", "\"text\"", "{}", R"({"topics": {}})", R"({"topics": null})",
           R"({"topics": [], "windowTitle": 1})", R"({"topics": ["a"]})", R"({"topics": [{}]})",
@@ -89,7 +87,7 @@ TEST_F(HelpContentTest, AManifestMustHaveWhatItNeedsInTheRightTypes) {
         EXPECT_TRUE(reason.startsWith(prefix) && reason.size() > prefix.size() + 5) << manifest;
     }
     EXPECT_TRUE(failure(R"({"topics": [{"id": "1", "title": "T"}]})")
-                    .endsWith(QStringLiteral("\"markdownFile\" of topic 1 is missing.")));
+                    .endsWith(u"\"markdownFile\" of topic 1 is missing."_s));
     EXPECT_FALSE(failure(QByteArray("{\"topics\": []}") + QByteArray(1024 * 1024, ' ')).isEmpty());
     EXPECT_FALSE(failure(QByteArray(100'000, '[')).isEmpty());
 }
@@ -99,9 +97,8 @@ TEST_F(HelpContentTest, ATopicThatCannotBeReadSaysSo) {
     m_files.write("latin1.md", "# H\xE4llo\n");
     m_files.write("huge.md", QByteArray(5 * 1024 * 1024, 'a'));
     m_files.write("../secret.md", "secret");
-    QFile::link(m_files.path() + QStringLiteral("/../secret.md"),
-                m_files.path() + QStringLiteral("/link.md"));
-    EXPECT_EQ(topicText(QStringLiteral("here.md")), QStringLiteral("# Hällo\n"));
+    QFile::link(m_files.path() + u"/../secret.md"_s, m_files.path() + u"/link.md"_s);
+    EXPECT_EQ(topicText(u"here.md"_s), u"# Hällo\n"_s);
     for (const char* const name :
          {"gone.md", "latin1.md", "huge.md", "../secret.md", "link.md", "", ".", "/etc/hostname"}) {
         EXPECT_EQ(

@@ -12,14 +12,15 @@
 namespace quorvantel {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 const help::HelpBundle& bundle() {
-    static const help::HelpBundle bundle(QStringLiteral(":/help"));
+    static const help::HelpBundle bundle(u":/help"_s);
     return bundle;
 }
 
 const help::HelpContent& content() {
-    static const help::HelpContent content =
-        help::loadHelpContent(QStringLiteral("topics"), bundle());
+    static const help::HelpContent content = help::loadHelpContent(u"topics"_s, bundle());
     return content;
 }
 
@@ -53,7 +54,7 @@ bool leadsToATopic(const QUrl& link) {
 }
 
 TEST(HelpTopics, AreAllThereUnderTheirTitles) {
-    EXPECT_EQ(content().windowTitle, QStringLiteral("Quorvantel Help"));
+    EXPECT_EQ(content().windowTitle, u"Quorvantel Help"_s);
     QSet<QString> identifiers;
     for (const help::HelpTopic& topic : content().topics) {
         identifiers.insert(topic.id);

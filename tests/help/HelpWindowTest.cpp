@@ -15,6 +15,7 @@
 namespace quorvantel::help {
 namespace {
 
+using namespace Qt::StringLiterals;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -38,7 +39,7 @@ protected:
                                   "## Deep\n\nA crème brûlée.\n\n" +
                                   QByteArray("filler\n\n").repeated(200));
         m_files.write("p.md", "# Pears\n\nGreen or yellow.\n");
-        m_menu.emplace(m_files.bundle(), QStringLiteral("topics"), style(250));
+        m_menu.emplace(m_files.bundle(), u"topics"_s, style(250));
         m_menu->showHelp();
         EXPECT_TRUE(QTest::qWaitForWindowActive(window()));
         window()->onOpenUrl = [this](const QUrl& url) { m_opened.push_back(url.toString()); };
@@ -99,31 +100,31 @@ protected:
 };
 
 TEST_F(HelpWindowTest, ListsTheTopicsInTheirGroupsAndShowsTheFirst) {
-    EXPECT_EQ(window()->windowTitle(), QStringLiteral("My Help"));
+    EXPECT_EQ(window()->windowTitle(), u"My Help"_s);
     EXPECT_TRUE(window()->isWindow());
     EXPECT_THAT(rows(), ElementsAre("Fruit", "Apples", "Pears", "Long"));
     EXPECT_EQ(topic(), "Apples");
     EXPECT_EQ(selectedRow(), "Apples");
-    EXPECT_TRUE(view().toPlainText().startsWith(QStringLiteral("Apples\nGreen.")));
-    click(QStringLiteral("Fruit"));
+    EXPECT_TRUE(view().toPlainText().startsWith(u"Apples\nGreen."_s));
+    click(u"Fruit"_s);
     EXPECT_EQ(topic(), "Apples");
-    click(QStringLiteral("Pears"));
+    click(u"Pears"_s);
     EXPECT_EQ(topic(), "Pears");
 }
 
 TEST_F(HelpWindowTest, SearchNarrowsMarksAndScrolls) {
-    QTest::keyClicks(&field(), QStringLiteral("GREEN"));
+    QTest::keyClicks(&field(), u"GREEN"_s);
     EXPECT_THAT(rows(), ElementsAre("Fruit", "Apples", "Pears"));
     EXPECT_EQ(topic(), "Apples");
     EXPECT_THAT(marked(), ElementsAre("Green"));
 
-    field().setText(QStringLiteral("creme brul"));
+    field().setText(u"creme brul"_s);
     EXPECT_THAT(rows(), ElementsAre("Long"));
     EXPECT_EQ(topic(), "Long");
     EXPECT_EQ(selectedRow(), "Long");
     EXPECT_THAT(marked(), ElementsAre("crème", "brûl"));
     const QVariant snippet = list().model()->index(0, 0).data(Qt::AccessibleDescriptionRole);
-    EXPECT_EQ(snippet.toString().count(QStringLiteral("crème brûlée")), 1);
+    EXPECT_EQ(snippet.toString().count(u"crème brûlée"_s), 1);
     const QRect place = view().cursorRect(view().extraSelections().first().cursor);
     EXPECT_TRUE(view().viewport()->rect().contains(place));
 
@@ -134,11 +135,11 @@ TEST_F(HelpWindowTest, SearchNarrowsMarksAndScrolls) {
 }
 
 TEST_F(HelpWindowTest, SearchThatFindsNothingSaysSoAndKeepsTheTopic) {
-    QTest::keyClicks(&field(), QStringLiteral("zebra"));
+    QTest::keyClicks(&field(), u"zebra"_s);
     EXPECT_FALSE(list().isVisible());
     const auto labels = window()->findChildren<QLabel*>();
     EXPECT_TRUE(std::ranges::any_of(labels, [](const QLabel* label) {
-        return label->isVisible() && label->text() == QStringLiteral("No topic matches “zebra”.");
+        return label->isVisible() && label->text() == u"No topic matches “zebra”."_s;
     }));
     EXPECT_EQ(topic(), "Apples");
     field().clear();
@@ -147,16 +148,16 @@ TEST_F(HelpWindowTest, SearchThatFindsNothingSaysSoAndKeepsTheTopic) {
 }
 
 TEST_F(HelpWindowTest, LinksOpenTopicsAndNothingButTheWebElsewhere) {
-    clickText(QStringLiteral("pears"));
+    clickText(u"pears"_s);
     EXPECT_EQ(topic(), "Pears");
-    click(QStringLiteral("Apples"));
-    clickText(QStringLiteral("deep"));
+    click(u"Apples"_s);
+    clickText(u"deep"_s);
     EXPECT_EQ(topic(), "Long");
     EXPECT_GT(view().verticalScrollBar()->value(), 1000);
     EXPECT_THAT(m_opened, IsEmpty());
-    click(QStringLiteral("Apples"));
-    clickText(QStringLiteral("web"));
-    EXPECT_THAT(m_opened, ElementsAre(QStringLiteral("https://example.org")));
+    click(u"Apples"_s);
+    clickText(u"web"_s);
+    EXPECT_THAT(m_opened, ElementsAre(u"https://example.org"_s));
     m_opened.clear();
     for (const char* const link : {"file:///etc/hostname", "javascript:x", "//host/p.md", "none.md",
                                    "../p.md", "ftp://example.org"}) {
@@ -171,9 +172,9 @@ TEST_F(HelpWindowTest, BackAndForwardGoWhereTheReaderWas) {
         press(arrow, Qt::AltModifier);
         return topic();
     };
-    click(QStringLiteral("Long"));
+    click(u"Long"_s);
     view().verticalScrollBar()->setValue(700);
-    click(QStringLiteral("Pears"));
+    click(u"Pears"_s);
     EXPECT_EQ(goTo(Qt::Key_Left), "Long");
     EXPECT_EQ(view().verticalScrollBar()->value(), 700);
     EXPECT_EQ(selectedRow(), "Long");
@@ -185,11 +186,11 @@ TEST_F(HelpWindowTest, BackAndForwardGoWhereTheReaderWas) {
     EXPECT_EQ(goTo(Qt::Key_Right), "Pears");
 
     // A topic that a search showed has been visited once the reader leaves it.
-    field().setText(QStringLiteral("brûlée"));
+    field().setText(u"brûlée"_s);
     EXPECT_EQ(goTo(Qt::Key_Left), "Pears");
-    field().setText(QStringLiteral("brûlé"));
+    field().setText(u"brûlé"_s);
     field().clear();
-    click(QStringLiteral("Apples"));
+    click(u"Apples"_s);
     EXPECT_EQ(goTo(Qt::Key_Left), "Long");
     EXPECT_EQ(goTo(Qt::Key_Left), "Pears");
 }
@@ -230,7 +231,7 @@ TEST_F(HelpWindowTest, TextGrowsAndShrinksAndFollowsTheSystem) {
 }
 
 TEST_F(HelpWindowTest, ANewStyleLeavesReadingAlone) {
-    click(QStringLiteral("Long"));
+    click(u"Long"_s);
     view().verticalScrollBar()->setValue(2345);
     QTextCursor selection(view().document());
     selection.setPosition(3);
@@ -249,9 +250,9 @@ TEST_F(HelpWindowTest, ANewStyleLeavesReadingAlone) {
 
 TEST_F(HelpWindowTest, TheMenuKeepsItsWindow) {
     QWidget host;
-    QAction* const command = m_menu->addCommand(host, QStringLiteral("Some Help"));
+    QAction* const command = m_menu->addCommand(host, u"Some Help"_s);
     EXPECT_EQ(host.actions(), QList<QAction*>{command});
-    click(QStringLiteral("Pears"));
+    click(u"Pears"_s);
     HelpWindow* const first = window();
     first->close();
     host.show();
@@ -270,7 +271,7 @@ TEST(HelpWindowWithoutContent, SaysSo) {
         menu.showHelp();
         const auto* const label = menu.window()->findChild<QLabel*>();
         ASSERT_NE(label, nullptr);
-        EXPECT_EQ(label->text(), QStringLiteral("This app hasn't provided any help content yet."));
+        EXPECT_EQ(label->text(), u"This app hasn't provided any help content yet."_s);
         EXPECT_TRUE(label->isVisible());
         EXPECT_EQ(menu.window()->browser(), nullptr);
         menu.setStyle(style(20));

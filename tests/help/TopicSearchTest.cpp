@@ -6,16 +6,16 @@
 namespace quorvantel::help {
 namespace {
 
+using namespace Qt::StringLiterals;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 TopicSearch search() {
     TopicSearch search;
-    search.add(QStringLiteral("First Steps"), QStringLiteral("Press the hotkey."));
-    search.add(QStringLiteral("Hotkey"),
-               QStringLiteral("Choose another.\n") + QStringLiteral("word ").repeated(100) +
-                   QStringLiteral("Then press it.") + QStringLiteral(" more").repeated(100));
-    search.add(QStringLiteral("Privacy"), QStringLiteral("Nothing is sent."));
+    search.add(u"First Steps"_s, u"Press the hotkey."_s);
+    search.add(u"Hotkey"_s, u"Choose another.\n"_s + u"word "_s.repeated(100) +
+                                u"Then press it."_s + u" more"_s.repeated(100));
+    search.add(u"Privacy"_s, u"Nothing is sent."_s);
     return search;
 }
 
@@ -36,32 +36,32 @@ std::vector<std::string> parts(const QString& text, const std::vector<TextRange>
 }
 
 TEST(TopicSearch, EveryWordMustOccurInTitleOrText) {
-    EXPECT_THAT(topics(search().find(QStringLiteral("HOTKEY"))), ElementsAre(0, 1));
-    EXPECT_THAT(topics(search().find(QStringLiteral("hotkey then"))), ElementsAre(1));
-    EXPECT_THAT(topics(search().find(QStringLiteral("first press"))), ElementsAre(0));
-    EXPECT_THAT(topics(search().find(QStringLiteral("hotkey sent"))), IsEmpty());
-    EXPECT_THAT(topics(search().find(QStringLiteral("  "))), IsEmpty());
+    EXPECT_THAT(topics(search().find(u"HOTKEY"_s)), ElementsAre(0, 1));
+    EXPECT_THAT(topics(search().find(u"hotkey then"_s)), ElementsAre(1));
+    EXPECT_THAT(topics(search().find(u"first press"_s)), ElementsAre(0));
+    EXPECT_THAT(topics(search().find(u"hotkey sent"_s)), IsEmpty());
+    EXPECT_THAT(topics(search().find(u"  "_s)), IsEmpty());
 }
 
 TEST(TopicSearch, SnippetShowsTheFirstPlaceInTheText) {
-    const auto matches = search().find(QStringLiteral("press hotkey"));
+    const auto matches = search().find(u"press hotkey"_s);
     ASSERT_EQ(matches.size(), 2U);
-    EXPECT_EQ(matches[0].snippet, QStringLiteral("Press the hotkey."));
+    EXPECT_EQ(matches[0].snippet, u"Press the hotkey."_s);
     EXPECT_THAT(parts(matches[0].snippet, matches[0].inSnippet), ElementsAre("Press", "hotkey"));
     EXPECT_THAT(matches[0].inTitle, IsEmpty());
 
     const QString snippet = matches[1].snippet;
-    EXPECT_TRUE(snippet.startsWith(QStringLiteral("…word ")));
+    EXPECT_TRUE(snippet.startsWith(u"…word "_s));
     EXPECT_TRUE(snippet.endsWith(u'…'));
     EXPECT_LT(snippet.size(), 130);
     EXPECT_THAT(parts(snippet, matches[1].inSnippet), ElementsAre("press"));
-    EXPECT_THAT(parts(QStringLiteral("Hotkey"), matches[1].inTitle), ElementsAre("Hotkey"));
+    EXPECT_THAT(parts(u"Hotkey"_s, matches[1].inTitle), ElementsAre("Hotkey"));
 }
 
 TEST(TopicSearch, SnippetOfAMatchInTheTitleAloneIsTheBeginningOnOneLine) {
-    const auto matches = search().find(QStringLiteral("hotk"));
+    const auto matches = search().find(u"hotk"_s);
     ASSERT_EQ(matches.size(), 2U);
-    EXPECT_TRUE(matches[1].snippet.startsWith(QStringLiteral("Choose another. word")));
+    EXPECT_TRUE(matches[1].snippet.startsWith(u"Choose another. word"_s));
     EXPECT_THAT(matches[1].inSnippet, IsEmpty());
 }
 

@@ -10,6 +10,7 @@
 namespace quorvantel {
 namespace {
 
+using namespace Qt::StringLiterals;
 using namespace testing;
 
 constexpr char16_t imageCharacter = u'\uFFFC';
@@ -28,16 +29,16 @@ QImage stripes(int width, int height) {
 class MarkdownImage : public ::testing::Test {
 protected:
     MarkdownImage() {
-        QDir(root()).mkpath(QStringLiteral("help/images"));
-        save(stripes(20, 10), QStringLiteral("outside.png"));
-        save(stripes(20, 10), QStringLiteral("help/images/small.png"));
-        save(stripes(600, 300), QStringLiteral("help/images/large.png"));
-        save(stripes(20, 10), QStringLiteral("help/images/fine.png"));
-        save(stripes(40, 20), QStringLiteral("help/images/fine@2x.png"));
+        QDir(root()).mkpath(u"help/images"_s);
+        save(stripes(20, 10), u"outside.png"_s);
+        save(stripes(20, 10), u"help/images/small.png"_s);
+        save(stripes(600, 300), u"help/images/large.png"_s);
+        save(stripes(20, 10), u"help/images/fine.png"_s);
+        save(stripes(40, 20), u"help/images/fine@2x.png"_s);
     }
 
     QString root() const { return m_directory.path(); }
-    QUrl base() const { return QUrl::fromLocalFile(root() + QStringLiteral("/help/")); }
+    QUrl base() const { return QUrl::fromLocalFile(root() + u"/help/"_s); }
 
     void save(const QImage& image, const QString& name) const {
         ASSERT_TRUE(image.save(root() + u'/' + name));
@@ -49,7 +50,7 @@ protected:
 
     bool shows(const QByteArray& source) const {
         const QString text = withImage(source)->toPlainText();
-        EXPECT_NE(text.contains(imageCharacter), text.contains(QStringLiteral("described")))
+        EXPECT_NE(text.contains(imageCharacter), text.contains(u"described"_s))
             << source.toStdString();
         return text.contains(imageCharacter);
     }
@@ -69,9 +70,9 @@ TEST_F(MarkdownImage, ComesOnlyFromBelowTheBaseAndInSafeFormats) {
         EXPECT_TRUE(shows(source)) << source;
     }
     // A vector image may refer to others.
-    writeFile(root() + QStringLiteral("/help/a.svg"),
+    writeFile(root() + u"/help/a.svg"_s,
               "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>");
-    writeFile(root() + QStringLiteral("/help/broken.png"), "\x89PNG\r\n\x1a\n not an image");
+    writeFile(root() + u"/help/broken.png"_s, "\x89PNG\r\n\x1a\n not an image");
     const QByteArray absolute = root().toUtf8() + "/help/images/small.png";
     for (const QByteArray& source :
          QByteArrayList{"../outside.png", "images/../../outside.png", "%2e%2e/outside.png",

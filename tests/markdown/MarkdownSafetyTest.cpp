@@ -9,11 +9,11 @@
 namespace quorvantel {
 namespace {
 
+using namespace Qt::StringLiterals;
 using namespace testing;
 
 bool hasRemark(const QTextDocument& document) {
-    return document.toPlainText().endsWith(
-        QStringLiteral("The rest of this text is too long to show."));
+    return document.toPlainText().endsWith(u"The rest of this text is too long to show."_s);
 }
 
 QByteArray repeated(const char* part, int times) {
@@ -23,7 +23,7 @@ QByteArray repeated(const char* part, int times) {
 TEST(MarkdownSafety, OnlyHarmlessAddressesStayLinks) {
     const auto isLink = [](const char* address) {
         const auto document = rendered(QByteArray("[go](") + address + ")");
-        return formatOf(*document, QStringLiteral("go"))->isAnchor();
+        return formatOf(*document, u"go"_s)->isAnchor();
     };
     for (const char* const address :
          {"javascript:alert(1)", "JaVaScRiPt:alert(1)", "file:///etc/passwd", "data:text/html,x",
@@ -77,7 +77,7 @@ TEST(MarkdownSafety, TablesThatWouldExplodeAreNoTables) {
         EXPECT_LT(rendered(text)->characterCount(), 700'000);
     }
     const auto ordinary = rendered("|a|b|c|\n|-|-|-|\n" + repeated("|1|2|3|\n", 300));
-    const auto* const table = QTextCursor(blockOf(*ordinary, QStringLiteral("a"))).currentTable();
+    const auto* const table = QTextCursor(blockOf(*ordinary, u"a"_s)).currentTable();
     ASSERT_NE(table, nullptr);
     EXPECT_EQ(table->rows(), 301);
 }
@@ -85,8 +85,8 @@ TEST(MarkdownSafety, TablesThatWouldExplodeAreNoTables) {
 TEST(MarkdownSafety, OrdinaryLongLinesAndRulesPassUnchanged) {
     const auto document = rendered(repeated("word ", 1500) + "end\n\n" + repeated("-", 300) +
                                    "\n\nTitle\n" + repeated("-", 300) + "\n");
-    EXPECT_EQ(blockOf(*document, QStringLiteral("end")).text().size(), 1500 * 5 + 3);
-    EXPECT_EQ(blockOf(*document, QStringLiteral("Title")).blockFormat().headingLevel(), 2);
+    EXPECT_EQ(blockOf(*document, u"end"_s).text().size(), 1500 * 5 + 3);
+    EXPECT_EQ(blockOf(*document, u"Title"_s).blockFormat().headingLevel(), 2);
     EXPECT_FALSE(document->toPlainText().contains(u'-'));
 }
 

@@ -12,6 +12,8 @@ namespace quorvantel::testing {
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 QString describe(const QTextFormat& format) {
     QString text;
     const auto properties = format.properties();
@@ -74,29 +76,28 @@ QString markerOf(const QTextBlock& block) {
     if (const QTextList* const list = block.textList()) {
         const QTextListFormat::Style style = list->format().style();
         return levels(list->format().indent() - 1) +
-               (style == QTextListFormat::ListDisc     ? QStringLiteral("•")
-                : style == QTextListFormat::ListCircle ? QStringLiteral("◦")
+               (style == QTextListFormat::ListDisc     ? u"•"_s
+                : style == QTextListFormat::ListCircle ? u"◦"_s
                                                        : list->itemText(block)) +
                u' ';
     }
     if (format.hasProperty(QTextFormat::BlockTrailingHorizontalRulerWidth)) {
-        return QStringLiteral("---");
+        return u"---"_s;
     }
-    const QString box =
-        format.marker() == QTextBlockFormat::MarkerType::Checked     ? QStringLiteral("[x]")
-        : format.marker() == QTextBlockFormat::MarkerType::Unchecked ? QStringLiteral("[ ]")
-                                                                     : QString();
+    const QString box = format.marker() == QTextBlockFormat::MarkerType::Checked     ? u"[x]"_s
+                        : format.marker() == QTextBlockFormat::MarkerType::Unchecked ? u"[ ]"_s
+                                                                                     : QString();
     return levels(format.indent()) + QString(u'#').repeated(format.headingLevel()) + box;
 }
 
 } // namespace
 
 markdown::MarkdownStyle lightStyle() {
-    return style({QStringLiteral("DejaVu Sans"), QStringLiteral("DejaVu Sans Mono")}, 1);
+    return style({u"DejaVu Sans"_s, u"DejaVu Sans Mono"_s}, 1);
 }
 
 markdown::MarkdownStyle darkStyle() {
-    return style({QStringLiteral("DejaVu Sans Mono"), QStringLiteral("DejaVu Sans")}, 101);
+    return style({u"DejaVu Sans Mono"_s, u"DejaVu Sans"_s}, 101);
 }
 
 std::unique_ptr<QTextDocument> rendered(const QByteArray& text, const QUrl& baseUrl) {
@@ -138,11 +139,11 @@ QStringList description(const QTextDocument& document) {
     QStringList lines;
     lines << QString::number(document.documentMargin()) << QString::number(document.indentWidth());
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        lines << QStringLiteral("block") + describe(block.blockFormat());
-        lines << QStringLiteral("marker") + describe(block.charFormat());
+        lines << u"block"_s + describe(block.blockFormat());
+        lines << u"marker"_s + describe(block.charFormat());
         if (const auto* const table = QTextCursor(block).currentTable()) {
-            lines << QStringLiteral("table") + describe(table->format());
-            lines << QStringLiteral("cell") + describe(table->cellAt(QTextCursor(block)).format());
+            lines << u"table"_s + describe(table->format());
+            lines << u"cell"_s + describe(table->cellAt(QTextCursor(block)).format());
         }
         for (auto it = block.begin(); !it.atEnd(); ++it) {
             lines << it.fragment().text() + describe(it.fragment().charFormat());

@@ -20,6 +20,7 @@ void PrintTo(FileError error, std::ostream* stream) {
 
 namespace {
 
+using namespace Qt::StringLiterals;
 using namespace quorvantel::testing;
 
 class PrivateFileTest : public ::testing::Test {
@@ -68,8 +69,7 @@ TEST_F(PrivateFileTest, ReadsUpToItsLimit) {
     ASSERT_EQ(::truncate(qPrintable(path("huge")), off_t{1} << 43), 0);
     EXPECT_EQ(read("huge"), FileContent(FileError::TooLarge));
     // Claims to be empty, and is not.
-    EXPECT_EQ(readRegularFile(QStringLiteral("/proc/self/status"), 10),
-              FileContent(FileError::TooLarge));
+    EXPECT_EQ(readRegularFile(u"/proc/self/status"_s, 10), FileContent(FileError::TooLarge));
 }
 
 TEST_F(PrivateFileTest, TellsWhyNothingWasRead) {
@@ -121,7 +121,7 @@ TEST_F(PrivateFileTest, KeepsFileAndNewFoldersToTheUser) {
     EXPECT_EQ(mode("shared/one"), 0700U);
     EXPECT_EQ(mode("shared/one/two"), 0700U);
     EXPECT_EQ(mode("shared"), 0755U);
-    EXPECT_EQ(files("shared"), QStringList(QStringLiteral("old")));
+    EXPECT_EQ(files("shared"), QStringList(u"old"_s));
 }
 
 TEST_F(PrivateFileTest, WritesThroughLinks) {
@@ -171,7 +171,7 @@ TEST_F(PrivateFileTest, KeepsTheOldContentWhenTheNewCannotBeWritten) {
 
     EXPECT_FALSE(replaced);
     EXPECT_EQ(content("file"), "content");
-    EXPECT_EQ(files("."), QStringList(QStringLiteral("file")));
+    EXPECT_EQ(files("."), QStringList(u"file"_s));
 }
 
 } // namespace

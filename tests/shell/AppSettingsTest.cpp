@@ -7,17 +7,18 @@
 namespace quorvantel {
 namespace {
 
+using namespace Qt::StringLiterals;
 using testing::MemoryDefaults;
 
-const QString codeKey = QStringLiteral("hotKeyCode");
-const QString modifiersKey = QStringLiteral("hotKeyModifiers");
+const QString codeKey = u"hotKeyCode"_s;
+const QString modifiersKey = u"hotKeyModifiers"_s;
 
 TEST(AppSettingsTest, ReadsOnlyAWholeBindingAndWritesNothing) {
     MemoryDefaults defaults;
     EXPECT_EQ(AppSettings(defaults).hotKeyBinding(), HotKeyBinding::defaultBinding());
     defaults.values[codeKey] = std::int64_t{40};
     EXPECT_EQ(AppSettings(defaults).hotKeyBinding(), HotKeyBinding::defaultBinding());
-    defaults.values[modifiersKey] = QStringLiteral("4096");
+    defaults.values[modifiersKey] = u"4096"_s;
     EXPECT_EQ(AppSettings(defaults).hotKeyBinding(), HotKeyBinding::defaultBinding());
     defaults.values[modifiersKey] = 4096.5;
     EXPECT_EQ(AppSettings(defaults).hotKeyBinding(), (HotKeyBinding{40, 4096}));
@@ -43,7 +44,7 @@ TEST(AppSettingsTest, StoresBeforeItCallsBackAndOnlyARealChange) {
     AppSettings settings(defaults);
     QStringList events;
     QObject::connect(&settings, &AppSettings::hotKeyBindingChanged,
-                     [&] { events << QStringLiteral("observed"); });
+                     [&] { events << u"observed"_s; });
     settings.onHotKeyChange = [&](const HotKeyBinding& binding) {
         events << defaults.writes << binding.displayText();
     };
@@ -51,8 +52,7 @@ TEST(AppSettingsTest, StoresBeforeItCallsBackAndOnlyARealChange) {
     EXPECT_EQ(events, QStringList());
     EXPECT_EQ(defaults.writes, QStringList());
     settings.setHotKeyBinding({49, 0x1000});
-    EXPECT_EQ(events, (QStringList{QStringLiteral("observed"), codeKey, modifiersKey,
-                                   QStringLiteral("⌃Space")}));
+    EXPECT_EQ(events, (QStringList{u"observed"_s, codeKey, modifiersKey, u"⌃Space"_s}));
     EXPECT_EQ(AppSettings(defaults).hotKeyBinding(), (HotKeyBinding{49, 0x1000}));
 }
 
