@@ -1,5 +1,7 @@
 #include "drawing/IconCache.h"
 
+#include "drawing/PixelGrid.h"
+
 #include <QPainter>
 
 #include <algorithm>
@@ -55,6 +57,15 @@ QPixmap tinted(const QPixmap& templateImage, const QColor& color) {
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
     painter.fillRect(QRectF(QPointF(), templateImage.deviceIndependentSize()), color);
     return result;
+}
+
+void drawSymbol(QPainter& painter, IconCache& icons, const platform::Image& symbol,
+                const QRectF& frame, const QColor& color) {
+    const QPixmap pixmap =
+        icons.pixmapNow(symbol, qRound(frame.width()), PixelGrid::scale(painter));
+    if (!pixmap.isNull()) {
+        painter.drawPixmap(PixelGrid::aligned(painter, frame).topLeft(), tinted(pixmap, color));
+    }
 }
 
 } // namespace quorvantel

@@ -10,6 +10,8 @@
 #include <deque>
 #include <optional>
 
+class QPainter;
+
 namespace quorvantel {
 
 /// Decodes icons once and keeps them, without ever holding up a paint.
@@ -60,5 +62,10 @@ private:
 
 /// The pixmap with every pixel in `color`, keeping its alpha: how a template image is shown.
 QPixmap tinted(const QPixmap& templateImage, const QColor& color);
+
+/// Draws a template image of the interface itself in `color`, sharp in a square frame; nothing when
+/// the image is missing.
+void drawSymbol(QPainter& painter, IconCache& icons, const platform::Image& symbol,
+                const QRectF& frame, const QColor& color);
 
 } // namespace quorvantel

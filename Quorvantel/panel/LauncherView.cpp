@@ -4,9 +4,12 @@
 #include "drawing/PixelGrid.h"
 #include "panel/LauncherLayout.h"
 #include "panel/accessibility/PanelAccessible.h"
+#include "settings/ControlPalette.h"
 #include "settings/InterfaceFont.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QPainter>
 #include <QTimer>
 
@@ -25,7 +28,7 @@ constexpr int iconColumnWidth = 28;
 constexpr int columnSpacing = 8;
 /// What QLineEdit leaves free before its text.
 constexpr int lineEditInset = 2;
-constexpr int symbolSize = 18;
+constexpr int symbolSize = SettingsButton::symbolSize;
 constexpr int searchFontSize = 18;
 constexpr int buttonSize = 28;
 constexpr int emptyStateFontSize = 13;
@@ -38,6 +41,10 @@ bool includesCommand(Qt::KeyboardModifiers modifiers) {
     return modifiers.testFlag(Qt::ControlModifier) || modifiers.testFlag(Qt::MetaModifier);
 }
 
+platform::Image magnifyingGlass() {
+    return platform::Image::symbol(QStringLiteral("magnifyingglass"), {});
+}
+
 } // namespace
 
 LauncherView::LauncherView(SearchEngine& engine, const platform::Screens& screens,
@@ -48,7 +55,7 @@ LauncherView::LauncherView(SearchEngine& engine, const platform::Screens& screen
       m_theme(theme),
       m_icons(icons),
       m_searchField(this),
-      m_settingsButton(this),
+      m_settingsButton(theme, icons, this),
       m_list(theme, icons, this),
       m_emptyState(this) {
     PanelAccessible::install();
@@ -59,15 +66,10 @@ LauncherView::LauncherView(SearchEngine& engine, const platform::Screens& screen
     m_searchField.installEventFilter(this);
     setFocusProxy(&m_searchField);
 
-    m_settingsButton.setAutoRaise(true);
-    m_settingsButton.setFocusPolicy(Qt::NoFocus);
-    m_settingsButton.setIconSize(QSize(symbolSize, symbolSize));
-    m_settingsButton.setToolTip(QStringLiteral("Settings (⌘,)"));
-    m_settingsButton.setAccessibleName(QStringLiteral("Settings"));
     m_settingsButton.hide();
 
     connect(&m_searchField, &QLineEdit::textChanged, &engine, &SearchEngine::setQuery);
-    connect(&m_settingsButton, &QToolButton::clicked, this, &LauncherView::openSettings);
+    connect(&m_settingsButton, &SettingsButton::clicked, this, &LauncherView::openSettings);
     connect(&m_list, &ResultListView::rowClicked, this, &LauncherView::launchRow);
     connect(&m_list, &ResultListView::rowEntered, this, [this](int row) {
         if (m_selection.hover(row, m_screens.mouseLocation())) {
@@ -144,17 +146,9 @@ void LauncherView::applySelection() {
 }
 
 void LauncherView::applyTheme() {
-    const ResolvedTheme& theme = m_theme.theme();
-    QPalette palette = m_searchField.palette();
+    QPalette palette = controlPalette(m_theme.theme());
     palette.setColor(QPalette::Base, Qt::transparent);
-    palette.setColor(QPalette::Text, theme.primaryText.toQColor());
-    palette.setColor(QPalette::PlaceholderText, theme.placeholderText.toQColor());
-    palette.setColor(QPalette::Highlight, theme.accent.toQColor());
-    palette.setColor(QPalette::HighlightedText, Qt::white);
     m_searchField.setPalette(palette);
-    const auto gear = platform::Image::symbol(QStringLiteral("gearshape"), {});
-    m_settingsButton.setIcon(QIcon(tinted(m_icons.pixmapNow(gear, symbolSize, devicePixelRatioF()),
-                                          theme.secondaryText.toQColor())));
     update();
     Q_EMIT translucencyChanged();
 }
@@ -173,7 +167,19 @@ bool LauncherView::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &m_searchField && event->type() == QEvent::KeyPress) {
         return handleKey(static_cast<const QKeyEvent&>(*event));
     }
+    if (watched == &m_searchField && event->type() == QEvent::ContextMenu) {
+        showEditingMenu(static_cast<const QContextMenuEvent&>(*event).globalPos());
+        return true;
+    }
     return QWidget::eventFilter(watched, event);
+}
+
+void LauncherView::showEditingMenu(const QPoint& position) {
+    QMenu* const menu = m_searchField.createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    // Of itself a menu has the colours of the desktop.
+    menu->setPalette(controlPalette(m_theme.theme()));
+    menu->popup(position);
 }
 
 bool LauncherView::handleKey(const QKeyEvent& event) {
@@ -251,10 +257,10 @@ void LauncherView::paintEvent(QPaintEvent* /*event*/) {
     fillContinuousRoundedRect(painter, rect(), cornerRadius, fill.toQColor());
     strokeContinuousRoundedRect(painter, rect(), cornerRadius, border.toQColor());
 
-    paintSymbol(painter, QStringLiteral("magnifyingglass"),
-                QRect(horizontalPadding + (iconColumnWidth - symbolSize) / 2,
-                      (searchRowHeight - symbolSize) / 2, symbolSize, symbolSize),
-                theme.secondaryText);
+    drawSymbol(painter, m_icons, magnifyingGlass(),
+               QRect(horizontalPadding + (iconColumnWidth - symbolSize) / 2,
+                     (searchRowHeight - symbolSize) / 2, symbolSize, symbolSize),
+               theme.secondaryText.toQColor());
     if (height() > searchRowHeight) {
         const QRectF separator(0, searchRowHeight, width(), PixelGrid::hairline(painter));
         PixelGrid::fill(painter, separator, theme.separator.toQColor());
@@ -264,28 +270,19 @@ void LauncherView::paintEvent(QPaintEvent* /*event*/) {
     }
 }
 
-void LauncherView::paintSymbol(QPainter& painter, const QString& symbol, const QRect& frame,
-                               const ThemeColor& color) {
-    const QPixmap pixmap =
-        m_icons.pixmapNow(platform::Image::symbol(symbol, {}), frame.width(), devicePixelRatioF());
-    if (!pixmap.isNull()) {
-        painter.drawPixmap(frame.topLeft(), tinted(pixmap, color.toQColor()));
-    }
-}
-
 void LauncherView::paintEmptyState(QPainter& painter) {
-    const ThemeColor color = m_theme.theme().secondaryText;
+    const QColor color = m_theme.theme().secondaryText.toQColor();
     const QString text = EmptyStateView::text();
     const QFont font = interfaceFont(emptyStateFontSize);
     const int textWidth = QFontMetrics(font).horizontalAdvance(text);
     const int top = searchRowHeight + separatorHeight;
     const int left = (width() - emptyStateSymbolSize - emptyStateSpacing - textWidth) / 2;
-    paintSymbol(painter, QStringLiteral("magnifyingglass"),
-                QRect(left, top + (emptyStateHeight - emptyStateSymbolSize) / 2,
-                      emptyStateSymbolSize, emptyStateSymbolSize),
-                color);
+    drawSymbol(painter, m_icons, magnifyingGlass(),
+               QRect(left, top + (emptyStateHeight - emptyStateSymbolSize) / 2,
+                     emptyStateSymbolSize, emptyStateSymbolSize),
+               color);
     painter.setFont(font);
-    painter.setPen(color.toQColor());
+    painter.setPen(color);
     painter.drawText(
         QRect(left + emptyStateSymbolSize + emptyStateSpacing, top, textWidth, emptyStateHeight),
         Qt::AlignVCenter | Qt::TextSingleLine, text);

@@ -4,12 +4,12 @@
 #include "panel/EmptyStateView.h"
 #include "panel/ResultListView.h"
 #include "panel/ResultSelection.h"
+#include "panel/SettingsButton.h"
 #include "platform/Screens.h"
 #include "search/SearchEngine.h"
 #include "settings/ThemedRoot.h"
 
 #include <QLineEdit>
-#include <QToolButton>
 #include <QWidget>
 
 #include <functional>
@@ -68,10 +68,9 @@ private:
     void launchRow(int row);
     bool handleKey(const QKeyEvent& event);
     bool openSettings();
+    void showEditingMenu(const QPoint& position);
     void layOut();
     bool hasEmptyState() const;
-    void paintSymbol(QPainter& painter, const QString& symbol, const QRect& frame,
-                     const ThemeColor& color);
     void paintEmptyState(QPainter& painter);
 
     SearchEngine& m_engine;
@@ -82,7 +81,7 @@ private:
     bool m_isBlurAvailable = false;
     std::function<void()> m_onSettings;
     QLineEdit m_searchField;
-    QToolButton m_settingsButton;
+    SettingsButton m_settingsButton;
     ResultListView m_list;
     EmptyStateView m_emptyState;
 };

@@ -1,6 +1,8 @@
 #include "panel/ResultRowView.h"
 
 #include "drawing/ContinuousCorners.h"
+#include "drawing/PixelGrid.h"
+#include "panel/LauncherLayout.h"
 #include "settings/InterfaceFont.h"
 
 #include <QPainter>
@@ -76,6 +78,7 @@ void ResultRowView::paintEvent(QPaintEvent* /*event*/) {
     }
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    clipToPanel(painter);
     drawHighlight(painter);
 
     const QRect content = rect().adjusted(horizontalPadding, 0, -horizontalPadding, 0);
@@ -90,6 +93,20 @@ void ResultRowView::paintEvent(QPaintEvent* /*event*/) {
         painter.drawText(content, Qt::AlignRight | Qt::AlignVCenter, QStringLiteral("↩"));
     }
     drawTexts(painter, column);
+}
+
+void ResultRowView::clipToPanel(QPainter& painter) const {
+    const QWidget* const list = parentWidget();
+    if (list == nullptr || geometry().bottom() < list->height() - LauncherLayout::listPadding) {
+        return;
+    }
+    // The lower part of the panel as the row sees it, so far up that its upper corners do not show.
+    constexpr int above = -4 * LauncherLayout::cornerRadius;
+    const QRectF panel(-x(), above, list->width(), list->height() - y() - above);
+    const double border = PixelGrid::hairline(painter);
+    painter.setClipPath(continuousRoundedRect(
+        PixelGrid::aligned(painter, panel).adjusted(border, border, -border, -border),
+        LauncherLayout::cornerRadius - border));
 }
 
 void ResultRowView::drawHighlight(QPainter& painter) const {
@@ -118,9 +135,10 @@ void ResultRowView::drawIcon(QPainter& painter, const QRect& frame) const {
         drawGlyphTile(painter, frame, placeholderGlyph(*m_target));
         return;
     }
+    const QRectF pixels = PixelGrid::aligned(painter, frame);
     painter.save();
-    painter.setClipPath(continuousRoundedRect(frame, iconRadius));
-    painter.drawPixmap(frame.topLeft(), *pixmap);
+    painter.setClipPath(continuousRoundedRect(pixels, iconRadius), Qt::IntersectClip);
+    painter.drawPixmap(pixels.topLeft(), *pixmap);
     painter.restore();
 }
 
@@ -129,13 +147,10 @@ void ResultRowView::drawGlyphTile(QPainter& painter, const QRect& frame,
     const ResolvedTheme& theme = m_theme.theme();
     // On the selection the elevated background would all but vanish.
     const ThemeColor fill = m_isSelected ? theme.primaryBackground : theme.elevatedBackground;
-    painter.fillPath(continuousRoundedRect(frame, iconRadius), fill.toQColor());
-    QPixmap pixmap = m_icons.pixmapNow(glyph, glyphSize, devicePixelRatioF());
-    if (pixmap.isNull()) {
-        return;
-    }
-    const QPointF inset((frame.width() - glyphSize) / 2.0, (frame.height() - glyphSize) / 2.0);
-    painter.drawPixmap(frame.topLeft() + inset, tinted(pixmap, theme.accent.toQColor()));
+    fillContinuousRoundedRect(painter, frame, iconRadius, fill.toQColor());
+    QRectF glyphFrame(0, 0, glyphSize, glyphSize);
+    glyphFrame.moveCenter(QRectF(frame).center());
+    drawSymbol(painter, m_icons, glyph, glyphFrame, theme.accent.toQColor());
 }
 
 void ResultRowView::drawTexts(QPainter& painter, const QRect& column) const {
@@ -151,12 +166,16 @@ void ResultRowView::drawTexts(QPainter& painter, const QRect& column) const {
     const QRect kindLine(column.left(), nameLine.top() + nameLine.height() + textGap,
                          column.width(), kindMetrics.height());
     // Glyphs of a substituted font may reach below the line of the interface font.
-    const int alignment = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip;
+    const int alignment = Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignVCenter |
+                          Qt::TextSingleLine | Qt::TextDontClip;
     painter.setFont(nameFont);
     painter.setPen(theme.primaryText.toQColor());
-    painter.drawText(
-        nameLine, alignment,
-        nameMetrics.elidedText(m_target->displayName(), Qt::ElideRight, nameLine.width()));
+    // A name stands beside its icon whatever its script, but reads, and ends, in its own direction.
+    const QString name = m_target->displayName();
+    painter.setLayoutDirection(name.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+    painter.drawText(nameLine, alignment,
+                     nameMetrics.elidedText(name, Qt::ElideRight, nameLine.width()));
+    painter.setLayoutDirection(Qt::LeftToRight);
     painter.setFont(kindFont);
     painter.setPen(theme.secondaryText.toQColor());
     painter.drawText(kindLine, alignment, kindText(*m_target));

@@ -2,6 +2,7 @@
 
 #include "settings/AdvancedSettingsPane.h"
 #include "settings/AppearancePane.h"
+#include "settings/ControlPalette.h"
 #include "settings/GeneralSettingsPane.h"
 #include "settings/HotkeySettingsPane.h"
 #include "settings/SettingsPane.h"
@@ -17,20 +18,6 @@ namespace {
 constexpr int minimumDetailWidth = 380;
 constexpr int idealDetailWidth = 460;
 constexpr int idealHeight = 360;
-
-/// The colours of the standard controls, such as those of dialogs and scroll bars.
-QPalette controlPalette(const ResolvedTheme& theme) {
-    QPalette palette(theme.secondaryBackground.toQColor(), theme.primaryBackground.toQColor());
-    for (const QPalette::ColorRole role :
-         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
-        palette.setColor(role, theme.primaryText.toQColor());
-    }
-    palette.setColor(QPalette::PlaceholderText, theme.placeholderText.toQColor());
-    palette.setColor(QPalette::Base, theme.primaryBackground.toQColor());
-    palette.setColor(QPalette::Highlight, theme.accent.toQColor());
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    return palette;
-}
 
 } // namespace
 

@@ -1,0 +1,191 @@
+#include "panel/LauncherViewFixture.h"
+#include "settings/Contrast.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QHelpEvent>
+#include <QMenu>
+#include <QPainter>
+#include <QScreen>
+#include <QTest>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace quorvantel {
+namespace {
+
+using testing::LauncherViewFixture;
+
+/// A column of the panel right of all text.
+constexpr int freeColumn = 560;
+
+QColor over(const ThemeColor& background, const ThemeColor& fill) {
+    QImage image(1, 1, QImage::Format_ARGB32_Premultiplied);
+    image.fill(background.toQColor());
+    QPainter(&image).fillRect(0, 0, 1, 1, fill.toQColor());
+    return image.pixelColor(0, 0);
+}
+
+double contrast(const QColor& one, const QColor& other) {
+    const auto opaque = [](const QColor& color) {
+        return ThemeColor::bytes(color.red(), color.green(), color.blue(), 1);
+    };
+    return contrastRatio(opaque(one), opaque(other));
+}
+
+/// The lengths of the runs of one colour down a column, from the top.
+QList<int> runs(const QImage& image, int column) {
+    QList<int> lengths;
+    for (int y = 0; y < image.height(); ++y) {
+        if (y == 0 || image.pixel(column, y) != image.pixel(column, y - 1)) {
+            lengths << 0;
+        }
+        ++lengths.last();
+    }
+    return lengths;
+}
+
+class PanelLookTest : public LauncherViewFixture {
+protected:
+    PanelLookTest() {
+        setNumberedApps(20);
+        view.setOnSettings([] {});
+        setAppearance(ThemeManager::Appearance::Light);
+    }
+
+    void setAppearance(ThemeManager::Appearance appearance) {
+        look.manager.setAppearance(appearance);
+    }
+
+    const ResolvedTheme& theme() const { return look.theme.theme(); }
+
+    /// The panel as it comes onto a screen of this scale.
+    QImage picture(double scale = 1) {
+        const QSize pixels(qRound(view.width() * scale), qRound(view.height() * scale));
+        QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
+        image.setDevicePixelRatio(scale);
+        image.fill(Qt::transparent);
+        view.render(&image, {}, {}, QWidget::DrawChildren);
+        image.setDevicePixelRatio(1);
+        return image;
+    }
+
+    QLineEdit& field = *view.findChild<QLineEdit*>();
+    ResultListView& list = *view.findChild<ResultListView*>();
+    SettingsButton& button = *view.findChild<SettingsButton*>();
+};
+
+TEST_F(PanelLookTest, LinesAndEdgesLieOnPixelsAtEveryScale) {
+    engine.setQuery(QStringLiteral("app10"));
+    view.resize(640, 117);
+    // From the top: the border, the search row, the separator, the padding of the list, the row,
+    // the padding and the border.
+    EXPECT_EQ(runs(picture(1), freeColumn), (QList<int>{1, 55, 1, 6, 48, 5, 1}));
+    EXPECT_EQ(runs(picture(1.25), freeColumn), (QList<int>{1, 69, 1, 8, 60, 6, 1}));
+    EXPECT_EQ(runs(picture(1.5), freeColumn), (QList<int>{1, 83, 1, 10, 72, 8, 1}));
+    EXPECT_EQ(runs(picture(1.75), freeColumn), (QList<int>{2, 96, 2, 10, 84, 9, 2}));
+    EXPECT_EQ(runs(picture(2), freeColumn), (QList<int>{2, 110, 2, 12, 96, 10, 2}));
+}
+
+TEST_F(PanelLookTest, ARowThatIsScrolledAcrossTheEdgeStaysInsideThePanel) {
+    engine.setQuery(QStringLiteral("app"));
+    list.setSelectedIndex(8);
+    for (int step = 0; step < 3; ++step) {
+        QWheelEvent turn({200, 200}, list.mapToGlobal(QPointF(200, 200)), {0, -10}, {}, {}, {},
+                         Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&list, &turn);
+    }
+    ASSERT_EQ(list.scrollOffset(), 30);
+    for (const double scale : {1.0, 1.5, 2.0}) {
+        list.setSelectedIndex(8);
+        const QImage selected = picture(scale);
+        list.setSelectedIndex(0);
+        const QImage plain = picture(scale);
+        const int column = qRound(freeColumn * scale);
+        const int bottom = plain.height() - 1;
+        EXPECT_NE(selected.pixel(column, bottom - 4), plain.pixel(column, bottom - 4));
+        EXPECT_EQ(selected.pixel(column, bottom), plain.pixel(column, bottom));
+        EXPECT_EQ(selected.convertToFormat(QImage::Format_Alpha8),
+                  plain.convertToFormat(QImage::Format_Alpha8))
+            << scale;
+    }
+}
+
+TEST_F(PanelLookTest, TheSettingsButtonTakesTheHighlightsOfTheThemeAndStaysVisible) {
+    for (const auto appearance :
+         {ThemeManager::Appearance::Light, ThemeManager::Appearance::Dark}) {
+        setAppearance(appearance);
+        const auto expectFill = [this](const QColor& expected) {
+            const QImage image = picture().copy(button.geometry());
+            EXPECT_EQ(image.pixelColor(14, 2), expected);
+            double most = 1;
+            for (int x = 0; x < image.width(); ++x) {
+                most = std::max(most, contrast(image.pixelColor(x, 14), expected));
+            }
+            EXPECT_GE(most, 3);
+        };
+        const ThemeColor background = theme().primaryBackground;
+        expectFill(background.toQColor());
+        button.setAttribute(Qt::WA_UnderMouse);
+        expectFill(over(background, theme().hoverFill));
+        button.setDown(true);
+        expectFill(over(background, theme().selectionFill));
+        button.setDown(false);
+        button.setAttribute(Qt::WA_UnderMouse, false);
+    }
+}
+
+TEST_F(PanelLookTest, TheMenuOfTheFieldAndTheToolTipHaveTheColoursOfTheTheme) {
+    setAppearance(ThemeManager::Appearance::Dark);
+    const QPoint middle = field.rect().center();
+    QContextMenuEvent rightClick(QContextMenuEvent::Mouse, middle, field.mapToGlobal(middle));
+    QApplication::sendEvent(&field, &rightClick);
+    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    const QColor ground = menu->grab().toImage().pixelColor(menu->width() - 4, 4);
+    EXPECT_GE(contrast(ground, theme().primaryText.toQColor()), 7);
+    menu->close();
+
+    const QPoint inside = button.rect().center();
+    QHelpEvent rest(QEvent::ToolTip, inside, button.mapToGlobal(inside));
+    QApplication::sendEvent(&button, &rest);
+    const auto windows = QApplication::topLevelWidgets();
+    const auto tip = std::ranges::find_if(
+        windows, [](const QWidget* window) { return window->inherits("QTipLabel"); });
+    ASSERT_NE(tip, windows.end());
+    EXPECT_EQ((*tip)->grab().toImage().pixelColor(3, 3), theme().elevatedBackground.toQColor());
+    (*tip)->hide();
+}
+
+TEST_F(PanelLookTest, ARightToLeftNameStandsBesideItsIconAndIsCutOffAtItsEndWhichIsLeft) {
+    const QString word = QStringLiteral("בדיקה ");
+    setApps({word + word, word.repeated(40)});
+    engine.setQuery(word);
+    ASSERT_EQ(engine.results().front().displayName(), word + word);
+    // What a window shows; a painter on a picture takes the direction from the text by itself.
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+    view.repaint();
+    const QImage image = view.screen()->grabWindow(view.winId()).toImage();
+    // Looks at the upper half of the name's line, which no ellipsis reaches.
+    const auto hasTallInk = [&](int row, int left, int right) {
+        const int top = list.y() + list.rowRect(row).top() + 8;
+        for (int y = top; y < top + 12; ++y) {
+            for (int x = left; x < right; ++x) {
+                if (image.pixel(x, y) != image.pixel(x, top - 6)) {
+                    return true;
+                }
+            }
+        }
+        return false;
+    };
+    constexpr int columnLeft = 6 + 12 + 28 + 8;
+    constexpr int columnRight = 640 - 6 - 12;
+    EXPECT_TRUE(hasTallInk(0, columnLeft, columnLeft + 12));
+    EXPECT_FALSE(hasTallInk(0, 300, columnRight));
+    EXPECT_FALSE(hasTallInk(1, columnLeft, columnLeft + 8));
+    EXPECT_TRUE(hasTallInk(1, columnRight - 12, columnRight));
+}
+
+} // namespace
+} // namespace quorvantel
