@@ -75,7 +75,8 @@ Targets arabicNames() {
         {u"الموسيقى", u"music"},
         {u"مدير الملفات", u"files"},
         {u"المتصفح", u"browser"},
-        {u"تقويم الأعمال والمواعيد المشتركة مع جميع أفراد العائلة والأصدقاء والزملاء في العمل",
+        {u"تقويم الأعمال والمواعيد المشتركة مع جميع أفراد العائلة والأصدقاء والزملاء في العمل "
+         u"والجيران في الحي القديم",
          u"calendar"},
         {u"رسائل Messages", u"chat"},
     });
@@ -86,7 +87,9 @@ Targets hebrewNames() {
         {u"מפות", u"maps"},
         {u"מחשבון", u"calculator"},
         {u"מצלמה", u"camera"},
-        {u"מוזיקה", u"music"},
+        {u"מוזיקה!", u"music"},
+        {u"מארגן מקיף לתצלומים, למכתבים סרוקים ולתמונות משפחתיות אחרות מכל השנים ומכל המקומות",
+         u"photos"},
         {u"Terminal (מסוף)", u"terminal"},
     });
 }
@@ -144,6 +147,12 @@ QImage hovered(const Look& look) {
     return stage.onDesktop();
 }
 
+QImage settingsHovered(const Look& look) {
+    PanelStage stage(look, desktopTargets());
+    stage.hoverSettings();
+    return stage.onDesktop();
+}
+
 /// For pages that bring their own ground.
 QImage cutOut(QStringView query) {
     PanelStage stage({ColorScheme::Dark}, desktopTargets());
@@ -171,6 +180,7 @@ void appendStates(std::vector<Scene>& scenes, ColorScheme scheme) {
         Scene::Scales::All);
     add(u"no-results", [look] { return withoutResults(look); });
     add(u"hover", [look] { return hovered(look); });
+    add(u"gear-hovered", [look] { return settingsHovered(look); });
 }
 
 void appendScripts(std::vector<Scene>& scenes) {

@@ -73,6 +73,10 @@ void PanelStage::hover(int row) {
     QCoreApplication::sendEvent(list, &move);
 }
 
+void PanelStage::hoverSettings() {
+    m_view.findChild<SettingsButton*>()->setAttribute(Qt::WA_UnderMouse);
+}
+
 QImage PanelStage::panel() {
     // The first drawing asks for the icons.
     pictureOf(m_view);

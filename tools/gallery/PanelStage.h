@@ -56,6 +56,9 @@ public:
     /// Has the mouse rest over a row, as when the list came up under it.
     void hover(int row);
 
+    /// Has the mouse rest over the settings button.
+    void hoverSettings();
+
     /// The panel by itself, once all its icons are there.
     QImage panel();
 
