@@ -1,6 +1,7 @@
 #include "shell/AppDelegate.h"
 
 #include "shell/FakePlatform.h"
+#include "support/LogLines.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -12,29 +13,6 @@ namespace {
 
 using testing::FakePlatform;
 using testing::MemoryDefaults;
-
-/// Collects what the program itself logs while it lives; Qt's offscreen platform complains, too.
-class Log {
-public:
-    Log() {
-        lines().clear();
-        m_previous = qInstallMessageHandler(
-            [](QtMsgType, const QMessageLogContext&, const QString& message) {
-                if (message.startsWith(QStringLiteral("Quorvantel: "))) {
-                    lines() << message;
-                }
-            });
-    }
-    ~Log() { qInstallMessageHandler(m_previous); }
-
-    static QStringList& lines() {
-        static QStringList instance;
-        return instance;
-    }
-
-private:
-    QtMessageHandler m_previous;
-};
 
 class AppDelegateTest : public ::testing::Test {
 protected:
@@ -147,27 +125,27 @@ TEST_F(AppDelegateTest, LogsAnApplicationThatDoesNotOpenThoughItCounts) {
     platform.applications.names = QStringList{QStringLiteral("Editor")};
     start();
     const QString id = launchResult(QStringLiteral("editor"), 0);
-    const Log log;
+    testing::LogLines log{QStringLiteral("Quorvantel: ")};
     platform.fakeWorkspace.completions.back()(QStringLiteral("no such program"));
-    EXPECT_EQ(Log::lines(), QStringList{QStringLiteral(
-                                "Quorvantel: failed to open Editor.desktop: no such program")});
+    EXPECT_EQ(log.lines(), QStringList{QStringLiteral(
+                               "Quorvantel: failed to open Editor.desktop: no such program")});
     EXPECT_EQ(delegate.frecency().weight(id, now), 1.0);
 }
 
 TEST_F(AppDelegateTest, FallsBackToTheDefaultHotKeyOnceAndOnlyAtTheStart) {
     settings.setHotKeyBinding({40, 0x1000});
     platform.hotKeys.refused = {QStringLiteral("4096+40")};
-    const Log log;
+    testing::LogLines log{QStringLiteral("Quorvantel: ")};
     start();
-    EXPECT_EQ(Log::lines(),
+    EXPECT_EQ(log.lines(),
               QStringList{QStringLiteral("Quorvantel: hotkey registration failed: "
                                          "RegisterEventHotKey failed with OSStatus 10.")});
     EXPECT_EQ(delegate.activeHotKey(), HotKeyBinding::defaultBinding());
 
-    Log::lines().clear();
+    log.take();
     platform.hotKeys.refused << QStringLiteral("4096+38");
     settings.setHotKeyBinding({38, 0x1000});
-    EXPECT_EQ(Log::lines().size(), 1);
+    EXPECT_EQ(log.lines().size(), 1);
     EXPECT_EQ(delegate.activeHotKey(), std::nullopt);
     EXPECT_EQ(platform.hotKeys.registered, QStringList());
     settings.setHotKeyBinding({37, 0x1000});
@@ -176,9 +154,9 @@ TEST_F(AppDelegateTest, FallsBackToTheDefaultHotKeyOnceAndOnlyAtTheStart) {
 
 TEST_F(AppDelegateTest, ARefusedDefaultIsTriedOnceAndLoggedOnce) {
     platform.hotKeys.refused = {QStringLiteral("2304+49")};
-    const Log log;
+    testing::LogLines log{QStringLiteral("Quorvantel: ")};
     start();
-    EXPECT_EQ(Log::lines().size(), 1);
+    EXPECT_EQ(log.lines().size(), 1);
     EXPECT_EQ(delegate.activeHotKey(), std::nullopt);
 }
 

@@ -11,10 +11,16 @@ namespace quorvantel::testing {
 /// Collects what is logged while it lives, instead of letting it through. One at a time.
 class LogLines {
 public:
-    LogLines() {
+    /// Leaves out lines that begin otherwise, such as the toolkit's own.
+    explicit LogLines(const QString& beginning = {}) {
         collected().clear();
-        m_earlier = qInstallMessageHandler(
-            [](QtMsgType, const QMessageLogContext&, const QString& text) { collected() += text; });
+        wanted() = beginning;
+        m_earlier =
+            qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) {
+                if (text.startsWith(wanted())) {
+                    collected() += text;
+                }
+            });
     }
     ~LogLines() { qInstallMessageHandler(m_earlier); }
     LogLines(const LogLines&) = delete;
@@ -29,6 +35,11 @@ private:
     static QStringList& collected() {
         static QStringList lines;
         return lines;
+    }
+
+    static QString& wanted() {
+        static QString beginning;
+        return beginning;
     }
 
     QtMessageHandler m_earlier;
