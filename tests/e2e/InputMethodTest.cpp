@@ -14,7 +14,7 @@ using ::testing::SizeIs;
 using namespace ::quorvantel::testing;
 
 /// A text and the keys of each of its letters, as people enter letters that their keyboard has no
-/// key for.
+/// key for. AltGr is held for the rest of its letter.
 struct Entry {
     std::string name;
     QStringList layout; ///< Arguments of setxkbmap.
@@ -39,6 +39,19 @@ protected:
         }
     }
 
+    void press(const std::vector<xcb_keysym_t>& letter) {
+        for (const xcb_keysym_t key : letter) {
+            if (key == XK_ISO_Level3_Shift) {
+                session.keyboard().hold(key);
+            } else {
+                session.keyboard().press({key});
+            }
+        }
+        if (letter.front() == XK_ISO_Level3_Shift) {
+            session.keyboard().release(XK_ISO_Level3_Shift);
+        }
+    }
+
     /// Presses the keys of a letter and waits until it is seen.
     void enter(const std::vector<xcb_keysym_t>& letter) {
         const auto seen = [this] {
@@ -47,9 +60,7 @@ protected:
                 QRect(panel.topLeft(), QSize(panel.width(), LauncherSession::emptyPanelHeight)));
         };
         const QImage before = seen();
-        for (const xcb_keysym_t key : letter) {
-            session.keyboard().press({key});
-        }
+        press(letter);
         EXPECT_TRUE(waitUntil([&] { return seen() != before; }));
         // The caret's blinking is seen as well; the list comes with the first letter only.
         EXPECT_TRUE(waitUntil(
@@ -93,9 +104,7 @@ TEST_P(InputMethodTest, WhatIsTypedWhileTheLauncherIsBusyKeepsItsOrder) {
     summon();
     session.signal(SIGSTOP);
     for (const std::vector<xcb_keysym_t>& letter : GetParam().letters) {
-        for (const xcb_keysym_t key : letter) {
-            session.keyboard().press({key});
-        }
+        press(letter);
     }
     session.signal(SIGCONT);
     expectTheTextAsTheQuery();
@@ -112,6 +121,10 @@ INSTANTIATE_TEST_SUITE_P(
                              QStringLiteral("compose:menu")},
                             {{XK_c}, {XK_Multi_key, XK_o, XK_e}, {XK_u}, {XK_r}},
                             QStringLiteral("cœur")},
+                      Entry{"AltGr",
+                            {QStringLiteral("us"), QStringLiteral("intl")},
+                            {{XK_f}, {XK_ISO_Level3_Shift, XK_s}, {XK_ISO_Level3_Shift, XK_l}},
+                            QStringLiteral("fßø")},
                       Entry{"AnotherAlphabet",
                             {QStringLiteral("gr")},
                             {{XK_Greek_zeta}, {XK_Greek_eta}},

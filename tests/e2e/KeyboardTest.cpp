@@ -8,7 +8,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <stdexcept>
+#include <vector>
 
 namespace quorvantel {
 namespace {
@@ -70,6 +72,38 @@ protected:
     void expectTypingReachesTheClient(const QByteArray& text) {
         session.keyboard().type(text);
         EXPECT_TRUE(waitUntil([&] { return client->typed().endsWith(text); }));
+    }
+
+    /// Presses a chord of the desktop, whose modifiers are held until the panel is gone.
+    void pressBesideThePanel(const std::vector<xcb_keysym_t>& modifiers, xcb_keysym_t key) {
+        for (const xcb_keysym_t modifier : modifiers) {
+            session.keyboard().hold(modifier);
+        }
+        session.keyboard().press({key});
+        EXPECT_TRUE(waitUntil([this] { return !session.panel(); }));
+        for (const xcb_keysym_t modifier : modifiers) {
+            session.keyboard().release(modifier);
+        }
+        EXPECT_TRUE(session.waitForDismissal());
+    }
+
+    std::uint32_t workspace() const {
+        const XConnection& connection = session.connection();
+        return connection.property(connection.root(), "_NET_CURRENT_DESKTOP").at(0);
+    }
+
+    bool isAnyKeyDown() const {
+        xcb_connection_t* const connection = session.connection().get();
+        const XReply<xcb_query_keymap_reply_t> reply(
+            xcb_query_keymap_reply(connection, xcb_query_keymap(connection), nullptr));
+        return std::ranges::any_of(reply->keys, [](std::uint8_t keys) { return keys != 0; });
+    }
+
+    void holdAndRepeat(xcb_keysym_t key) {
+        for (int press = 0; press < 4; ++press) {
+            // To the server, the press of a key that is down is a repeat.
+            session.keyboard().hold(key);
+        }
     }
 
     LauncherSession session;
@@ -135,6 +169,124 @@ TEST_F(KeyboardTest, TheScreenLockKeyGivesTheKeyboardToTheLock) {
     // Nothing of the panel's retries is left that would compete with the lock.
     const ForeignGrab screenLock(session.display());
     expectTypingReachesTheClient("");
+}
+
+TEST_F(KeyboardTest, WhatIsTypedAfterAVolumeKeyStaysWithThePanel) {
+    start();
+    ForeignHotKey volume(session.display(), XF86XK_AudioRaiseVolume, 0);
+    session.summon();
+    session.signal(SIGSTOP);
+    session.keyboard().type("z");
+    session.keyboard().press({XF86XK_AudioRaiseVolume});
+    session.keyboard().type("inc");
+    session.signal(SIGCONT);
+    EXPECT_TRUE(session.waitForPanelHeight(panelHeight(1)));
+    EXPECT_TRUE(waitUntil([&] { return volume.presses() == 1; }));
+    session.keyboard().press({XK_Return});
+    EXPECT_THAT(session.waitForRuns(zinc, 1), SizeIs(1));
+    EXPECT_EQ(client->typed(), "");
+}
+
+TEST_F(KeyboardTest, ChordsOfTheDesktopDismissThePanelAndDoTheirWork) {
+    start();
+    ForeignHotKey lock(session.display(), XK_l, XCB_MOD_MASK_4);
+    ForeignHotKey terminal(session.display(), XK_t, XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1);
+    ASSERT_TRUE(lock.isHeld() && terminal.isHeld());
+    session.summon();
+    session.search("zi", 1);
+    pressBesideThePanel({XK_Super_L}, XK_l);
+    EXPECT_TRUE(waitUntil([&] { return lock.presses() == 1; }));
+
+    session.summon();
+    pressBesideThePanel({XK_Alt_L, XK_Control_L}, XK_t);
+    EXPECT_TRUE(waitUntil([&] { return terminal.presses() == 1; }));
+
+    session.summon();
+    EXPECT_EQ(session.panel()->height(), LauncherSession::emptyPanelHeight);
+    EXPECT_EQ(client->typed(), "");
+    EXPECT_EQ(lock.presses(), 1);
+}
+
+TEST_F(KeyboardTest, AChordOfTheDesktopMayBeLetGoInAnyOrderAndWithTheLocksOn) {
+    start();
+    ForeignHotKey lock(session.display(), XK_l, XCB_MOD_MASK_4 | XCB_MOD_MASK_2);
+    ASSERT_TRUE(lock.isHeld());
+    session.keyboard().press({XK_Num_Lock});
+    session.summon();
+    session.keyboard().hold(XK_Super_L);
+    session.keyboard().hold(XK_l);
+    session.keyboard().release(XK_Super_L);
+    session.keyboard().release(XK_l);
+    EXPECT_TRUE(session.waitForDismissal());
+    EXPECT_TRUE(waitUntil([&] { return lock.presses() == 1; }));
+    EXPECT_TRUE(waitUntil([this] { return !isAnyKeyDown(); }));
+    EXPECT_EQ(client->typed(), "");
+}
+
+TEST_F(KeyboardTest, AHeldChordActsOnceWhenItIsLetGo) {
+    start();
+    ForeignHotKey lock(session.display(), XK_l, XCB_MOD_MASK_4);
+    ASSERT_TRUE(lock.isHeld());
+    session.summon();
+    session.keyboard().hold(XK_Super_L);
+    holdAndRepeat(XK_l);
+    session.keyboard().release(XK_l);
+    EXPECT_TRUE(session.waitForDismissal());
+    session.keyboard().release(XK_Super_L);
+    session.summon();
+    EXPECT_EQ(lock.presses(), 1);
+}
+
+TEST_F(KeyboardTest, ClosingIsMeantForThePanelAndNotForTheWindowBehindIt) {
+    start();
+    session.summon();
+    session.keyboard().hold(XK_Alt_L);
+    holdAndRepeat(XK_F4);
+    session.keyboard().release(XK_F4);
+    session.keyboard().release(XK_Alt_L);
+    EXPECT_TRUE(session.waitForDismissal());
+    EXPECT_EQ(session.desktop().activeWindow(), client->id());
+    expectTypingReachesTheClient("still there");
+}
+
+TEST_F(KeyboardTest, ModifiersOfTheHotKeyThatAreStillDownMakeNoChord) {
+    start();
+    session.keyboard().hold(XK_Alt_L);
+    session.keyboard().hold(XK_Super_L);
+    session.keyboard().press({XK_space});
+    ASSERT_TRUE(waitUntil([this] { return session.desktop().isKeyboardGrabbed(); }));
+    session.search("zinc", 1);
+    session.keyboard().release(XK_Super_L);
+    session.keyboard().release(XK_Alt_L);
+    session.keyboard().press({XK_Return});
+    EXPECT_THAT(session.waitForRuns(zinc, 1), SizeIs(1));
+}
+
+TEST_F(KeyboardTest, TheWindowManagersOwnChordsWork) {
+    start();
+    const ClientWindow other(session.display(), QRect(500, 640, 400, 120));
+    // The first keys make the window manager read the keyboard anew and grab its chords again.
+    EXPECT_TRUE(waitUntil([this] {
+        session.keyboard().press({XK_Super_L, XK_F2});
+        return workspace() == 1;
+    }));
+    session.keyboard().press({XK_Super_L, XK_F1});
+    EXPECT_TRUE(waitUntil([&] { return session.desktop().activeWindow() == other.id(); }));
+
+    session.summon();
+    session.keyboard().hold(XK_Alt_L);
+    session.keyboard().press({XK_Tab});
+    // The window manager shows the windows to choose from until Alt is let go.
+    EXPECT_TRUE(waitUntil([this] {
+        return !session.panel() && !session.desktop().overrideRedirectWindows().empty();
+    }));
+    session.keyboard().release(XK_Alt_L);
+    EXPECT_TRUE(session.waitForDismissal());
+    EXPECT_TRUE(waitUntil([this] { return session.desktop().activeWindow() == client->id(); }));
+
+    session.summon();
+    pressBesideThePanel({XK_Control_L, XK_Alt_L}, XK_Right);
+    EXPECT_TRUE(waitUntil([this] { return workspace() == 1; }));
 }
 
 TEST_F(KeyboardTest, FastTypingArrivesCompleteAndInOrder) {

@@ -9,10 +9,10 @@ namespace quorvantel::platform {
 LinuxPlatform::LinuxPlatform(const X11Display& display)
     : m_displayLossReport(display),
       m_rawEvents(display),
+      m_panelHost(display),
       m_hotKeys(display, m_rawEvents),
       m_keyCapture(display, m_hotKeys),
       m_clickMonitor(display, m_rawEvents),
-      m_panelHost(display),
       m_windowBackdrop(display),
       m_windowActivator(display, m_userTime),
       m_startupNotifier(display, m_userTime),

@@ -43,12 +43,12 @@ public:
 private:
     DisplayLossReport m_displayLossReport;
     X11RawEvents m_rawEvents;
-    // Event filters run last in, first out: a capture keeps key presses from the hotkeys, and the
-    // time must see the presses that either consumes.
+    // Event filters run last in, first out: a capture keeps key presses from the hotkeys, these
+    // keep theirs from the panel, and the time must see the presses that any of them consumes.
+    X11PanelHost m_panelHost;
     X11HotKeys m_hotKeys;
     X11KeyCapture m_keyCapture;
     X11ClickMonitor m_clickMonitor;
-    X11PanelHost m_panelHost;
     X11WindowBackdrop m_windowBackdrop;
     X11UserTime m_userTime;
     X11WindowActivator m_windowActivator;

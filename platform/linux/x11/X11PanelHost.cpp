@@ -1,14 +1,10 @@
 #include "platform/linux/x11/X11PanelHost.h"
 
+#include "platform/linux/x11/X11KeyTranslation.h"
+
 #include <QCoreApplication>
 #include <QWindow>
 
-#include <X11/XF86keysym.h>
-#include <X11/keysym.h>
-#include <xcb/xtest.h>
-
-#include <algorithm>
-#include <array>
 #include <chrono>
 
 namespace quorvantel::platform {
@@ -20,47 +16,10 @@ using namespace std::chrono_literals;
 constexpr auto retryInterval = 20ms;
 constexpr int retryAttempts = 15;
 
-/// The range of the keys that are not of the typewriter, by vendor number.
-constexpr xcb_keysym_t firstSpecialKey = 0x10080000;
-constexpr xcb_keysym_t lastSpecialKey = 0x1008FFFF;
-
-/// Special keys that edit text, which is the panel's own business.
-constexpr std::array<xcb_keysym_t, 3> editingKeys{XF86XK_Copy, XF86XK_Cut, XF86XK_Paste};
-
-/// Keys that adjust or capture something while the user goes on with what is on the screen.
-constexpr std::array<xcb_keysym_t, 22> adjustingKeys{
-    XK_Print,
-    XF86XK_MonBrightnessUp,
-    XF86XK_MonBrightnessDown,
-    XF86XK_KbdLightOnOff,
-    XF86XK_KbdBrightnessUp,
-    XF86XK_KbdBrightnessDown,
-    XF86XK_AudioLowerVolume,
-    XF86XK_AudioMute,
-    XF86XK_AudioRaiseVolume,
-    XF86XK_AudioMicMute,
-    XF86XK_AudioPlay,
-    XF86XK_AudioStop,
-    XF86XK_AudioPrev,
-    XF86XK_AudioNext,
-    XF86XK_AudioRecord,
-    XF86XK_AudioPause,
-    XF86XK_AudioRewind,
-    XF86XK_AudioForward,
-    XF86XK_AudioRepeat,
-    XF86XK_AudioRandomPlay,
-    XF86XK_AudioCycleTrack,
-    XF86XK_TouchpadToggle,
-};
-
-bool contains(const auto& symbols, xcb_keysym_t symbol) {
-    return std::ranges::find(symbols, symbol) != symbols.end();
-}
-
-bool isForOthers(xcb_keysym_t symbol) {
-    const bool isSpecial = symbol >= firstSpecialKey && symbol <= lastSpecialKey;
-    return symbol == XK_Print || (isSpecial && !contains(editingKeys, symbol));
-}
+/// Above them, the state in an event holds the pointer's buttons and the keyboard's group.
+constexpr unsigned int modifierMask = 0xFF;
+constexpr unsigned int groupShift = 13;
+constexpr unsigned int groupMask = 0x3;
 
 /// The window that the user sees, of which the given one may be a part.
 QWindow& panelOf(QWindow& window) {
@@ -68,15 +27,10 @@ QWindow& panelOf(QWindow& window) {
     return parent == nullptr ? window : panelOf(*parent);
 }
 
-bool hasXTest(xcb_connection_t* connection) {
-    const auto* const extension = xcb_get_extension_data(connection, &xcb_test_id);
-    return extension != nullptr && extension->present != 0;
-}
-
 } // namespace
 
 X11PanelHost::X11PanelHost(const X11Display& display)
-    : m_display(display), m_canFakeInput(hasXTest(display.connection)) {
+    : m_display(display), m_virtualKeyboard(display) {
     qApp->installNativeEventFilter(this);
     m_retry.setInterval(retryInterval);
     QObject::connect(&m_retry, &QTimer::timeout, &m_retry, [this] { checkGrab(); });
@@ -94,7 +48,9 @@ Qt::WindowFlags X11PanelHost::windowFlags() const {
 
 void X11PanelHost::takeKeyboard(QWindow& window) {
     m_window = &window;
-    m_grab.emplace(m_display, static_cast<xcb_window_t>(window.winId()));
+    m_windowId = static_cast<xcb_window_t>(window.winId());
+    m_modifiersFromBefore = modifierMask;
+    m_grab.emplace(m_display, m_windowId);
     // Asks the server without waiting for the answer, which is there when the first key comes.
     m_symbols.reset(xcb_key_symbols_alloc(m_display.connection));
     awaitGrab();
@@ -112,9 +68,16 @@ void X11PanelHost::checkGrab() {
         m_grab->request();
     } else {
         m_retry.stop();
-        m_grab.reset();
+        endGrab();
         takeFocus();
     }
+}
+
+void X11PanelHost::endGrab() {
+    m_grab.reset();
+    m_symbols.reset();
+    m_keyboard.reset();
+    m_desktopKeys.clear();
 }
 
 void X11PanelHost::takeFocus() {
@@ -123,15 +86,13 @@ void X11PanelHost::takeFocus() {
     if (focus) {
         m_previousFocus = focus->focus;
     }
-    xcb_set_input_focus(m_display.connection, XCB_INPUT_FOCUS_PARENT,
-                        static_cast<xcb_window_t>(m_window->winId()), XCB_CURRENT_TIME);
+    xcb_set_input_focus(m_display.connection, XCB_INPUT_FOCUS_PARENT, m_windowId, XCB_CURRENT_TIME);
     xcb_flush(m_display.connection);
 }
 
 void X11PanelHost::releaseKeyboard(QWindow& /*window*/) {
     m_retry.stop();
-    m_grab.reset();
-    m_symbols.reset();
+    endGrab();
     if (m_previousFocus != XCB_WINDOW_NONE) {
         returnFocus();
     }
@@ -143,7 +104,7 @@ void X11PanelHost::returnFocus() {
     const XcbPointer<xcb_get_input_focus_reply_t> focus(xcb_get_input_focus_reply(
         m_display.connection, xcb_get_input_focus(m_display.connection), nullptr));
     // The user may have gone to another window meanwhile, which is to keep the focus.
-    if (focus && focus->focus == static_cast<xcb_window_t>(m_window->winId())) {
+    if (focus && focus->focus == m_windowId) {
         xcb_set_input_focus(m_display.connection, XCB_INPUT_FOCUS_PARENT, m_previousFocus,
                             XCB_CURRENT_TIME);
     }
@@ -153,44 +114,78 @@ void X11PanelHost::returnFocus() {
 bool X11PanelHost::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
                                      qintptr* /*result*/) {
     const auto* const event = static_cast<const xcb_generic_event_t*>(message);
-    if ((event->response_type & 0x7FU) != XCB_KEY_RELEASE || !m_canFakeInput || !m_grab ||
-        !m_grab->isHeld()) {
+    switch (event->response_type & 0x7FU) {
+    case XCB_KEY_PRESS:
+        return handlePress(*static_cast<const xcb_key_press_event_t*>(message));
+    case XCB_KEY_RELEASE:
+        return handleRelease(*static_cast<const xcb_key_release_event_t*>(message));
+    default:
         return false;
     }
-    const xcb_keycode_t key = static_cast<const xcb_key_release_event_t*>(message)->detail;
-    const xcb_keysym_t symbol = symbolOf(key);
+}
+
+bool X11PanelHost::handlePress(const xcb_key_press_event_t& event) {
+    if (m_window.isNull()) {
+        // It was typed before the panel went, but not for what is searched next time.
+        return event.event == m_windowId;
+    }
+    m_modifiersFromBefore &= event.state;
+    if (!m_grab || !m_grab->isHeld() || !m_virtualKeyboard.isAvailable()) {
+        return false;
+    }
+    const DesktopKey key = judge(event);
+    if (key.fate == KeyFate::Kept) {
+        m_desktopKeys.erase(event.detail);
+        return false;
+    }
+    m_desktopKeys.insert_or_assign(event.detail, key);
+    return true;
+}
+
+bool X11PanelHost::handleRelease(const xcb_key_release_event_t& event) {
+    const auto found = m_desktopKeys.find(event.detail);
+    if (found == m_desktopKeys.end()) {
+        return false;
+    }
     // While a key is held, the server reports its repeats as releases, too.
-    if (isForOthers(symbol) && !isDown(key)) {
-        handOver(key, contains(adjustingKeys, symbol));
+    if (!m_virtualKeyboard.isDown(event.detail)) {
+        const DesktopKey key = found->second;
+        m_desktopKeys.erase(found);
+        handOver(event.detail, key);
     }
-    return false;
+    return true;
 }
 
-xcb_keysym_t X11PanelHost::symbolOf(xcb_keycode_t key) {
-    return xcb_key_symbols_get_keysym(m_symbols.get(), key, 0);
-}
-
-bool X11PanelHost::isDown(xcb_keycode_t key) const {
-    const XcbPointer<xcb_query_keymap_reply_t> reply(xcb_query_keymap_reply(
-        m_display.connection, xcb_query_keymap(m_display.connection), nullptr));
-    return reply && (reply->keys[key / 8] & (1U << (key % 8))) != 0;
-}
-
-void X11PanelHost::handOver(xcb_keycode_t key, bool keepsPanel) {
-    // In one go, so that no key of the user's falls between: the server carries out the requests of
-    // a connection in order, and a faked event at once.
-    m_grab->suspend();
-    for (const std::uint8_t type : {std::uint8_t{XCB_KEY_PRESS}, std::uint8_t{XCB_KEY_RELEASE}}) {
-        xcb_test_fake_input(m_display.connection, type, key, XCB_CURRENT_TIME, XCB_WINDOW_NONE, 0,
-                            0, 0);
+X11PanelHost::DesktopKey X11PanelHost::judge(const xcb_key_press_event_t& event) {
+    const unsigned int held = event.state & modifierMask & ~m_modifiersFromBefore;
+    if (held == 0) {
+        return {fateOfKey(symbolOf(event), 0), 0};
     }
-    if (keepsPanel) {
+    if (!m_keyboard) {
+        m_keyboard = X11Keyboard::read(m_display);
+    }
+    const std::uint32_t modifiers = carbonModifiers(*m_keyboard, static_cast<std::uint16_t>(held));
+    return {fateOfKey(symbolOf(event), modifiers), m_keyboard->modifierBits(modifiers)};
+}
+
+xcb_keysym_t X11PanelHost::symbolOf(const xcb_key_press_event_t& event) {
+    const bool isSecondGroup = (event.state >> groupShift & groupMask) == 1;
+    const bool isShifted = (event.state & XCB_MOD_MASK_SHIFT) != 0;
+    return xcb_key_symbols_get_keysym(m_symbols.get(), event.detail,
+                                      (isSecondGroup ? 2 : 0) + (isShifted ? 1 : 0));
+}
+
+void X11PanelHost::handOver(xcb_keycode_t key, const DesktopKey& desktopKey) {
+    if (desktopKey.fate != KeyFate::Dismissing) {
+        m_grab->suspend();
+        m_virtualKeyboard.press(key, desktopKey.modifiers);
+    }
+    if (desktopKey.fate == KeyFate::HandedOver) {
         m_grab->request();
         awaitGrab();
     } else {
         panelOf(*m_window).close();
     }
-    xcb_flush(m_display.connection);
 }
 
 } // namespace quorvantel::platform

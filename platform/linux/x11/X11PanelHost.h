@@ -1,8 +1,11 @@
 #pragma once
 
 #include "platform/PanelHost.h"
+#include "platform/linux/x11/KeyFate.h"
 #include "platform/linux/x11/X11Display.h"
+#include "platform/linux/x11/X11Keyboard.h"
 #include "platform/linux/x11/X11KeyboardGrab.h"
+#include "platform/linux/x11/X11VirtualKeyboard.h"
 
 #include <QAbstractNativeEventFilter>
 #include <QPointer>
@@ -11,6 +14,7 @@
 #include <xcb/xcb_keysyms.h>
 
 #include <optional>
+#include <unordered_map>
 
 namespace quorvantel::platform {
 
@@ -22,11 +26,13 @@ namespace quorvantel::platform {
 /// the grab is tried again for a moment; if it is still refused, the panel takes the input focus
 /// and returns it afterwards.
 ///
-/// An active grab also keeps the keys for volume, brightness, media, screenshots and the like from
-/// the clients that listen for them. Such a key is pressed once more, past the grab, when it is
-/// let go (XTEST extension). The panel stays for those that only adjust something; for the others,
-/// which lock the screen or open an application that wants the keyboard itself, the window is
-/// closed first.
+/// An active grab also keeps the desktop's own keys from the clients that listen for them, such as
+/// those for the volume or Super+L; `KeyFate` says which they are. Such a key is pressed once more,
+/// past the grab, when it is let go. The window is closed after a key that is to bring up something
+/// which wants the keyboard itself.
+///
+/// The hotkeys recognise their presses first. Native event filters run last in, first out; so this
+/// object must exist before them.
 class X11PanelHost : public PanelHost, public QAbstractNativeEventFilter {
 public:
     explicit X11PanelHost(const X11Display& display);
@@ -43,17 +49,28 @@ private:
         void operator()(xcb_key_symbols_t* symbols) const { xcb_key_symbols_free(symbols); }
     };
 
+    /// A key that is the desktop's once it is let go.
+    struct DesktopKey {
+        KeyFate fate;
+        /// Of the core protocol; those that belong to its chord.
+        std::uint16_t modifiers;
+    };
+
     void awaitGrab();
     void checkGrab();
+    void endGrab();
     void takeFocus();
     void returnFocus();
-    xcb_keysym_t symbolOf(xcb_keycode_t key);
-    bool isDown(xcb_keycode_t key) const;
-    void handOver(xcb_keycode_t key, bool keepsPanel);
+    bool handlePress(const xcb_key_press_event_t& event);
+    bool handleRelease(const xcb_key_release_event_t& event);
+    DesktopKey judge(const xcb_key_press_event_t& event);
+    xcb_keysym_t symbolOf(const xcb_key_press_event_t& event);
+    void handOver(xcb_keycode_t key, const DesktopKey& desktopKey);
 
     X11Display m_display;
-    bool m_canFakeInput;
+    X11VirtualKeyboard m_virtualKeyboard;
     QPointer<QWindow> m_window;
+    xcb_window_t m_windowId = XCB_WINDOW_NONE;
     QTimer m_retry;
     int m_attemptsLeft = 0;
     /// While the panel has the keyboard or tries to get it; not once it took the input focus.
@@ -62,6 +79,12 @@ private:
     xcb_window_t m_previousFocus = XCB_WINDOW_NONE;
     /// Read anew in each showing; exists while the panel has the keyboard.
     std::unique_ptr<xcb_key_symbols_t, FreeSymbols> m_symbols;
+    /// Read in a showing when the first modifier is pressed.
+    std::optional<X11Keyboard> m_keyboard;
+    /// The modifiers that have not been up since before the panel was shown: of its hotkey, from
+    /// which people go over to typing before they let go of all, and the locks.
+    unsigned int m_modifiersFromBefore = 0;
+    std::unordered_map<xcb_keycode_t, DesktopKey> m_desktopKeys;
 };
 
 } // namespace quorvantel::platform
