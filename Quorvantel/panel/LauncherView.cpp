@@ -178,7 +178,16 @@ void LauncherView::showEditingMenu(const QPoint& position) {
     QMenu* const menu = m_searchField.createStandardContextMenu();
     menu->setAttribute(Qt::WA_DeleteOnClose);
     // Of itself a menu has the colours of the desktop.
-    menu->setPalette(controlPalette(m_theme.theme()));
+    QPalette palette = controlPalette(m_theme.theme());
+    // Styles differ in which of them is the ground of a menu.
+    for (const QPalette::ColorRole ground : {QPalette::Window, QPalette::Base}) {
+        palette.setColor(ground, m_theme.theme().elevatedBackground.toQColor());
+    }
+    menu->setPalette(palette);
+    const QList<QAction*> actions = menu->actions();
+    for (QAction* const action : actions) {
+        action->setIconVisibleInMenu(false);
+    }
     menu->popup(position);
 }
 
