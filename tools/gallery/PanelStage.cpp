@@ -38,6 +38,7 @@ PanelStage::PanelStage(const Look& look, std::vector<LaunchTarget> targets)
     m_view.setAttribute(Qt::WA_TranslucentBackground);
     m_view.resize(panelWidth, LauncherLayout::neededHeight(0, false));
     m_view.onHeightChange = [this](double height) { m_view.resize(panelWidth, qRound(height)); };
+    m_view.setBlurAvailable(true);
     m_view.setOnSettings([] {});
     m_view.show();
     m_view.activateWindow();
