@@ -49,7 +49,14 @@ void FirstMouseHostingView::mouseMoveEvent(QMouseEvent* event) {
 
 void FirstMouseHostingView::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton) {
-        endDrag();
+        m_grip.reset();
+    }
+}
+
+void FirstMouseHostingView::endInteraction() {
+    m_grip.reset();
+    if (QWidget* const menu = QApplication::activePopupWidget()) {
+        menu->close();
     }
 }
 

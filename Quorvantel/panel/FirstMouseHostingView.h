@@ -27,8 +27,8 @@ public:
     /// Whether the panel is shown; the hosting view itself stays shown inside a hidden panel.
     bool isOnScreen() const { return m_panel.isVisible(); }
 
-    /// Whatever the mouse does next is no part of a drag that has begun.
-    void endDrag() { m_grip.reset(); }
+    /// Ends a drag and closes an open menu, for the panel goes.
+    void endInteraction();
 
 Q_SIGNALS:
     /// The user dragged the background by this step.

@@ -89,7 +89,7 @@ void LauncherPanel::exposeEvent(QExposeEvent* event) {
 }
 
 void LauncherPanel::hideEvent(QHideEvent* event) {
-    m_hostingView.endDrag();
+    m_hostingView.endInteraction();
     m_shadow.hide();
     QWindow::hideEvent(event);
     endFirstFrame();

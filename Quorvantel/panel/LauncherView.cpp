@@ -4,12 +4,9 @@
 #include "drawing/PixelGrid.h"
 #include "panel/LauncherLayout.h"
 #include "panel/accessibility/PanelAccessible.h"
-#include "settings/ControlPalette.h"
 #include "settings/InterfaceFont.h"
 
-#include <QContextMenuEvent>
 #include <QKeyEvent>
-#include <QMenu>
 #include <QPainter>
 #include <QTimer>
 
@@ -29,7 +26,6 @@ constexpr int columnSpacing = 8;
 /// What QLineEdit leaves free before its text.
 constexpr int lineEditInset = 2;
 constexpr int symbolSize = SettingsButton::symbolSize;
-constexpr int searchFontSize = 18;
 constexpr int buttonSize = 28;
 constexpr int emptyStateFontSize = 13;
 constexpr int emptyStateSymbolSize = 14;
@@ -54,15 +50,11 @@ LauncherView::LauncherView(SearchEngine& engine, const platform::Screens& screen
       m_screens(screens),
       m_theme(theme),
       m_icons(icons),
-      m_searchField(this),
+      m_searchField(theme, this),
       m_settingsButton(theme, icons, this),
       m_list(theme, icons, this),
       m_emptyState(this) {
     PanelAccessible::install();
-    m_searchField.setFrame(false);
-    m_searchField.setFont(interfaceFont(searchFontSize));
-    m_searchField.setPlaceholderText(QStringLiteral("Search apps and settings…"));
-    m_searchField.setAccessibleName(m_searchField.placeholderText());
     m_searchField.installEventFilter(this);
     setFocusProxy(&m_searchField);
 
@@ -146,9 +138,6 @@ void LauncherView::applySelection() {
 }
 
 void LauncherView::applyTheme() {
-    QPalette palette = controlPalette(m_theme.theme());
-    palette.setColor(QPalette::Base, Qt::transparent);
-    m_searchField.setPalette(palette);
     update();
     Q_EMIT translucencyChanged();
 }
@@ -167,28 +156,7 @@ bool LauncherView::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &m_searchField && event->type() == QEvent::KeyPress) {
         return handleKey(static_cast<const QKeyEvent&>(*event));
     }
-    if (watched == &m_searchField && event->type() == QEvent::ContextMenu) {
-        showEditingMenu(static_cast<const QContextMenuEvent&>(*event).globalPos());
-        return true;
-    }
     return QWidget::eventFilter(watched, event);
-}
-
-void LauncherView::showEditingMenu(const QPoint& position) {
-    QMenu* const menu = m_searchField.createStandardContextMenu();
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    // Of itself a menu has the colours of the desktop.
-    QPalette palette = controlPalette(m_theme.theme());
-    // Styles differ in which of them is the ground of a menu.
-    for (const QPalette::ColorRole ground : {QPalette::Window, QPalette::Base}) {
-        palette.setColor(ground, m_theme.theme().elevatedBackground.toQColor());
-    }
-    menu->setPalette(palette);
-    const QList<QAction*> actions = menu->actions();
-    for (QAction* const action : actions) {
-        action->setIconVisibleInMenu(false);
-    }
-    menu->popup(position);
 }
 
 bool LauncherView::handleKey(const QKeyEvent& event) {

@@ -4,12 +4,12 @@
 #include "panel/EmptyStateView.h"
 #include "panel/ResultListView.h"
 #include "panel/ResultSelection.h"
+#include "panel/SearchField.h"
 #include "panel/SettingsButton.h"
 #include "platform/Screens.h"
 #include "search/SearchEngine.h"
 #include "settings/ThemedRoot.h"
 
-#include <QLineEdit>
 #include <QWidget>
 
 #include <functional>
@@ -68,7 +68,6 @@ private:
     void launchRow(int row);
     bool handleKey(const QKeyEvent& event);
     bool openSettings();
-    void showEditingMenu(const QPoint& position);
     void layOut();
     bool hasEmptyState() const;
     void paintEmptyState(QPainter& painter);
@@ -80,7 +79,7 @@ private:
     ResultSelection m_selection;
     bool m_isBlurAvailable = false;
     std::function<void()> m_onSettings;
-    QLineEdit m_searchField;
+    SearchField m_searchField;
     SettingsButton m_settingsButton;
     ResultListView m_list;
     EmptyStateView m_emptyState;

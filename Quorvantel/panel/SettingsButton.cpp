@@ -1,23 +1,17 @@
 #include "panel/SettingsButton.h"
 
 #include "drawing/ContinuousCorners.h"
+#include "settings/ControlPalette.h"
 
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 namespace quorvantel {
 
 namespace {
 
 constexpr int highlightRadius = 6;
-
-QString cssColor(const ThemeColor& color) {
-    const QColor rgb = color.toQColor();
-    return QStringLiteral("rgba(%1,%2,%3,%4)")
-        .arg(rgb.red())
-        .arg(rgb.green())
-        .arg(rgb.blue())
-        .arg(rgb.alpha());
-}
 
 } // namespace
 
@@ -31,13 +25,18 @@ SettingsButton::SettingsButton(const ThemedRoot& theme, IconCache& icons, QWidge
     applyTheme();
 }
 
+bool SettingsButton::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) {
+        return QToolButton::event(event);
+    }
+    // Without the button as its owner: Qt accepts only a top-level window, which the panel's
+    // content is not.
+    QToolTip::showText(static_cast<const QHelpEvent&>(*event).globalPos(), toolTip());
+    return true;
+}
+
 void SettingsButton::applyTheme() {
-    const ResolvedTheme& theme = m_theme.theme();
-    // A tool tip takes only a style sheet from its widget, neither palette nor style.
-    setStyleSheet(QStringLiteral("QToolTip { padding: 3px 6px; color: %1; background-color: %2;"
-                                 " border: 1px solid %3; }")
-                      .arg(cssColor(theme.primaryText), cssColor(theme.elevatedBackground),
-                           cssColor(theme.separator)));
+    QToolTip::setPalette(controlPalette(m_theme.theme()));
     update();
 }
 

@@ -20,6 +20,7 @@ public:
     static constexpr int symbolSize = 18;
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

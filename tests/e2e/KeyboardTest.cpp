@@ -137,6 +137,30 @@ TEST_F(KeyboardTest, AKeyboardThatStaysGrabbedMakesThePanelTakeTheFocusAndReturn
     EXPECT_EQ(client->typed(), "after");
 }
 
+TEST_F(KeyboardTest, TheMenuOfTheFieldGivesTheKeyboardBackToThePanel) {
+    start();
+    session.summon();
+    session.search("zi", 1);
+    const auto windows = [this] { return session.desktop().overrideRedirectWindows().size(); };
+    const auto withoutMenu = windows();
+    for (const std::vector<xcb_keysym_t>& keys :
+         {std::vector<xcb_keysym_t>{XK_Escape}, {XK_Down, XK_Escape}}) {
+        // Elsewhere each time, for two clicks at one place are a double click.
+        const QPoint place(200 + 50 * static_cast<int>(keys.size()), 28);
+        session.pointer().click(session.panel()->topLeft() + place, Pointer::Button::Right);
+        ASSERT_TRUE(waitUntil([&] { return windows() > withoutMenu; }));
+        for (const xcb_keysym_t key : keys) {
+            session.keyboard().press({key});
+        }
+        ASSERT_TRUE(waitUntil([&] { return windows() == withoutMenu; }));
+        EXPECT_TRUE(waitUntil([this] { return session.desktop().isKeyboardGrabbed(); }));
+        EXPECT_EQ(session.desktop().inputFocus(), client->id());
+    }
+    session.keyboard().type("q");
+    EXPECT_TRUE(session.waitForPanelHeight(LauncherSession::noResultsPanelHeight));
+    EXPECT_EQ(client->typed(), "");
+}
+
 TEST_F(KeyboardTest, VolumeAndMediaKeysDoTheirWorkBesideThePanel) {
     start();
     ForeignHotKey volume(session.display(), XF86XK_AudioRaiseVolume, 0);

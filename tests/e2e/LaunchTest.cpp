@@ -26,6 +26,8 @@ protected:
     LaunchTest() {
         session.addApplication(zinc, QStringLiteral("Zinc"));
         session.addApplication(zealionArc, QStringLiteral("Zealion Arc"));
+        // Found until the last letter, so that the list of two tells that the query is complete.
+        session.addApplication(QStringLiteral("zinnia"), QStringLiteral("Zinnia"));
     }
 
     void searchAndLaunchResult(int row) {

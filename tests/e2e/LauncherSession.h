@@ -30,6 +30,7 @@ class LauncherSession {
 public:
     /// What the panel measures while it lists nothing, in pixels at this display's scale of 1.
     static constexpr int emptyPanelHeight = 56;
+    static constexpr int noResultsPanelHeight = 109;
     static constexpr int panelWidth = 640;
 
     explicit LauncherSession(const QString& windowManager = QStringLiteral("openbox"));

@@ -16,6 +16,9 @@ namespace quorvantel::platform {
 /// however busy the application is. Text composed of several keys stays in its place, since Qt
 /// queues the presses of ordinary keys, but not what input methods make of others. And whatever was
 /// typed after the key that ended the grab goes to the application in front.
+///
+/// A client has one grab at a time: a menu of the application's own takes this one over while it is
+/// open, and it is asked for again once the menu has gone.
 class X11KeyboardGrab : public QAbstractNativeEventFilter {
 public:
     /// Asks for the grab; its keys are reported to `window`, which has to be mapped.
@@ -39,6 +42,7 @@ public:
 
 private:
     void forgetRequest();
+    bool endsOtherGrab(const xcb_focus_out_event_t& event) const;
     void allowNextKey();
 
     X11Display m_display;

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "settings/ThemedRoot.h"
+
+#include <QLineEdit>
+
+namespace quorvantel {
+
+/// The field of the panel that the query is typed into, in the colours of the theme.
+///
+/// Its menu of editing commands leaves the keyboard focus alone: the field keeps it, and with it
+/// the panel the keyboard.
+class SearchField : public QLineEdit {
+    Q_OBJECT
+
+public:
+    /// `theme` must outlive the field.
+    explicit SearchField(const ThemedRoot& theme, QWidget* parent = nullptr);
+
+protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    void applyTheme();
+
+    const ThemedRoot& m_theme;
+};
+
+} // namespace quorvantel
