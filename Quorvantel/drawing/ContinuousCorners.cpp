@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 namespace quorvantel {
@@ -27,6 +28,30 @@ double cornerExtent(const QPainter& painter, double radius) {
     return std::ceil(radius * reach * scale) / scale;
 }
 
+/// In a small rectangle neighbouring corners must not overlap.
+double fittingRadius(const QSizeF& size, double radius) {
+    const double room = std::min(size.width(), size.height()) / 2;
+    return std::min(radius, room / reach);
+}
+
+/// How far from the left edge a left corner's curve is at a distance below the upper edge, both in
+/// units of the rectangle; the curve is that of `continuousRoundedRect`.
+double curveInset(double distance, double unit) {
+    const auto coordinate = [unit](double place) {
+        const double rest = 1 - place;
+        return unit * (place * place * place * reach + 3 * place * place * rest * control);
+    };
+    double low = 0;
+    double high = 1;
+    // The distance grows along the curve, and halving is precise after as many steps as it has
+    // bits.
+    for (int step = 0; step < std::numeric_limits<float>::digits; ++step) {
+        const double middle = (low + high) / 2;
+        (coordinate(middle) < distance ? low : high) = middle;
+    }
+    return coordinate(1 - low);
+}
+
 template <typename Draw>
 void drawWithin(QPainter& painter, const QRectF& clip, const Draw& draw) {
     painter.save();
@@ -38,9 +63,7 @@ void drawWithin(QPainter& painter, const QRectF& clip, const Draw& draw) {
 } // namespace
 
 QPainterPath continuousRoundedRect(const QRectF& rectangle, double radius) {
-    // In a small rectangle neighbouring corners must not overlap.
-    const double room = std::min(rectangle.width(), rectangle.height()) / 2;
-    const double unit = std::min(radius, room / reach);
+    const double unit = fittingRadius(rectangle.size(), radius);
     const double far = unit * reach;
     const double near = unit * control;
     const double left = rectangle.left();
@@ -59,6 +82,20 @@ QPainterPath continuousRoundedRect(const QRectF& rectangle, double radius) {
     path.cubicTo(left, top + near, left + near, top, left + far, top);
     path.closeSubpath();
     return path;
+}
+
+QRegion continuousRoundedRegion(const QRect& rectangle, double radius) {
+    constexpr double middle = 0.5;
+    const double unit = fittingRadius(rectangle.size(), radius);
+    const int rows = static_cast<int>(unit * reach);
+    QRegion region(rectangle.adjusted(0, rows, 0, -rows));
+    for (int row = 0; row < rows; ++row) {
+        const int inset = static_cast<int>(std::ceil(curveInset(row + middle, unit) - middle));
+        const int width = rectangle.width() - 2 * inset;
+        region += QRect(rectangle.left() + inset, rectangle.top() + row, width, 1);
+        region += QRect(rectangle.left() + inset, rectangle.bottom() - row, width, 1);
+    }
+    return region;
 }
 
 void fillContinuousRoundedRect(QPainter& painter, const QRectF& rectangle, double radius,

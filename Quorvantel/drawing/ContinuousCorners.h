@@ -2,6 +2,7 @@
 
 #include <QPainterPath>
 #include <QRectF>
+#include <QRegion>
 
 class QColor;
 class QPainter;
@@ -12,6 +13,9 @@ namespace quorvantel {
 /// point where the straight edge suddenly bends. At the diagonal it is as round as a circle of the
 /// given radius.
 QPainterPath continuousRoundedRect(const QRectF& rectangle, double radius);
+
+/// The points of such a rectangle whose middle lies inside it.
+QRegion continuousRoundedRegion(const QRect& rectangle, double radius);
 
 /// Fills such a rectangle, its edges aligned to device pixels. Only the strips that hold the
 /// corners are rasterized as a path; the rest is a plain rectangle, which costs a fraction of the

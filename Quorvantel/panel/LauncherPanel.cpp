@@ -17,8 +17,7 @@ namespace {
 constexpr int alphaBits = 8;
 
 QRegion outline(const QSize& size) {
-    const auto path = continuousRoundedRect(QRect(QPoint(), size), LauncherLayout::cornerRadius);
-    return QRegion(path.toFillPolygon().toPolygon());
+    return continuousRoundedRegion(QRect(QPoint(), size), LauncherLayout::cornerRadius);
 }
 
 /// Makes a window what the view inside it can be created in.
@@ -104,6 +103,7 @@ void LauncherPanel::endFirstFrame() {
 }
 
 void LauncherPanel::followBackdrop() {
+    m_hostingView.view().setComposited(m_backdrop.isComposited());
     m_hostingView.view().setBlurAvailable(m_backdrop.offersBlur());
     fitBackdrop();
     fitShadow();

@@ -91,6 +91,12 @@ void LauncherView::setBlurAvailable(bool isAvailable) {
     }
 }
 
+void LauncherView::setComposited(bool isComposited) {
+    if (std::exchange(m_isComposited, isComposited) != isComposited) {
+        update();
+    }
+}
+
 bool LauncherView::isTranslucent() const {
     return m_theme.theme().isGlass && m_isBlurAvailable && !m_theme.reducesTransparency();
 }
@@ -231,7 +237,11 @@ void LauncherView::paintEvent(QPaintEvent* /*event*/) {
 
     const ThemeColor fill = isTranslucent() ? theme.glassTint : theme.primaryBackground;
     const ThemeColor border = theme.isGlass ? theme.glassBorder : theme.panelBorder;
-    fillContinuousRoundedRect(painter, rect(), cornerRadius, fill.toQColor());
+    if (m_isComposited) {
+        fillContinuousRoundedRect(painter, rect(), cornerRadius, fill.toQColor());
+    } else {
+        PixelGrid::fill(painter, rect(), fill.toQColor());
+    }
     strokeContinuousRoundedRect(painter, rect(), cornerRadius, border.toQColor());
 
     drawSymbol(painter, m_icons, magnifyingGlass(),

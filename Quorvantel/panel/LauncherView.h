@@ -44,6 +44,10 @@ public:
     /// Whether the desktop blurs what is behind the panel; a glass palette is opaque without.
     void setBlurAvailable(bool isAvailable);
 
+    /// Whether what the panel leaves transparent shows the desktop, as at first. If not, the panel
+    /// fills its corners, and its window is to be cut to its outline.
+    void setComposited(bool isComposited);
+
     /// Whether what is behind the panel shows through.
     bool isTranslucent() const;
 
@@ -78,6 +82,7 @@ private:
     IconCache& m_icons;
     ResultSelection m_selection;
     bool m_isBlurAvailable = false;
+    bool m_isComposited = true;
     std::function<void()> m_onSettings;
     SearchField m_searchField;
     SettingsButton m_settingsButton;

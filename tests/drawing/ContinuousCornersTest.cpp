@@ -98,6 +98,22 @@ TEST(ContinuousCornersTest, ALineIsAWholeNumberOfPixelsWideAtEveryScale) {
     }
 }
 
+TEST(ContinuousCornersTest, ARegionHoldsThePointsWhoseMiddleIsInside) {
+    for (const QRect& rectangle : {QRect(3, 5, 90, 61), QRect(0, 0, 30, 20)}) {
+        const QRegion region = continuousRoundedRegion(rectangle, radius);
+        const QPainterPath outline = continuousRoundedRect(rectangle, radius);
+        QRegion expected;
+        for (int y = rectangle.top(); y <= rectangle.bottom(); ++y) {
+            for (int x = rectangle.left(); x <= rectangle.right(); ++x) {
+                if (outline.contains(QPointF(x + 0.5, y + 0.5))) {
+                    expected += QRect(x, y, 1, 1);
+                }
+            }
+        }
+        EXPECT_EQ(region, expected);
+    }
+}
+
 TEST(ContinuousCornersTest, DrawingStaysInsideTheCallersClip) {
     const QRectF all(20, 20, 100, 100);
     const QRect clip(40, 10, 30, 180);
