@@ -48,7 +48,7 @@ void IconCache::decodeNext() {
     const Key key = m_waiting.front();
     m_waiting.pop_front();
     pixmapNow(key.image, key.points, key.scale);
-    Q_EMIT decoded();
+    Q_EMIT decoded(key.image);
 }
 
 QPixmap tinted(const QPixmap& templateImage, const QColor& color) {

@@ -37,7 +37,7 @@ public:
     void forgetMissing();
 
 Q_SIGNALS:
-    void decoded();
+    void decoded(const platform::Image& image);
 
 private:
     struct Key {

@@ -49,6 +49,8 @@ void ResultListView::setResults(const std::vector<LaunchTarget>& results) {
 void ResultListView::refreshResults(const std::vector<LaunchTarget>& results) {
     m_results = results;
     bindRows();
+    // An icon that was missing may be there by now.
+    update();
 }
 
 void ResultListView::setSelectedIndex(int index) {

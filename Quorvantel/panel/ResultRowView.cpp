@@ -39,15 +39,22 @@ ResultRowView::ResultRowView(const ThemedRoot& theme, IconCache& icons, QWidget*
     // The list handles the mouse for all its rows.
     setAttribute(Qt::WA_TransparentForMouseEvents);
     connect(&theme, &ThemedRoot::themeChanged, this, qOverload<>(&QWidget::update));
-    connect(&icons, &IconCache::decoded, this, qOverload<>(&QWidget::update));
+    connect(&icons, &IconCache::decoded, this, [this](const platform::Image& image) {
+        if (m_target && m_target->icon() == image) {
+            update();
+        }
+    });
 }
 
 void ResultRowView::setTarget(const LaunchTarget& target) {
-    if (!m_target || *m_target != target) {
-        m_isHovered = false;
-    }
+    const bool isSame = m_target == target;
+    const bool looksTheSame = isSame && m_target->displayName() == target.displayName() &&
+                              m_target->icon() == target.icon();
+    m_isHovered = m_isHovered && isSame;
     m_target = target;
-    update();
+    if (!looksTheSame) {
+        update();
+    }
 }
 
 void ResultRowView::setSelected(bool isSelected) {
