@@ -51,7 +51,9 @@ DisplayLossReport::DisplayLossReport(const X11Display& display) {
     watchedConnection = display.connection;
     isReported = false;
     previousErrorHandler = XSetIOErrorHandler(endProgram);
-    previousMessageHandler = qInstallMessageHandler(replaceMessage);
+    // Before the own handler is in place, since other threads may log at any time.
+    previousMessageHandler = qInstallMessageHandler(nullptr);
+    qInstallMessageHandler(replaceMessage);
 }
 
 DisplayLossReport::~DisplayLossReport() {
