@@ -106,5 +106,24 @@ TEST_F(X11WindowBackdropTest, SendsNothingThatTheServerKnowsAlready) {
     EXPECT_TRUE(waitUntil([&] { return connection.property(id, blurRegion).empty(); }));
 }
 
+TEST(BlurRegionInPixelsTest, LeavesNoGapBetweenRectanglesThatMeet) {
+    // Steps of one to three points, as at the rounded corners of the panel.
+    const QRegion steps = QRegion(3, 0, 633, 1) + QRegion(2, 1, 635, 1) + QRegion(1, 2, 637, 2) +
+                          QRegion(0, 4, 639, 3) + QRegion(1, 7, 637, 3);
+    for (const qreal scale : {1.0, 1.25, 1.5, 1.75, 2.0, 2.25}) {
+        const std::vector<std::uint32_t> pixels = blurRegionInPixels(steps, scale);
+        ASSERT_EQ(pixels.size(), 20U);
+        std::uint32_t bottom = 0;
+        for (std::size_t index = 0; index < pixels.size(); index += 4) {
+            EXPECT_EQ(pixels[index + 1], bottom) << scale;
+            bottom = pixels[index + 1] + pixels[index + 3];
+        }
+        EXPECT_EQ(bottom, static_cast<std::uint32_t>(qRound(10 * scale)));
+        // The widest reaches from the left edge to the right one.
+        EXPECT_EQ(pixels[12], 0U);
+        EXPECT_EQ(pixels[14], static_cast<std::uint32_t>(qRound(639 * scale)));
+    }
+}
+
 } // namespace
 } // namespace quorvantel::platform

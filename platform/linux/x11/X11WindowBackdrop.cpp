@@ -4,8 +4,6 @@
 #include <QRegion>
 #include <QWindow>
 
-#include <xcb/xfixes.h>
-
 #include <algorithm>
 #include <span>
 #include <string_view>
@@ -18,18 +16,22 @@ namespace {
 /// The part of an event's type that does not say who sent it.
 constexpr std::uint8_t eventTypeBits = 0x7F;
 
-std::vector<std::uint32_t> pixelsOf(const QRegion& region, qreal scale) {
+} // namespace
+
+std::vector<std::uint32_t> blurRegionInPixels(const QRegion& region, qreal scale) {
     std::vector<std::uint32_t> pixels;
     for (const QRect& rectangle : region) {
-        for (const int value :
-             {rectangle.x(), rectangle.y(), rectangle.width(), rectangle.height()}) {
-            pixels.push_back(static_cast<std::uint32_t>(qRound(value * scale)));
+        // Of the edges and not of the sizes, so that what meets in points meets in pixels.
+        const int left = qRound(rectangle.x() * scale);
+        const int top = qRound(rectangle.y() * scale);
+        const int right = qRound((rectangle.x() + rectangle.width()) * scale);
+        const int bottom = qRound((rectangle.y() + rectangle.height()) * scale);
+        for (const int value : {left, top, right - left, bottom - top}) {
+            pixels.push_back(static_cast<std::uint32_t>(value));
         }
     }
     return pixels;
 }
-
-} // namespace
 
 X11WindowBackdrop::X11WindowBackdrop(const X11Display& display)
     // Extended Window Manager Hints: the compositing manager of the screen owns this selection.
@@ -50,7 +52,7 @@ X11WindowBackdrop::~X11WindowBackdrop() {
 
 void X11WindowBackdrop::setBlurBehind(QWindow& window, const QRegion& region) {
     const auto id = static_cast<xcb_window_t>(window.winId());
-    std::vector<std::uint32_t> pixels = pixelsOf(region, window.devicePixelRatio());
+    std::vector<std::uint32_t> pixels = blurRegionInPixels(region, window.devicePixelRatio());
     std::vector<std::uint32_t>& known = m_blurRegions[id];
     if (pixels == known) {
         return;
@@ -69,21 +71,31 @@ bool X11WindowBackdrop::nativeEventFilter(const QByteArray& /*eventType*/, void*
                                           qintptr* /*result*/) {
     const auto type =
         static_cast<const xcb_generic_event_t*>(message)->response_type & eventTypeBits;
-    State state = m_state;
     if (type == XCB_PROPERTY_NOTIFY) {
-        const auto* const event = static_cast<const xcb_property_notify_event_t*>(message);
-        if (event->window == m_display.root && event->atom == m_blurRegion) {
-            state.blursOnRequest = event->state == XCB_PROPERTY_NEW_VALUE;
-        }
+        handleProperty(*static_cast<const xcb_property_notify_event_t*>(message));
     } else if (m_selectionEvent != 0 && type == m_selectionEvent) {
-        const auto* const event = static_cast<const xcb_xfixes_selection_notify_event_t*>(message);
-        if (event->selection == m_managerSelection) {
-            state.isComposited = event->owner != XCB_WINDOW_NONE;
-            state.isPicom = state.isComposited && isPicom(event->owner);
-        }
+        handleOwner(*static_cast<const xcb_xfixes_selection_notify_event_t*>(message));
     }
-    setState(state);
     return false;
+}
+
+void X11WindowBackdrop::handleProperty(const xcb_property_notify_event_t& event) {
+    if (event.window != m_display.root || event.atom != m_blurRegion) {
+        return;
+    }
+    State state = m_state;
+    state.blursOnRequest = event.state == XCB_PROPERTY_NEW_VALUE;
+    setState(state);
+}
+
+void X11WindowBackdrop::handleOwner(const xcb_xfixes_selection_notify_event_t& event) {
+    if (event.selection != m_managerSelection) {
+        return;
+    }
+    State state = m_state;
+    state.isComposited = event.owner != XCB_WINDOW_NONE;
+    state.isPicom = state.isComposited && isPicom(event.owner);
+    setState(state);
 }
 
 void X11WindowBackdrop::watchManager() {

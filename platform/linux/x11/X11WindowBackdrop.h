@@ -5,6 +5,8 @@
 
 #include <QAbstractNativeEventFilter>
 
+#include <xcb/xfixes.h>
+
 #include <cstdint>
 #include <map>
 #include <vector>
@@ -42,6 +44,8 @@ private:
         friend bool operator==(const State&, const State&) = default;
     };
 
+    void handleProperty(const xcb_property_notify_event_t& event);
+    void handleOwner(const xcb_xfixes_selection_notify_event_t& event);
     void watchManager();
     State stateNow() const;
     bool isPicom(xcb_window_t manager) const;
@@ -56,5 +60,9 @@ private:
     /// What the windows' property holds, in pixels, so that it is not set again to the same.
     std::map<xcb_window_t, std::vector<std::uint32_t>> m_blurRegions;
 };
+
+/// What "_KDE_NET_WM_BLUR_BEHIND_REGION" holds for a region in points on a screen of this scale:
+/// the x, y, width and height of each rectangle in pixels. Rectangles that meet still do.
+std::vector<std::uint32_t> blurRegionInPixels(const QRegion& region, qreal scale);
 
 } // namespace quorvantel::platform
