@@ -46,6 +46,23 @@ std::vector<xcb_keycode_t> missingKeys(const xcb_get_modifier_mapping_reply_t& m
     return missing;
 }
 
+/// Keeps all other clients from being served.
+class ServerGrab {
+public:
+    explicit ServerGrab(xcb_connection_t* connection) : m_connection(connection) {
+        xcb_grab_server(connection);
+    }
+    ServerGrab(const ServerGrab&) = delete;
+    ServerGrab& operator=(const ServerGrab&) = delete;
+    ~ServerGrab() {
+        xcb_ungrab_server(m_connection);
+        xcb_flush(m_connection);
+    }
+
+private:
+    xcb_connection_t* m_connection;
+};
+
 bool hasXTest(xcb_connection_t* connection) {
     const auto* const extension = xcb_get_extension_data(connection, &xcb_test_id);
     return extension != nullptr && extension->present != 0;
@@ -75,7 +92,7 @@ void X11VirtualKeyboard::press(xcb_keycode_t key, std::uint16_t modifiers) {
     xcb_connection_t* const connection = m_display.connection;
     releaseModifiers();
     // Of the modifiers, no client can press or release any between the question and the keys.
-    xcb_grab_server(connection);
+    const ServerGrab grab(connection);
     const auto keymapRequest = xcb_query_keymap(connection);
     const auto mappingRequest = xcb_get_modifier_mapping(connection);
     const XcbPointer<xcb_query_keymap_reply_t> keymap(
@@ -90,8 +107,6 @@ void X11VirtualKeyboard::press(xcb_keycode_t key, std::uint16_t modifiers) {
     }
     send(XCB_KEY_PRESS, key);
     send(XCB_KEY_RELEASE, key);
-    xcb_ungrab_server(connection);
-    xcb_flush(connection);
     m_modifierRelease.start();
 }
 
