@@ -6,6 +6,8 @@
 
 #include <QAbstractNativeEventFilter>
 
+#include <memory>
+
 namespace quorvantel::platform {
 
 /// Observes clicks through raw button presses, which no grab is needed for.
