@@ -100,7 +100,8 @@ void LauncherPanelController::screensChanged() {
         return;
     }
     const double height = m_panel.frame().height();
-    m_targetScreen = currentTargetScreen();
+    const auto screen = screenOf(m_screens.fromWindowGeometry(m_panel.frame()), m_screens.all());
+    m_targetScreen = screen ? *screen : currentTargetScreen();
     m_placement.show(m_screens.all(), m_targetScreen);
     setFrame(m_placement.resize(height, m_targetScreen));
 }

@@ -18,7 +18,8 @@ class QScreen;
 namespace quorvantel {
 
 /// Owns the launcher panel: shows it on the screen under the mouse, sizes it, remembers where the
-/// user dragged it, places it anew when the screens change, and hides it on a click elsewhere.
+/// user dragged it, places it anew when the screens change, if it can on the screen that it is on,
+/// and hides it on a click elsewhere.
 ///
 /// The panel is created once and kept, so that showing it creates nothing. Showing never activates
 /// the launcher; the application in front stays in front.
@@ -65,8 +66,8 @@ private:
     LauncherView* m_view;
     LauncherPanel m_panel;
     PanelPlacement m_placement;
-    /// The screen under the mouse as the panel came up; finding it anew takes a round trip to the
-    /// display server, which no keystroke is to wait for.
+    /// The screen that the panel was placed on; finding the one under the mouse anew takes a round
+    /// trip to the display server, which no keystroke is to wait for.
     platform::Screen m_targetScreen;
     /// Exists exactly while the panel is shown.
     std::unique_ptr<platform::ClickMonitor::Token> m_clickAwayMonitor;

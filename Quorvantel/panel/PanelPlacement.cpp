@@ -29,6 +29,13 @@ QPointF origin(const QRectF& frame) {
     return {frame.left(), frame.top()};
 }
 
+std::optional<platform::Screen> screenAt(QPointF point,
+                                         const std::vector<platform::Screen>& screens) {
+    const auto found = std::ranges::find_if(
+        screens, [point](const platform::Screen& screen) { return contains(screen.frame, point); });
+    return found == screens.end() ? std::nullopt : std::optional(*found);
+}
+
 } // namespace
 
 QRectF PanelPlacement::show(const std::vector<platform::Screen>& screens,
@@ -95,9 +102,7 @@ QRectF PanelPlacement::placed(const QRectF& frame) {
 
 platform::Screen targetScreen(QPointF mouse, const std::vector<platform::Screen>& screens,
                               const std::optional<platform::Screen>& main) {
-    const auto underMouse = std::ranges::find_if(
-        screens, [mouse](const platform::Screen& screen) { return contains(screen.frame, mouse); });
-    if (underMouse != screens.end()) {
+    if (const auto underMouse = screenAt(mouse, screens)) {
         return *underMouse;
     }
     if (main) {
@@ -107,6 +112,11 @@ platform::Screen targetScreen(QPointF mouse, const std::vector<platform::Screen>
         qFatal("Quorvantel: there is no screen to show the panel on");
     }
     return screens.front();
+}
+
+std::optional<platform::Screen> screenOf(const QRectF& panel,
+                                         const std::vector<platform::Screen>& screens) {
+    return screenAt(panel.center(), screens);
 }
 
 } // namespace quorvantel

@@ -53,4 +53,8 @@ private:
 platform::Screen targetScreen(QPointF mouse, const std::vector<platform::Screen>& screens,
                               const std::optional<platform::Screen>& main);
 
+/// The screen that a panel with this frame is on, by its centre; absent when it is on none.
+std::optional<platform::Screen> screenOf(const QRectF& panel,
+                                         const std::vector<platform::Screen>& screens);
+
 } // namespace quorvantel

@@ -84,6 +84,19 @@ TEST_F(PlacementTest, StaysWhereItWasDraggedUntilThatScreenIsGone) {
     EXPECT_TRUE(waitForPanel({0, 340, 640, 56}));
 }
 
+TEST_F(PlacementTest, StaysOnItsScreenWhenAnotherGoesAlthoughTheMouseHasLeftIt) {
+    setMonitors(session.display(),
+                {QRect(0, 0, 640, 700), QRect(640, 0, 640, 400), QRect(640, 400, 640, 320)});
+    session.start();
+    session.pointer().moveTo({100, 100});
+    session.summon();
+    ASSERT_TRUE(waitForPanel({0, 140, 640, 56}));
+    session.pointer().moveTo({1000, 100});
+    removeLastMonitor(session.display(), 3);
+    session.search("zinc", 1);
+    EXPECT_TRUE(waitForPanel({0, 140, 640, 117}));
+}
+
 TEST_F(PlacementTest, OnlyTheHeldLeftButtonDrags) {
     setMonitors(session.display(), {QRect(0, 0, 1200, 800)});
     session.start();

@@ -64,5 +64,16 @@ TEST(PanelPlacementTest, ChoosesTheScreenUnderTheMouse) {
     EXPECT_EQ(targetScreen({-5, -5}, both, std::nullopt), laptop);
 }
 
+TEST(PanelPlacementTest, KnowsTheScreenThatThePanelIsOn) {
+    PanelPlacement placement;
+    const QRectF onLaptop = placement.show(both, laptop);
+    const QRectF onExternal = placement.show(both, external);
+    EXPECT_EQ(screenOf(onLaptop, both), laptop);
+    EXPECT_EQ(screenOf(onExternal, both), external);
+    EXPECT_EQ(screenOf(onExternal, {laptop}), std::nullopt);
+    const Screen smaller{{0, 0, 1280, 720}, {0, 0, 1280, 720}};
+    EXPECT_EQ(screenOf(onLaptop, {external, smaller}), smaller);
+}
+
 } // namespace
 } // namespace quorvantel

@@ -47,14 +47,18 @@ std::size_t countMonitors(const XConnection& connection) {
     return reply ? reply->nMonitors : 0;
 }
 
+void removeMonitor(const XConnection& connection, std::size_t index) {
+    xcb_randr_delete_monitor(connection.get(), connection.root(),
+                             connection.atom(nameOf(index).toLatin1()));
+}
+
 } // namespace
 
 void setMonitors(const QByteArray& display, const std::vector<QRect>& monitors) {
     const XConnection connection(display);
     // The server does not replace a monitor by one of the same name.
     for (std::size_t index = countMonitors(connection); index > 0; --index) {
-        xcb_randr_delete_monitor(connection.get(), connection.root(),
-                                 connection.atom(nameOf(index - 1).toLatin1()));
+        removeMonitor(connection, index - 1);
     }
     connection.synchronize();
     for (std::size_t index = 0; index < monitors.size(); ++index) {
@@ -64,6 +68,12 @@ void setMonitors(const QByteArray& display, const std::vector<QRect>& monitors) 
         runXrandr(display,
                   {QStringLiteral("--setmonitor"), name, geometryText(monitors[index]), output});
     }
+}
+
+void removeLastMonitor(const QByteArray& display, std::size_t count) {
+    const XConnection connection(display);
+    removeMonitor(connection, count - 1);
+    connection.synchronize();
 }
 
 } // namespace quorvantel::testing

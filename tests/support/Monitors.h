@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QRect>
 
+#include <cstddef>
 #include <vector>
 
 namespace quorvantel::testing {
@@ -12,5 +13,8 @@ namespace quorvantel::testing {
 /// monitor. Replaces the monitors of an earlier call. Throws std::runtime_error when the server
 /// does not accept them.
 void setMonitors(const QByteArray& display, const std::vector<QRect>& monitors);
+
+/// Takes away the last of `count` monitors that `setMonitors` has set.
+void removeLastMonitor(const QByteArray& display, std::size_t count);
 
 } // namespace quorvantel::testing
