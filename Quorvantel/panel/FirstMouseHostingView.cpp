@@ -55,9 +55,7 @@ void FirstMouseHostingView::mouseReleaseEvent(QMouseEvent* event) {
 
 void FirstMouseHostingView::endInteraction() {
     m_grip.reset();
-    if (QWidget* const menu = QApplication::activePopupWidget()) {
-        menu->close();
-    }
+    m_view->closeMenu();
 }
 
 } // namespace quorvantel

@@ -1,12 +1,12 @@
 #include "panel/LauncherPanel.h"
 
 #include "drawing/ContinuousCorners.h"
+#include "panel/AlphaChannel.h"
 #include "panel/LauncherLayout.h"
 #include "panel/PanelPlacement.h"
 
 #include <QAccessible>
 #include <QCloseEvent>
-#include <QSurfaceFormat>
 
 #include <utility>
 
@@ -14,17 +14,13 @@ namespace quorvantel {
 
 namespace {
 
-constexpr int alphaBits = 8;
-
 QRegion outline(const QSize& size) {
     return continuousRoundedRegion(QRect(QPoint(), size), LauncherLayout::cornerRadius);
 }
 
 /// Makes a window what the view inside it can be created in.
 QWindow& prepared(QWindow& window, const platform::PanelHost& host) {
-    QSurfaceFormat format = window.requestedFormat();
-    format.setAlphaBufferSize(alphaBits);
-    window.setFormat(format);
+    requestAlphaChannel(window);
     window.setFlags(host.windowFlags());
     window.setTitle(QStringLiteral("Quorvantel"));
     return window;
@@ -104,13 +100,18 @@ void LauncherPanel::endFirstFrame() {
 
 void LauncherPanel::followBackdrop() {
     m_hostingView.view().setComposited(m_backdrop.isComposited());
+    // The view says so when that changes whether it is translucent.
     m_hostingView.view().setBlurAvailable(m_backdrop.offersBlur());
-    fitBackdrop();
+    fitMask();
     fitShadow();
 }
 
 void LauncherPanel::fitBackdrop() {
     fitBlur();
+    fitMask();
+}
+
+void LauncherPanel::fitMask() {
     // Without a compositor the transparent corners would be black.
     setMask(m_backdrop.isComposited() ? QRegion() : outline(m_frame.size()));
 }

@@ -55,6 +55,7 @@ private:
     void endFirstFrame();
     void followBackdrop();
     void fitBackdrop();
+    void fitMask();
     void fitBlur();
     void fitShadow();
 

@@ -54,6 +54,9 @@ public:
     /// Puts the typing caret into the search field.
     void focusSearchField();
 
+    /// Closes the menu of the search field, if it is open.
+    void closeMenu() { m_searchField.closeMenu(); }
+
 Q_SIGNALS:
     void translucencyChanged();
 

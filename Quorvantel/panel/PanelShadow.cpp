@@ -1,10 +1,10 @@
 #include "panel/PanelShadow.h"
 
 #include "drawing/ContinuousCorners.h"
+#include "panel/AlphaChannel.h"
 #include "panel/LauncherLayout.h"
 
 #include <QPainter>
-#include <QSurfaceFormat>
 
 #include <array>
 #include <utility>
@@ -18,8 +18,6 @@ namespace {
 constexpr int reach = 36;
 constexpr int fall = 10;
 constexpr double darkness = 0.34;
-
-constexpr int alphaBits = 8;
 
 /// Three box blurs come close to a Gaussian one; together they reach three radii far.
 constexpr int blurPasses = 3;
@@ -114,9 +112,7 @@ QImage panelShadowImage(const QSize& panel, qreal scale) {
 }
 
 PanelShadow::PanelShadow(Qt::WindowFlags flags) {
-    QSurfaceFormat format = requestedFormat();
-    format.setAlphaBufferSize(alphaBits);
-    setFormat(format);
+    requestAlphaChannel(*this);
     setFlags(flags | Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus);
     setTitle(QStringLiteral("Quorvantel Shadow"));
 }

@@ -5,7 +5,6 @@
 
 #include <QAction>
 #include <QContextMenuEvent>
-#include <QMenu>
 
 namespace quorvantel {
 
@@ -49,7 +48,14 @@ void SearchField::contextMenuEvent(QContextMenuEvent* event) {
     for (QAction* const action : actions) {
         action->setIconVisibleInMenu(false);
     }
+    m_menu = menu;
     menu->popup(event->globalPos());
+}
+
+void SearchField::closeMenu() {
+    if (m_menu) {
+        m_menu->close();
+    }
 }
 
 void SearchField::applyTheme() {

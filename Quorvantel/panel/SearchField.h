@@ -3,6 +3,8 @@
 #include "settings/ThemedRoot.h"
 
 #include <QLineEdit>
+#include <QMenu>
+#include <QPointer>
 
 namespace quorvantel {
 
@@ -17,6 +19,9 @@ public:
     /// `theme` must outlive the field.
     explicit SearchField(const ThemedRoot& theme, QWidget* parent = nullptr);
 
+    /// Closes the menu and what is open of it, if it is.
+    void closeMenu();
+
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
@@ -24,6 +29,8 @@ private:
     void applyTheme();
 
     const ThemedRoot& m_theme;
+    /// While it is open; it deletes itself then.
+    QPointer<QMenu> m_menu;
 };
 
 } // namespace quorvantel

@@ -1,7 +1,6 @@
 #include "panel/SettingsButton.h"
 
 #include "drawing/ContinuousCorners.h"
-#include "settings/ControlPalette.h"
 
 #include <QHelpEvent>
 #include <QPainter>
@@ -21,8 +20,7 @@ SettingsButton::SettingsButton(const ThemedRoot& theme, IconCache& icons, QWidge
     setFocusPolicy(Qt::NoFocus);
     setToolTip(QStringLiteral("Settings (⌘,)"));
     setAccessibleName(QStringLiteral("Settings"));
-    connect(&theme, &ThemedRoot::themeChanged, this, &SettingsButton::applyTheme);
-    applyTheme();
+    connect(&theme, &ThemedRoot::themeChanged, this, qOverload<>(&QWidget::update));
 }
 
 bool SettingsButton::event(QEvent* event) {
@@ -33,11 +31,6 @@ bool SettingsButton::event(QEvent* event) {
     // content is not.
     QToolTip::showText(static_cast<const QHelpEvent&>(*event).globalPos(), toolTip());
     return true;
-}
-
-void SettingsButton::applyTheme() {
-    QToolTip::setPalette(controlPalette(m_theme.theme()));
-    update();
 }
 
 void SettingsButton::paintEvent(QPaintEvent* /*event*/) {

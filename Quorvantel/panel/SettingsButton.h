@@ -24,8 +24,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void applyTheme();
-
     const ThemedRoot& m_theme;
     IconCache& m_icons;
 };

@@ -2,10 +2,12 @@
 
 #include "catalogue/SettingsPaneCatalogue.h"
 #include "platform/Directories.h"
+#include "settings/ControlPalette.h"
 #include "settings/HelpStyle.h"
 
 #include <QDebug>
 #include <QDir>
+#include <QToolTip>
 
 #include <limits>
 #include <utility>
@@ -49,8 +51,8 @@ AppDelegate::~AppDelegate() {
 }
 
 void AppDelegate::applicationDidFinishLaunching() {
-    connect(&m_theme, &ThemedRoot::themeChanged, &m_helpMenu,
-            [this] { m_helpMenu.setStyle(helpStyleFor(m_theme.theme())); });
+    connect(&m_theme, &ThemedRoot::themeChanged, this, &AppDelegate::applyTheme);
+    applyTheme();
     buildLauncher();
     reindexIfNeeded(true);
     m_settings.onHotKeyChange = [this](const HotKeyBinding& binding) {
@@ -63,6 +65,12 @@ void AppDelegate::applicationWillTerminate() {
     m_settings.onHotKeyChange = nullptr;
     m_hotKeyService.unregister();
     m_hotKeyActivity.set(std::nullopt, std::nullopt);
+}
+
+void AppDelegate::applyTheme() {
+    m_helpMenu.setStyle(helpStyleFor(m_theme.theme()));
+    // Tool tips are windows of the application rather than of what they are about.
+    QToolTip::setPalette(controlPalette(m_theme.theme()));
 }
 
 void AppDelegate::buildLauncher() {

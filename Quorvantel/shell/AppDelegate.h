@@ -74,6 +74,7 @@ private:
     /// Stops the program when a handler runs before the start is complete, which is a fault of its
     /// own.
     void requireStarted() const;
+    void applyTheme();
     void buildLauncher();
     void reindexIfNeeded(bool force);
     void runIndex();

@@ -1,5 +1,9 @@
 #include "panel/LauncherViewFixture.h"
 
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QPointer>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -187,6 +191,28 @@ TEST_F(LauncherViewTest, EscapeDismissesAndCommandCommaOpensTheSettings) {
     EXPECT_EQ(field.text(), u","_s);
     press(Qt::Key_Escape);
     EXPECT_EQ(dismissals, 1);
+}
+
+TEST_F(LauncherViewTest, ClosesTheMenuOfItsFieldWithWhatIsOpenOfItAndNoOther) {
+    QMenu other;
+    other.addAction(u"other"_s);
+    other.popup({});
+    view.closeMenu();
+    EXPECT_TRUE(other.isVisible());
+    other.close();
+
+    QContextMenuEvent rightClick(QContextMenuEvent::Mouse, {}, field.mapToGlobal(QPoint()));
+    QApplication::sendEvent(&field, &rightClick);
+    const QPointer<QMenu> menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_FALSE(menu.isNull());
+    QMenu* const submenu = menu->addMenu(u"more"_s);
+    submenu->addAction(u"action"_s);
+    menu->setActiveAction(submenu->menuAction());
+    ASSERT_TRUE(QTest::qWaitFor([submenu] { return submenu->isVisible(); }));
+    view.closeMenu();
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    EXPECT_TRUE(QTest::qWaitFor([&menu] { return menu.isNull(); }));
+    view.closeMenu();
 }
 
 TEST_F(LauncherViewTest, IconsAreDecodedOnceAndNotWhileTyping) {

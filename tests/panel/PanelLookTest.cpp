@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
-#include <QHelpEvent>
 #include <QMenu>
 #include <QPainter>
 #include <QScreen>
@@ -136,7 +135,7 @@ TEST_F(PanelLookTest, TheSettingsButtonTakesTheHighlightsOfTheThemeAndStaysVisib
     }
 }
 
-TEST_F(PanelLookTest, TheMenuOfTheFieldAndTheToolTipHaveTheColoursOfTheTheme) {
+TEST_F(PanelLookTest, TheMenuOfTheFieldHasTheColoursOfTheTheme) {
     setAppearance(ThemeManager::Appearance::Dark);
     const QPoint middle = field.rect().center();
     QContextMenuEvent rightClick(QContextMenuEvent::Mouse, middle, field.mapToGlobal(middle));
@@ -146,16 +145,6 @@ TEST_F(PanelLookTest, TheMenuOfTheFieldAndTheToolTipHaveTheColoursOfTheTheme) {
     const QColor ground = menu->grab().toImage().pixelColor(menu->width() - 4, 4);
     EXPECT_GE(contrast(ground, theme().primaryText.toQColor()), 7);
     menu->close();
-
-    const QPoint inside = button.rect().center();
-    QHelpEvent rest(QEvent::ToolTip, inside, button.mapToGlobal(inside));
-    QApplication::sendEvent(&button, &rest);
-    const auto windows = QApplication::topLevelWidgets();
-    const auto tip = std::ranges::find_if(
-        windows, [](const QWidget* window) { return window->inherits("QTipLabel"); });
-    ASSERT_NE(tip, windows.end());
-    EXPECT_EQ((*tip)->grab().toImage().pixelColor(3, 3), theme().elevatedBackground.toQColor());
-    (*tip)->hide();
 }
 
 TEST_F(PanelLookTest, ARightToLeftNameStandsBesideItsIconAndIsCutOffAtItsEndWhichIsLeft) {

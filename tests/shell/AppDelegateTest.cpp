@@ -5,6 +5,7 @@
 
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolTip>
 
 #include <gtest/gtest.h>
 
@@ -58,6 +59,20 @@ TEST_F(AppDelegateTest, StartsHiddenWithTheApplicationsBeforeThePanes) {
     EXPECT_FALSE(delegate.isPanelVisible());
     EXPECT_EQ(platform.hotKeys.registered,
               (QStringList{QStringLiteral("handler"), QStringLiteral("2304+49")}));
+}
+
+TEST_F(AppDelegateTest, ToolTipsFollowTheTheme) {
+    const auto background = [] {
+        return QToolTip::palette().color(QPalette::Inactive, QPalette::ToolTipBase);
+    };
+    const auto expected = [this](ColorScheme scheme) {
+        return resolve(scheme, themeManager.preset()).elevatedBackground.toQColor();
+    };
+    themeManager.setAppearance(ThemeManager::Appearance::Dark);
+    start();
+    EXPECT_EQ(background(), expected(ColorScheme::Dark));
+    themeManager.setAppearance(ThemeManager::Appearance::Light);
+    EXPECT_EQ(background(), expected(ColorScheme::Light));
 }
 
 TEST_F(AppDelegateTest, TheHotKeyTogglesThePanelAndScansAgainAfterThreeSeconds) {

@@ -1,0 +1,10 @@
+#pragma once
+
+class QWindow;
+
+namespace quorvantel {
+
+/// Has a window that does not exist on the display server yet be created with an alpha channel.
+void requestAlphaChannel(QWindow& window);
+
+} // namespace quorvantel
