@@ -40,6 +40,8 @@ protected:
     }
 
     void run(const QString& program, const QStringList& arguments) {
+        // The keyboard stands still until a hotkey's press has been dealt with.
+        QCoreApplication::processEvents();
         ASSERT_EQ(QProcess::execute(program, arguments), 0);
     }
 

@@ -10,7 +10,7 @@ LinuxPlatform::LinuxPlatform(const X11Display& display)
     : m_displayLossReport(display),
       m_rawEvents(display),
       m_panelHost(display),
-      m_hotKeys(display, m_rawEvents),
+      m_hotKeys(display, m_rawEvents, [this] { return m_panelHost.decidesAboutTyping(); }),
       m_keyCapture(display, m_hotKeys),
       m_clickMonitor(display, m_rawEvents),
       m_windowBackdrop(display),

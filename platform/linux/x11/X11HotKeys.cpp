@@ -92,9 +92,11 @@ private:
     std::uint32_t m_carbonModifiers;
 };
 
-X11HotKeys::X11HotKeys(const X11Display& display, X11RawEvents& rawEvents)
+X11HotKeys::X11HotKeys(const X11Display& display, X11RawEvents& rawEvents,
+                       KeyboardTaken isKeyboardTaken)
     : m_display(display),
       m_rawEvents(rawEvents),
+      m_isKeyboardTaken(std::move(isKeyboardTaken)),
       m_keyboard(X11Keyboard::read(display)),
       m_xkbEventBase(xkbEventBase(display.connection)) {
     qApp->installNativeEventFilter(this);
@@ -102,6 +104,7 @@ X11HotKeys::X11HotKeys(const X11Display& display, X11RawEvents& rawEvents)
 
 X11HotKeys::~X11HotKeys() {
     letGo();
+    allowTyping();
     if (qApp != nullptr) {
         qApp->removeNativeEventFilter(this);
     }
@@ -133,7 +136,7 @@ HotKeyStatus X11HotKeys::grab(KeyRegistration& registration) const {
         const auto modifiers = static_cast<std::uint16_t>(wanted->modifiers | locks);
         cookies.push_back(xcb_grab_key_checked(m_display.connection, 1, m_display.root, modifiers,
                                                wanted->key, XCB_GRAB_MODE_ASYNC,
-                                               XCB_GRAB_MODE_ASYNC));
+                                               XCB_GRAB_MODE_SYNC));
     }
     HotKeyStatus status = statusSuccess;
     for (const xcb_void_cookie_t cookie : cookies) {
@@ -168,7 +171,12 @@ bool X11HotKeys::nativeEventFilter(const QByteArray& /*eventType*/, void* messag
     const auto* const event = static_cast<const xcb_generic_event_t*>(message);
     const unsigned int type = event->response_type & 0x7FU;
     if (type == XCB_KEY_PRESS) {
-        return handleKeyPress(*static_cast<const xcb_key_press_event_t*>(message));
+        const auto& press = *static_cast<const xcb_key_press_event_t*>(message);
+        const bool isHotKey = handleKeyPress(press);
+        if (isHotKey || press.event == m_display.root) {
+            releaseTyping();
+        }
+        return isHotKey;
     }
     if (type == XCB_KEY_RELEASE) {
         handleKeyRelease(*static_cast<const xcb_key_release_event_t*>(message));
@@ -202,6 +210,23 @@ bool X11HotKeys::handleKeyPress(const xcb_key_press_event_t& event) {
         return true;
     }
     return false;
+}
+
+void X11HotKeys::releaseTyping() {
+    // Queued, for so are the handlers' doings.
+    QMetaObject::invokeMethod(
+        &m_context,
+        [this] {
+            if (!m_isKeyboardTaken()) {
+                allowTyping();
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+void X11HotKeys::allowTyping() const {
+    xcb_allow_events(m_display.connection, XCB_ALLOW_ASYNC_KEYBOARD, XCB_CURRENT_TIME);
+    xcb_flush(m_display.connection);
 }
 
 bool X11HotKeys::isRepeat(const xcb_key_press_event_t& event) const {

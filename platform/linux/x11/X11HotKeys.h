@@ -8,6 +8,7 @@
 #include <QAbstractNativeEventFilter>
 #include <QObject>
 
+#include <functional>
 #include <list>
 #include <optional>
 
@@ -15,14 +16,22 @@ namespace quorvantel::platform {
 
 /// Global hotkeys as passive key grabs on the root window.
 ///
-/// A combination is grabbed once for every state of the locks. While the launcher's panel holds the
-/// keyboard, passive grabs sleep; the same key press then reaches the panel's window on the same
-/// connection, where it is recognised just as well. When the keyboard's mapping changes, the grabs
-/// move to wherever the keys went.
+/// A combination is grabbed once for every state of the locks. The grabs are synchronous: the
+/// server keeps what is typed after the hotkey until its handlers have run, so that a panel which
+/// they show gets all of it, however busy the launcher was. While the panel holds the keyboard,
+/// passive grabs sleep; the same key press then reaches the panel's window on the same connection,
+/// where it is recognised just as well. When the keyboard's mapping changes, the grabs move to
+/// wherever the keys went.
 class X11HotKeys : public GlobalHotKeys, public QAbstractNativeEventFilter {
 public:
+    /// Says whether somebody else on this connection has taken the keyboard over meanwhile, and
+    /// with it the decision about what was typed.
+    using KeyboardTaken = std::function<bool()>;
+
     /// `rawEvents` must outlive this object and all registrations.
-    X11HotKeys(const X11Display& display, X11RawEvents& rawEvents);
+    X11HotKeys(
+        const X11Display& display, X11RawEvents& rawEvents,
+        KeyboardTaken isKeyboardTaken = [] { return false; });
     ~X11HotKeys() override;
 
     std::unique_ptr<Registration> installHandler(PressHandler handler) override;
@@ -31,6 +40,11 @@ public:
     /// combination, BadValue (2) when the keyboard has no such key.
     RegistrationResult registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
                                       HotKeyIdentity identity) override;
+
+    /// Has the server deliver what it kept since a press of a hotkey, once what that press set off
+    /// has been done. To be called by whoever keeps a press from this object; harmless when it was
+    /// not a hotkey's.
+    void releaseTyping();
 
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
@@ -41,6 +55,7 @@ private:
     HotKeyStatus grab(KeyRegistration& registration) const;
     void ungrab(KeyRegistration& registration) const;
     bool handleKeyPress(const xcb_key_press_event_t& event);
+    void allowTyping() const;
     bool isRepeat(const xcb_key_press_event_t& event) const;
     void handleKeyRelease(const xcb_key_release_event_t& event);
     void hold(xcb_keycode_t key);
@@ -52,6 +67,7 @@ private:
 
     X11Display m_display;
     X11RawEvents& m_rawEvents;
+    KeyboardTaken m_isKeyboardTaken;
     X11Keyboard m_keyboard;
     /// The first event code of the X Keyboard Extension; 0 when the server lacks it.
     std::uint8_t m_xkbEventBase = 0;

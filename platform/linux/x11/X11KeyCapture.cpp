@@ -128,8 +128,8 @@ private:
     bool m_isHeld = false;
 };
 
-X11KeyCapture::X11KeyCapture(const X11Display& display, const X11HotKeys& /*hotKeys*/)
-    : m_display(display) {
+X11KeyCapture::X11KeyCapture(const X11Display& display, X11HotKeys& hotKeys)
+    : m_display(display), m_hotKeys(hotKeys) {
     qApp->installNativeEventFilter(this);
 }
 
@@ -152,8 +152,14 @@ bool X11KeyCapture::nativeEventFilter(const QByteArray& /*eventType*/, void* mes
     }
     const auto* const event = static_cast<const xcb_generic_event_t*>(message);
     switch (event->response_type & 0x7FU) {
-    case XCB_KEY_PRESS:
-        return m_grab->handlePress(*static_cast<const xcb_key_press_event_t*>(message));
+    case XCB_KEY_PRESS: {
+        const bool isKept =
+            m_grab->handlePress(*static_cast<const xcb_key_press_event_t*>(message));
+        if (isKept) {
+            m_hotKeys.releaseTyping();
+        }
+        return isKept;
+    }
     case XCB_KEY_RELEASE:
         m_grab->handleRelease(*static_cast<const xcb_key_release_event_t*>(message));
         return false;

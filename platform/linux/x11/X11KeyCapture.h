@@ -18,7 +18,7 @@ public:
     /// The hotkeys recognise their keys in whatever reaches the launcher, so they have to look
     /// after the capture. Native event filters run last in, first out; hence `hotKeys`, which must
     /// exist first.
-    X11KeyCapture(const X11Display& display, const X11HotKeys& hotKeys);
+    X11KeyCapture(const X11Display& display, X11HotKeys& hotKeys);
     ~X11KeyCapture() override;
 
     std::unique_ptr<Token> capture(QWindow& window, Handler handler) override;
@@ -29,6 +29,7 @@ private:
     class Grab;
 
     X11Display m_display;
+    X11HotKeys& m_hotKeys;
     /// The capture in force; not owned.
     Grab* m_grab = nullptr;
 };

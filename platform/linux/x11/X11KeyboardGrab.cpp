@@ -55,10 +55,6 @@ bool X11KeyboardGrab::nativeEventFilter(const QByteArray& /*eventType*/, void* m
                                         qintptr* /*result*/) {
     const auto* const event = static_cast<const xcb_generic_event_t*>(message);
     const unsigned int type = event->response_type & 0x7FU;
-    if (type == XCB_FOCUS_OUT &&
-        endsOtherGrab(*static_cast<const xcb_focus_out_event_t*>(message))) {
-        request();
-    }
     const bool isKey = type == XCB_KEY_PRESS || type == XCB_KEY_RELEASE;
     // The repeat of a held key comes as two events at once, which are one to the server.
     if (isKey && !std::exchange(m_allowancePending, true)) {
@@ -72,10 +68,6 @@ bool X11KeyboardGrab::nativeEventFilter(const QByteArray& /*eventType*/, void* m
             Qt::QueuedConnection);
     }
     return false;
-}
-
-bool X11KeyboardGrab::endsOtherGrab(const xcb_focus_out_event_t& event) const {
-    return event.mode == XCB_NOTIFY_MODE_UNGRAB && event.event != m_window;
 }
 
 void X11KeyboardGrab::allowNextKey() {

@@ -17,8 +17,11 @@ namespace quorvantel::platform {
 /// queues the presses of ordinary keys, but not what input methods make of others. And whatever was
 /// typed after the key that ended the grab goes to the application in front.
 ///
-/// A client has one grab at a time: a menu of the application's own takes this one over while it is
-/// open, and it is asked for again once the menu has gone.
+/// A client has one grab at a time: a menu of the application's own takes this one's place, and
+/// leaves none when it goes.
+///
+/// While the application does not run on, neither does the keyboard, the keys that the server
+/// itself acts upon included; the end of the application frees it.
 class X11KeyboardGrab : public QAbstractNativeEventFilter {
 public:
     /// Asks for the grab; its keys are reported to `window`, which has to be mapped.
@@ -42,7 +45,6 @@ public:
 
 private:
     void forgetRequest();
-    bool endsOtherGrab(const xcb_focus_out_event_t& event) const;
     void allowNextKey();
 
     X11Display m_display;

@@ -119,6 +119,9 @@ bool X11PanelHost::nativeEventFilter(const QByteArray& /*eventType*/, void* mess
         return handlePress(*static_cast<const xcb_key_press_event_t*>(message));
     case XCB_KEY_RELEASE:
         return handleRelease(*static_cast<const xcb_key_release_event_t*>(message));
+    case XCB_FOCUS_OUT:
+        handleFocusOut(*static_cast<const xcb_focus_out_event_t*>(message));
+        return false;
     default:
         return false;
     }
@@ -154,6 +157,18 @@ bool X11PanelHost::handleRelease(const xcb_key_release_event_t& event) {
         handOver(event.detail, key);
     }
     return true;
+}
+
+void X11PanelHost::handleFocusOut(const xcb_focus_out_event_t& event) {
+    // The windows around the one that had the keyboard are told as well.
+    const bool isOfEnclosingWindow = event.detail == XCB_NOTIFY_DETAIL_VIRTUAL ||
+                                     event.detail == XCB_NOTIFY_DETAIL_NONLINEAR_VIRTUAL;
+    const bool endsGrabOfMenu =
+        event.mode == XCB_NOTIFY_MODE_UNGRAB && event.event != m_windowId && !isOfEnclosingWindow;
+    if (m_grab && endsGrabOfMenu) {
+        m_grab->request();
+        awaitGrab();
+    }
 }
 
 X11PanelHost::DesktopKey X11PanelHost::judge(const xcb_key_press_event_t& event) {

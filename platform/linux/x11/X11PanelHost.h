@@ -42,6 +42,9 @@ public:
     void takeKeyboard(QWindow& window) override;
     void releaseKeyboard(QWindow& window) override;
 
+    /// Whether the panel has the keyboard by a grab, or has asked for it.
+    bool decidesAboutTyping() const { return m_grab.has_value(); }
+
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
 private:
@@ -63,6 +66,7 @@ private:
     void returnFocus();
     bool handlePress(const xcb_key_press_event_t& event);
     bool handleRelease(const xcb_key_release_event_t& event);
+    void handleFocusOut(const xcb_focus_out_event_t& event);
     DesktopKey judge(const xcb_key_press_event_t& event);
     xcb_keysym_t symbolOf(const xcb_key_press_event_t& event);
     void handOver(xcb_keycode_t key, const DesktopKey& desktopKey);

@@ -1,0 +1,96 @@
+#include "platform/linux/x11/X11PanelHost.h"
+
+#include "support/ForeignGrab.h"
+#include "support/Keyboard.h"
+#include "support/WaitUntil.h"
+#include "support/XDesktop.h"
+
+#include <QWindow>
+
+#include <X11/keysym.h>
+#include <gtest/gtest.h>
+
+#include <optional>
+
+namespace quorvantel::platform {
+namespace {
+
+using testing::ForeignGrab;
+using testing::Keyboard;
+using testing::waitUntil;
+using testing::XConnection;
+using testing::XDesktop;
+
+/// An unmanaged window that counts the keys pressed in it.
+class KeyWindow : public QWindow {
+public:
+    explicit KeyWindow(const QRect& place) {
+        setFlags(Qt::Tool | Qt::BypassWindowManagerHint);
+        setGeometry(place);
+        show();
+        waitUntil([this] { return isExposed(); });
+    }
+
+    int presses = 0;
+
+protected:
+    void keyPressEvent(QKeyEvent* /*event*/) override { ++presses; }
+};
+
+class X11PanelHostTest : public ::testing::Test {
+protected:
+    X11PanelHostTest() { focus(client); }
+
+    void focus(const QWindow& window) {
+        xcb_set_input_focus(connection.get(), XCB_INPUT_FOCUS_PARENT,
+                            static_cast<xcb_window_t>(window.winId()), XCB_CURRENT_TIME);
+        connection.synchronize();
+    }
+
+    bool hasFocus(const QWindow& window) const {
+        return desktop.inputFocus() == static_cast<xcb_window_t>(window.winId());
+    }
+
+    void expectTypingReaches(const KeyWindow& window) {
+        const int before = window.presses;
+        keyboard.press({XK_a});
+        EXPECT_TRUE(waitUntil([&] { return window.presses == before + 1; }));
+    }
+
+    XConnection connection;
+    XDesktop desktop{connection};
+    Keyboard keyboard{connection};
+    X11Display display = X11Display::current().value();
+    X11PanelHost host{display};
+    KeyWindow client{QRect(0, 0, 100, 100)};
+    KeyWindow panel{QRect(200, 0, 100, 100)};
+};
+
+TEST_F(X11PanelHostTest, TheGrabIsTriedAgainWhileAnotherClientHoldsTheKeyboard) {
+    {
+        const ForeignGrab menu(qgetenv("DISPLAY"));
+        host.takeKeyboard(panel);
+        EXPECT_TRUE(host.decidesAboutTyping());
+    }
+    EXPECT_TRUE(waitUntil([this] { return desktop.isKeyboardGrabbed(); }));
+    EXPECT_TRUE(hasFocus(client));
+    expectTypingReaches(panel);
+    host.releaseKeyboard(panel);
+    expectTypingReaches(client);
+}
+
+TEST_F(X11PanelHostTest, AKeyboardThatStaysGrabbedMakesThePanelTakeTheFocusAndReturnIt) {
+    {
+        const ForeignGrab menu(qgetenv("DISPLAY"));
+        host.takeKeyboard(panel);
+        EXPECT_TRUE(waitUntil([this] { return hasFocus(panel); }));
+    }
+    EXPECT_FALSE(host.decidesAboutTyping());
+    expectTypingReaches(panel);
+    host.releaseKeyboard(panel);
+    EXPECT_TRUE(waitUntil([this] { return hasFocus(client); }));
+    expectTypingReaches(client);
+}
+
+} // namespace
+} // namespace quorvantel::platform
