@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QChar>
 #include <Qt>
 
+class QKeyEvent;
 class QWindow;
 
 namespace quorvantel::platform {
@@ -26,6 +28,12 @@ public:
     /// Gives the keyboard back to the application in front, without a click. Harmless for a window
     /// that does not have it.
     virtual void releaseKeyboard(QWindow& window) = 0;
+
+    /// The Latin character that the key of a press or a release types by itself, whichever
+    /// modifiers are held with it: a comma for a French Shift+comma, whose event says "?". Where
+    /// the layout has none, as a Greek one, it is that of another layout of the user's. Null for a
+    /// key without any and for an event that did not come from the keyboard.
+    virtual QChar baseCharacter(const QKeyEvent& event) const = 0;
 };
 
 } // namespace quorvantel::platform

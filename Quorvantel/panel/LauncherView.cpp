@@ -190,16 +190,13 @@ bool LauncherView::handleKey(const QKeyEvent& event) {
             onDismiss();
         }
         return true;
-    case Qt::Key_Comma:
-        return includesCommand(event.modifiers()) && openSettings();
-    case Qt::Key_Less:
-    case Qt::Key_Semicolon:
-        // What Shift makes of the comma key on American and on European layouts.
-        return event.modifiers().testFlag(Qt::ShiftModifier) &&
-               includesCommand(event.modifiers()) && openSettings();
     default:
-        return false;
+        return includesCommand(event.modifiers()) && isCommaKey(event) && openSettings();
     }
+}
+
+bool LauncherView::isCommaKey(const QKeyEvent& event) const {
+    return event.key() == Qt::Key_Comma || (baseCharacter && baseCharacter(event) == u',');
 }
 
 bool LauncherView::openSettings() {

@@ -35,6 +35,10 @@ public:
     /// The height, in points, that the content needs from now on.
     std::function<void(double)> onHeightChange;
 
+    /// The character that the key of an event types by itself, whichever modifiers are held with
+    /// it; null when it types none.
+    std::function<QChar(const QKeyEvent&)> baseCharacter;
+
     /// What Command+comma and the settings button do. The button shows only once there is
     /// something to do.
     void setOnSettings(std::function<void()> onSettings);
@@ -74,6 +78,7 @@ private:
     void applySelection();
     void launchRow(int row);
     bool handleKey(const QKeyEvent& event);
+    bool isCommaKey(const QKeyEvent& event) const;
     bool openSettings();
     void layOut();
     bool hasEmptyState() const;

@@ -85,6 +85,9 @@ void AppDelegate::buildLauncher() {
     // The view and the controller end before this object, whose members they are.
     launcherView->onLaunch = [this](const LaunchTarget& target) { launch(target); };
     launcherView->onDismiss = [this] { dismissPanel(); };
+    launcherView->baseCharacter = [this](const QKeyEvent& event) {
+        return m_platform.panelHost().baseCharacter(event);
+    };
     launcherView->setOnSettings([this] { openSettings(); });
     launcherView->onHeightChange = [this](double height) {
         m_panelController->updateHeight(height);

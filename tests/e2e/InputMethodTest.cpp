@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <ostream>
-#include <stdexcept>
 
 namespace quorvantel {
 namespace {
@@ -26,19 +25,6 @@ struct Entry {
 
 class InputMethodTest : public ::testing::TestWithParam<Entry> {
 protected:
-    void setLayout() {
-        ChildProcess process({
-            .program = QStringLiteral("setxkbmap"),
-            .arguments =
-                QStringList{QStringLiteral("-display"), QString::fromLatin1(session.display())} +
-                GetParam().layout,
-        });
-        const auto exit = process.waitForExit(patience);
-        if (!exit || exit->crashed || exit->status != 0) {
-            throw std::runtime_error("setxkbmap failed");
-        }
-    }
-
     void press(const std::vector<xcb_keysym_t>& letter) {
         for (const xcb_keysym_t key : letter) {
             if (key == XK_ISO_Level3_Shift) {
@@ -72,7 +58,7 @@ protected:
         const QString& text = GetParam().text;
         session.addApplication(QStringLiteral("first"), text);
         session.addApplication(QStringLiteral("second"), text + QStringLiteral(" second"));
-        setLayout();
+        session.setKeyboardLayout(GetParam().layout);
         session.start();
         session.summon();
     }

@@ -80,6 +80,16 @@ void LauncherSession::storeHotKey(int keyCode, int modifiers) {
     writeFile(m_home.configHome() + QStringLiteral("/Quorvantel/defaults.plist"), plist.toUtf8());
 }
 
+void LauncherSession::setKeyboardLayout(const QStringList& arguments) const {
+    ChildProcess process({
+        .program = QStringLiteral("setxkbmap"),
+        .arguments =
+            QStringList{QStringLiteral("-display"), QString::fromLatin1(display())} + arguments,
+    });
+    const auto exit = process.waitForExit(patience);
+    require(exit && !exit->crashed && exit->status == 0, "setxkbmap failed");
+}
+
 void LauncherSession::start(const QByteArray& expected) {
     QFile::remove(homeFile(QStringLiteral("output")));
     ChildProcess::Launch launch{

@@ -43,6 +43,9 @@ public:
     /// mask.
     void storeHotKey(int keyCode, int modifiers);
 
+    /// Gives the keyboard the layouts that these arguments of setxkbmap name.
+    void setKeyboardLayout(const QStringList& arguments) const;
+
     /// Starts the launcher and returns when it has printed `expected`, by default the line that
     /// says how to summon it.
     void start(const QByteArray& expected = "Quorvantel: press ");

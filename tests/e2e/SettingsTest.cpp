@@ -62,6 +62,30 @@ protected:
     LauncherSession session;
 };
 
+TEST_F(SettingsTest, TheCommaKeyOpensThemWhateverShiftMakesOfIt) {
+    session.start();
+    const auto expectOpensSettings = [this](const QString& layout, xcb_keysym_t command,
+                                            xcb_keysym_t comma) {
+        session.setKeyboardLayout({layout});
+        session.summon();
+        press({command, XK_Shift_L, comma});
+        waitForActive("Quorvantel Settings");
+        EXPECT_TRUE(session.waitForDismissal());
+        session.setKeyboardLayout({QStringLiteral("us")});
+        press({XK_Control_L, XK_w});
+        ASSERT_TRUE(
+            waitUntil([this] { return session.desktop().activeTitle() != "Quorvantel Settings"; }));
+    };
+    for (const xcb_keysym_t command : {XK_Super_L, XK_Control_L}) {
+        for (const char* const layout : {"us", "de", "fr", "hu", "ru"}) {
+            SCOPED_TRACE(layout);
+            expectOpensSettings(QString::fromLatin1(layout), command, XK_comma);
+        }
+        SCOPED_TRACE("the Russian letter on an American comma");
+        expectOpensSettings(QStringLiteral("ru,us"), command, XK_Cyrillic_be);
+    }
+}
+
 TEST_F(SettingsTest, ARecordedHotKeyReplacesTheOldOneForGood) {
     constexpr std::uint16_t altAndSuper = XCB_MOD_MASK_1 | XCB_MOD_MASK_4;
     session.start();

@@ -182,11 +182,20 @@ TEST_F(LauncherViewTest, EscapeDismissesAndCommandCommaOpensTheSettings) {
     view.setOnSettings([&settings] { ++settings; });
     press(Qt::Key_Comma, Qt::ControlModifier);
     press(Qt::Key_Comma, Qt::MetaModifier);
+    EXPECT_EQ(settings, 2);
+    press(Qt::Key_Question, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(settings, 2);
+    view.baseCharacter = [](const QKeyEvent& event) {
+        return QChar(event.key() == Qt::Key_Question ? u',' : u'a');
+    };
+    press(Qt::Key_Question, Qt::ControlModifier | Qt::ShiftModifier);
+    press(Qt::Key_Question, Qt::MetaModifier | Qt::ShiftModifier | Qt::AltModifier);
+    EXPECT_EQ(settings, 4);
     press(Qt::Key_Less, Qt::ControlModifier | Qt::ShiftModifier);
-    press(Qt::Key_Semicolon, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(settings, 4);
-    press(Qt::Key_Semicolon, Qt::ControlModifier);
-    EXPECT_EQ(settings, 4);
+    press(Qt::Key_Question, Qt::ShiftModifier);
+    EXPECT_EQ(field.text(), u"?"_s);
+    field.clear();
     press(Qt::Key_Comma);
     EXPECT_EQ(field.text(), u","_s);
     press(Qt::Key_Escape);

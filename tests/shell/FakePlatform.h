@@ -72,6 +72,7 @@ public:
     Qt::WindowFlags windowFlags() const override { return Qt::Tool | Qt::FramelessWindowHint; }
     void takeKeyboard(QWindow&) override { hasKeyboard = true; }
     void releaseKeyboard(QWindow&) override { hasKeyboard = false; }
+    QChar baseCharacter(const QKeyEvent&) const override { return {}; }
 
     bool hasKeyboard = false;
 };

@@ -55,12 +55,6 @@ bool includes(std::uint32_t modifiers, std::uint32_t wanted) {
     return (modifiers & wanted) == wanted;
 }
 
-/// Besides the comma, what Shift makes of its key on American and on European layouts.
-bool opensSettings(xcb_keysym_t symbol, std::uint32_t modifiers) {
-    return symbol == XK_comma || (includes(modifiers, HotKeyModifier::shift) &&
-                                  (symbol == XK_less || symbol == XK_semicolon));
-}
-
 /// Whether the X server itself switches to another virtual terminal by this key, with Control and
 /// Alt; pressed once more, it would do so again.
 bool switchesTerminal(xcb_keysym_t symbol) {
@@ -80,7 +74,7 @@ KeyFate fateOfKey(xcb_keysym_t symbol, std::uint32_t modifiers) {
         return KeyFate::Kept;
     }
     if (includes(modifiers, HotKeyModifier::command)) {
-        return opensSettings(symbol, modifiers) ? KeyFate::Kept : KeyFate::HandedOverForGood;
+        return symbol == XK_comma ? KeyFate::Kept : KeyFate::HandedOverForGood;
     }
     if (includes(modifiers, HotKeyModifier::control | HotKeyModifier::option)) {
         return switchesTerminal(symbol) ? KeyFate::Kept : KeyFate::HandedOverForGood;

@@ -14,8 +14,9 @@ enum class KeyFate {
     Dismissing,        ///< The panel goes, and nothing else happens.
 };
 
-/// `symbol` is what the key types with Shift as it is, as in <X11/keysymdef.h>; `modifiers` is a
-/// mask of `HotKeyModifier` bits.
+/// `symbol` is one that the key bears, as in <X11/keysymdef.h>; `modifiers` is a mask of
+/// `HotKeyModifier` bits. Whatever a chord may mean by what its key types with Shift or without,
+/// the panel keeps it if either of the two symbols is the panel's.
 ///
 /// The desktop gets the keys that are not of a typewriter, such as those for the volume, and the
 /// chords that can mean nothing in a search field: those with Super, with Control and Alt, and the

@@ -1,17 +1,13 @@
 #include "platform/linux/x11/X11Keyboard.h"
 
 #include "platform/GlobalHotKeys.h"
+#include "platform/linux/x11/Xkb.h"
 
 #include <X11/keysym.h>
 #include <xcb/xcb_keysyms.h>
 
 #include <array>
 #include <span>
-
-// The C header has a member that is named like a C++ keyword.
-#define explicit explicit_
-#include <xcb/xkb.h>
-#undef explicit
 
 namespace quorvantel::platform {
 

@@ -1,8 +1,10 @@
 #include "platform/linux/x11/X11PanelHost.h"
 
+#include "platform/linux/x11/BaseSymbol.h"
 #include "platform/linux/x11/X11KeyTranslation.h"
 
 #include <QCoreApplication>
+#include <QKeyEvent>
 #include <QWindow>
 
 #include <chrono>
@@ -20,6 +22,10 @@ constexpr int retryAttempts = 15;
 constexpr unsigned int modifierMask = 0xFF;
 constexpr unsigned int groupShift = 13;
 constexpr unsigned int groupMask = 0x3;
+
+unsigned int groupOf(std::uint32_t state) {
+    return state >> groupShift & groupMask;
+}
 
 /// The window that the user sees, of which the given one may be a part.
 QWindow& panelOf(QWindow& window) {
@@ -111,6 +117,12 @@ void X11PanelHost::returnFocus() {
     m_previousFocus = XCB_WINDOW_NONE;
 }
 
+QChar X11PanelHost::baseCharacter(const QKeyEvent& event) const {
+    const auto key = static_cast<xcb_keycode_t>(event.nativeScanCode());
+    const auto symbol = baseSymbol(m_display, key, groupOf(event.nativeModifiers()));
+    return symbol && isLatin1(*symbol) ? QChar(static_cast<char16_t>(*symbol)) : QChar();
+}
+
 bool X11PanelHost::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
                                      qintptr* /*result*/) {
     const auto* const event = static_cast<const xcb_generic_event_t*>(message);
@@ -180,11 +192,17 @@ X11PanelHost::DesktopKey X11PanelHost::judge(const xcb_key_press_event_t& event)
         m_keyboard = X11Keyboard::read(m_display);
     }
     const std::uint32_t modifiers = carbonModifiers(*m_keyboard, static_cast<std::uint16_t>(held));
-    return {fateOfKey(symbolOf(event), modifiers), m_keyboard->modifierBits(modifiers)};
+    KeyFate fate = fateOfKey(symbolOf(event), modifiers);
+    if (fate == KeyFate::HandedOverForGood) {
+        // Asks the server, so not for every letter.
+        const auto symbol = baseSymbol(m_display, event.detail, groupOf(event.state));
+        fate = symbol ? fateOfKey(*symbol, modifiers) : fate;
+    }
+    return {fate, m_keyboard->modifierBits(modifiers)};
 }
 
 xcb_keysym_t X11PanelHost::symbolOf(const xcb_key_press_event_t& event) {
-    const bool isSecondGroup = (event.state >> groupShift & groupMask) == 1;
+    const bool isSecondGroup = groupOf(event.state) == 1;
     const bool isShifted = (event.state & XCB_MOD_MASK_SHIFT) != 0;
     return xcb_key_symbols_get_keysym(m_symbols.get(), event.detail,
                                       (isSecondGroup ? 2 : 0) + (isShifted ? 1 : 0));

@@ -41,6 +41,7 @@ public:
     Qt::WindowFlags windowFlags() const override;
     void takeKeyboard(QWindow& window) override;
     void releaseKeyboard(QWindow& window) override;
+    QChar baseCharacter(const QKeyEvent& event) const override;
 
     /// Whether the panel has the keyboard by a grab, or has asked for it.
     bool decidesAboutTyping() const { return m_grab.has_value(); }
