@@ -84,6 +84,18 @@ TEST_F(AccessibilityTest, TheTreeHoldsTheFieldAndEveryResult) {
     EXPECT_FALSE(find(notification).has("showing"));
 }
 
+TEST_F(AccessibilityTest, AHiddenPanelShowsNothing) {
+    searchWithReader();
+    session.keyboard().press({XK_Escape});
+    ASSERT_TRUE(session.waitForDismissal());
+    const QString application = QStringLiteral("Quorvantel");
+    EXPECT_TRUE(waitUntil([&] { return !reader.find(application, field); }));
+    EXPECT_FALSE(reader.find(application, list));
+    EXPECT_FALSE(find(QStringLiteral("dialog")).has("showing"));
+    session.summon();
+    EXPECT_TRUE(find(field).has("showing"));
+}
+
 TEST_F(AccessibilityTest, TheSelectionIsHeardWhileTypingStaysInTheField) {
     searchWithReader();
     session.keyboard().press({XK_Down});

@@ -1,8 +1,8 @@
 #include "panel/accessibility/PanelAccessible.h"
 
 #include "panel/EmptyStateView.h"
-#include "panel/FirstMouseHostingView.h"
 #include "panel/LauncherView.h"
+#include "panel/accessibility/HostingViewAccessible.h"
 #include "panel/accessibility/ResultListAccessible.h"
 
 namespace quorvantel {
@@ -11,7 +11,7 @@ namespace {
 
 QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object) {
     if (auto* const hostingView = qobject_cast<FirstMouseHostingView*>(object)) {
-        return new PanelAccessible(*hostingView, QAccessible::Dialog);
+        return new HostingViewAccessible(*hostingView);
     }
     if (auto* const view = qobject_cast<LauncherView*>(object)) {
         return new PanelAccessible(*view, QAccessible::Client);
@@ -41,10 +41,6 @@ void PanelAccessible::install() {
 QAccessible::State PanelAccessible::state() const {
     QAccessible::State state = QAccessibleWidget::state();
     state.focused = false;
-    const auto* const hostingView = qobject_cast<FirstMouseHostingView*>(widget()->window());
-    if (hostingView != nullptr && !hostingView->isOnScreen()) {
-        state.invisible = true;
-    }
     return state;
 }
 
