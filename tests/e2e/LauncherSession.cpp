@@ -128,7 +128,10 @@ void LauncherSession::pressDefaultHotKey() {
 
 void LauncherSession::summon() {
     pressDefaultHotKey();
-    require(waitUntil([this] { return panel() && m_desktop.isKeyboardGrabbed(); }),
+    // Until the modifiers are let go, for the launcher to see as well, a click is another one.
+    require(waitUntil([this] {
+                return panel() && m_desktop.isKeyboardGrabbed() && !m_desktop.isAnyKeyDown();
+            }),
             (panel() ? "the summoned panel does not take the keyboard"
                      : "the hotkey does not summon the panel") +
                 QByteArrayLiteral("; the launcher printed: ") + output());

@@ -47,6 +47,12 @@ bool XDesktop::isKeyboardGrabbed() const {
     return reply && reply->status == XCB_GRAB_STATUS_ALREADY_GRABBED;
 }
 
+bool XDesktop::isAnyKeyDown() const {
+    const XReply<xcb_query_keymap_reply_t> reply(
+        xcb_query_keymap_reply(m_connection.get(), xcb_query_keymap(m_connection.get()), nullptr));
+    return reply && std::ranges::any_of(reply->keys, [](std::uint8_t keys) { return keys != 0; });
+}
+
 std::vector<xcb_window_t> XDesktop::overrideRedirectWindows() const {
     const XReply<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(
         m_connection.get(), xcb_query_tree(m_connection.get(), m_connection.root()), nullptr));

@@ -29,6 +29,10 @@ public:
     /// Whether a client has grabbed the keyboard, as a panel or a menu does.
     bool isKeyboardGrabbed() const;
 
+    /// Whether the server holds a key for pressed. The keys that it keeps for a client with a
+    /// synchronous grab are yet to come.
+    bool isAnyKeyDown() const;
+
     /// The mapped windows that no window manager manages, bottommost first, such as panels, menus
     /// and tooltips. Windows wholly off the screen are left out.
     std::vector<xcb_window_t> overrideRedirectWindows() const;
