@@ -1,6 +1,7 @@
 #include "platform/linux/x11/X11HotKeys.h"
 
 #include "platform/linux/x11/KeyPositions.h"
+#include "platform/linux/x11/Xkb.h"
 
 #include <QCoreApplication>
 #include <QDebug>
@@ -8,21 +9,12 @@
 #include <optional>
 #include <utility>
 
-// The C header has a member that is named like a C++ keyword.
-#define explicit explicit_
-#include <xcb/xkb.h>
-#undef explicit
-
 namespace quorvantel::platform {
 
 namespace {
 
 constexpr HotKeyStatus statusSuccess = 0;
 constexpr HotKeyStatus statusBadValue = XCB_VALUE;
-
-/// All modifier bits of the core protocol; above them the state holds the pointer's buttons and the
-/// keyboard's group.
-constexpr unsigned int modifierMask = 0xFF;
 
 std::uint8_t xkbEventBase(xcb_connection_t* connection) {
     const auto* const extension = xcb_get_extension_data(connection, &xcb_xkb_id);
@@ -195,7 +187,8 @@ bool X11HotKeys::nativeEventFilter(const QByteArray& /*eventType*/, void* messag
 }
 
 bool X11HotKeys::handleKeyPress(const xcb_key_press_event_t& event) {
-    const unsigned int held = event.state & modifierMask & ~unsigned{m_keyboard.lockMask()};
+    const unsigned int held =
+        event.state & X11Keyboard::modifierMask & ~unsigned{m_keyboard.lockMask()};
     for (const KeyRegistration* registration : m_registrations) {
         const auto& grab = registration->grab;
         if (!grab || grab->key != event.detail || grab->modifiers != held) {

@@ -6,6 +6,8 @@
 
 #include <QAbstractNativeEventFilter>
 
+#include <memory>
+
 namespace quorvantel::platform {
 
 /// Captures keys by an active grab of the keyboard, during which passive grabs sleep: the window

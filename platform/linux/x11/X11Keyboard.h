@@ -12,6 +12,10 @@ namespace quorvantel::platform {
 /// The parts of the keyboard's state of configuration that hotkeys depend on: where the keys are
 /// and which modifier bits the modifier keys set. A value, read from the server in one go.
 struct X11Keyboard {
+    /// All modifier bits of the core protocol. Above them, the state in an event holds the
+    /// pointer's buttons and the keyboard's group.
+    static constexpr unsigned int modifierMask = 0xFF;
+
     /// X key codes by the names of the X Keyboard Extension.
     std::unordered_map<std::string, xcb_keycode_t> keyCodes;
 

@@ -18,8 +18,7 @@ using namespace std::chrono_literals;
 constexpr auto retryInterval = 20ms;
 constexpr int retryAttempts = 15;
 
-/// Above them, the state in an event holds the pointer's buttons and the keyboard's group.
-constexpr unsigned int modifierMask = 0xFF;
+/// Where the state in an event holds the keyboard's group.
 constexpr unsigned int groupShift = 13;
 constexpr unsigned int groupMask = 0x3;
 
@@ -55,7 +54,7 @@ Qt::WindowFlags X11PanelHost::windowFlags() const {
 void X11PanelHost::takeKeyboard(QWindow& window) {
     m_window = &window;
     m_windowId = static_cast<xcb_window_t>(window.winId());
-    m_modifiersFromBefore = modifierMask;
+    m_modifiersFromBefore = X11Keyboard::modifierMask;
     m_grab.emplace(m_display, m_windowId);
     // Asks the server without waiting for the answer, which is there when the first key comes.
     m_symbols.reset(xcb_key_symbols_alloc(m_display.connection));
@@ -184,7 +183,7 @@ void X11PanelHost::handleFocusOut(const xcb_focus_out_event_t& event) {
 }
 
 X11PanelHost::DesktopKey X11PanelHost::judge(const xcb_key_press_event_t& event) {
-    const unsigned int held = event.state & modifierMask & ~m_modifiersFromBefore;
+    const unsigned int held = event.state & X11Keyboard::modifierMask & ~m_modifiersFromBefore;
     if (held == 0) {
         return {fateOfKey(symbolOf(event), 0), 0};
     }

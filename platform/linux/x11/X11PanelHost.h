@@ -13,6 +13,7 @@
 
 #include <xcb/xcb_keysyms.h>
 
+#include <memory>
 #include <optional>
 #include <unordered_map>
 

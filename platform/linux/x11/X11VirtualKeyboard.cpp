@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <ranges>
 #include <span>
 #include <vector>
 
@@ -114,10 +113,10 @@ void X11VirtualKeyboard::releaseModifiers() {
     if (m_heldModifiers.empty()) {
         return;
     }
-    for (const xcb_keycode_t modifier : m_heldModifiers | std::views::reverse) {
-        send(XCB_KEY_RELEASE, modifier);
+    while (!m_heldModifiers.empty()) {
+        send(XCB_KEY_RELEASE, m_heldModifiers.back());
+        m_heldModifiers.pop_back();
     }
-    m_heldModifiers.clear();
     xcb_flush(m_display.connection);
 }
 
