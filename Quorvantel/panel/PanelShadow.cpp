@@ -28,7 +28,8 @@ constexpr int corner = reach * 2 + LauncherLayout::cornerRadius * 2;
 constexpr QMargins margins(reach, reach - fall, reach, reach + fall);
 
 /// Averages each value of a line of values, `stride` apart, with its neighbours up to `radius`.
-void boxBlurLine(uchar* line, int count, int stride, int radius, std::vector<uchar>& scratch) {
+void boxBlurLine(uchar* line, int count, qsizetype stride, int radius,
+                 std::vector<uchar>& scratch) {
     scratch.resize(static_cast<std::size_t>(count));
     int sum = 0;
     const auto at = [&](int index) {
@@ -49,7 +50,7 @@ void boxBlurLine(uchar* line, int count, int stride, int radius, std::vector<uch
 
 void blur(QImage& alpha, int radius) {
     std::vector<uchar> scratch;
-    const auto bytesPerLine = static_cast<int>(alpha.bytesPerLine());
+    const qsizetype bytesPerLine = alpha.bytesPerLine();
     for (int pass = 0; pass < blurPasses; ++pass) {
         for (int y = 0; y < alpha.height(); ++y) {
             boxBlurLine(alpha.scanLine(y), alpha.width(), 1, radius, scratch);

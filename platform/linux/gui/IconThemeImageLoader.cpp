@@ -14,7 +14,7 @@ namespace quorvantel::platform {
 namespace {
 
 /// A larger file is no icon; decoding it would hold up the panel.
-constexpr qint64 maximumFileSize = 8 * 1024 * 1024;
+constexpr qint64 maximumFileSize = qint64{8} * 1024 * 1024;
 /// Larger images in pixels are no icons either.
 constexpr int maximumSourcePixels = 2048;
 

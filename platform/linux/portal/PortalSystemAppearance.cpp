@@ -3,6 +3,8 @@
 #include <QDBusMessage>
 #include <QDBusPendingReply>
 
+#include <utility>
+
 namespace quorvantel::platform {
 
 namespace {
@@ -28,9 +30,9 @@ QVariant unwrapped(QVariant value) {
 
 } // namespace
 
-PortalSystemAppearance::PortalSystemAppearance(const QDBusConnection& bus,
+PortalSystemAppearance::PortalSystemAppearance(QDBusConnection bus,
                                                const SystemAppearance& fallback)
-    : m_bus(bus), m_fallback(fallback) {
+    : m_bus(std::move(bus)), m_fallback(fallback) {
     connect(&fallback, &SystemAppearance::changed, this, [this] {
         if (!m_prefersDark) {
             Q_EMIT changed();

@@ -19,7 +19,7 @@ class PortalSystemAppearance : public SystemAppearance {
 
 public:
     /// `fallback` must outlive this object.
-    PortalSystemAppearance(const QDBusConnection& bus, const SystemAppearance& fallback);
+    PortalSystemAppearance(QDBusConnection bus, const SystemAppearance& fallback);
 
     bool prefersDark() const override;
 
