@@ -29,7 +29,8 @@ mkdir -p "$out"
 printf '%s\n' "$@" >"$out/arguments"
 cat "/proc/$$/environ" >"$out/environment"
 cut -d' ' -f6 "/proc/$$/stat" >"$out/session"
-ls -l "/proc/$$/fd" | sed -n 's/.* -> //p' >"$out/descriptors"
+# Without a pipe or a redirection, which the shell itself would have open at times.
+find "/proc/$$/fd" -type l -fprintf "$out/descriptors" '%l\n'
 pwd >"$out/directory"
 : >"$out/done"
 exit "${STATUS:-0}"
