@@ -3,6 +3,7 @@
 #include "support/ForeignHotKey.h"
 #include "support/Keyboard.h"
 #include "support/WaitUntil.h"
+#include "support/XDesktop.h"
 
 #include <QProcess>
 #include <QTest>
@@ -40,8 +41,10 @@ protected:
     }
 
     void run(const QString& program, const QStringList& arguments) {
-        // The keyboard stands still until a hotkey's press has been dealt with.
-        QCoreApplication::processEvents();
+        // The keyboard stands still until a hotkey's press has been dealt with, and xmodmap waits
+        // until all keys are let go.
+        const testing::XDesktop desktop(connection);
+        ASSERT_TRUE(waitUntil([&desktop] { return !desktop.isAnyKeyDown(); }));
         ASSERT_EQ(QProcess::execute(program, arguments), 0);
     }
 
