@@ -36,4 +36,9 @@ struct FreeDeleter {
 template <typename T>
 using XcbPointer = std::unique_ptr<T, FreeDeleter>;
 
+/// Whether a key is down according to the server's answer.
+inline bool isDown(const xcb_query_keymap_reply_t& keymap, xcb_keycode_t key) {
+    return (keymap.keys[key / 8] & (1U << (key % 8))) != 0;
+}
+
 } // namespace quorvantel::platform

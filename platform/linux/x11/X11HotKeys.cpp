@@ -267,7 +267,7 @@ void X11HotKeys::settleHeldKey() {
     }
     const XcbPointer<xcb_query_keymap_reply_t> reply(
         xcb_query_keymap_reply(m_display.connection, *question, nullptr));
-    const bool wasDown = reply && (reply->keys[*m_heldKey / 8] & (1U << (*m_heldKey % 8))) != 0;
+    const bool wasDown = reply && isDown(*reply, *m_heldKey);
     if (!wasDown) {
         letGo();
     }

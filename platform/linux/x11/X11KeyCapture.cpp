@@ -34,9 +34,10 @@ HeldKeys keysDown(xcb_connection_t* connection) {
     if (!reply) {
         return keys;
     }
-    for (unsigned int key = 0; key <= std::numeric_limits<xcb_keycode_t>::max(); ++key) {
-        if ((reply->keys[key / 8] >> (key % 8) & 1U) != 0) {
-            keys.try_emplace(static_cast<xcb_keycode_t>(key));
+    for (unsigned int code = 0; code <= std::numeric_limits<xcb_keycode_t>::max(); ++code) {
+        const auto key = static_cast<xcb_keycode_t>(code);
+        if (isDown(*reply, key)) {
+            keys.try_emplace(key);
         }
     }
     return keys;

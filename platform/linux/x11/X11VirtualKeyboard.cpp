@@ -16,10 +16,6 @@ using namespace std::chrono_literals;
 constexpr unsigned int modifierCount = 8;
 constexpr auto holdingTime = 100ms;
 
-bool isDown(const xcb_query_keymap_reply_t& keymap, xcb_keycode_t key) {
-    return (keymap.keys[key / 8] & (1U << (key % 8))) != 0;
-}
-
 /// A key for each of the modifiers of which none is down.
 std::vector<xcb_keycode_t> missingKeys(const xcb_get_modifier_mapping_reply_t& mapping,
                                        const xcb_query_keymap_reply_t& keymap,
