@@ -36,17 +36,19 @@ void BlockWriter::start(BlockRole role, QTextBlockFormat format) {
     if (!item->number.isEmpty()) {
         format.setProperty(hangingMarkerProperty, item->number);
     }
-    if (item->box != QTextBlockFormat::MarkerType::NoMarker) {
+    if (item->hasBoxForBullet()) {
         format.setMarker(item->box);
     }
     if (item->isMarkedByDocument()) {
         // The list itself indents its blocks.
         m_lists.join(m_text.cursor(), placeBlock(format, 0));
-        return;
+    } else {
+        placeBlock(format, m_lists.indent());
+        m_text.insert(item->number);
     }
-    placeBlock(format, m_lists.indent());
-    m_text.insert(item->number);
-    addCheckBox(item->box);
+    if (item->isTask()) {
+        addCheckBox(item->box);
+    }
 }
 
 QTextBlockFormat BlockWriter::placeBlock(QTextBlockFormat format, int indent) {
@@ -64,9 +66,6 @@ QTextBlockFormat BlockWriter::placeBlock(QTextBlockFormat format, int indent) {
 }
 
 void BlockWriter::addCheckBox(QTextBlockFormat::MarkerType box) {
-    if (box == QTextBlockFormat::MarkerType::NoMarker) {
-        return;
-    }
     QTextCharFormat format =
         m_text.format(box == QTextBlockFormat::MarkerType::Checked ? TextRole::checkedBox
                                                                    : TextRole::uncheckedBox);

@@ -62,7 +62,7 @@ bool DocumentImages::load(const QString& source) {
 }
 
 QImage DocumentImages::read(const QString& source) const {
-    const QUrl url(source, QUrl::StrictMode);
+    const QUrl url(source);
     if (!url.isValid() || !url.scheme().isEmpty() || !url.authority().isEmpty()) {
         return {};
     }

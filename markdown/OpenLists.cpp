@@ -35,11 +35,11 @@ std::optional<OpenLists::Item> OpenLists::takePendingItem() {
     if (!m_pendingBox) {
         return std::nullopt;
     }
-    Item item{*m_pendingBox, {}};
-    m_pendingBox.reset();
     const OpenList& list = m_lists.back();
+    Item item{*m_pendingBox, list.kind.isOrdered, {}};
+    m_pendingBox.reset();
     // The document's own lists all begin at one.
-    if (item.isMarkedByDocument() && list.kind.isOrdered && list.kind.firstNumber != 1) {
+    if (item.isNumbered && list.kind.firstNumber != 1) {
         item.number = QString::number(list.number) + list.kind.numberSuffix + u'\u00A0' + u' ';
     }
     return item;

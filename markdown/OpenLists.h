@@ -26,13 +26,17 @@ public:
     struct Item {
         /// The box of a task; `NoMarker` for any other item.
         QTextBlockFormat::MarkerType box;
+        bool isNumbered;
         /// The number, where it has to be text; empty otherwise.
         QString number;
 
+        bool isTask() const { return box != QTextBlockFormat::MarkerType::NoMarker; }
+
+        /// Whether its box stands in the place of a bullet; a number comes before the box.
+        bool hasBoxForBullet() const { return isTask() && !isNumbered; }
+
         /// Whether the document's own list gives it its bullet or number.
-        bool isMarkedByDocument() const {
-            return number.isEmpty() && box == QTextBlockFormat::MarkerType::NoMarker;
-        }
+        bool isMarkedByDocument() const { return number.isEmpty() && !hasBoxForBullet(); }
     };
 
     void open(const Kind& kind);

@@ -32,6 +32,7 @@ protected:
         QDir(root()).mkpath(u"help/images"_s);
         save(stripes(20, 10), u"outside.png"_s);
         save(stripes(20, 10), u"help/images/small.png"_s);
+        save(stripes(20, 10), u"help/images/a b.png"_s);
         save(stripes(600, 300), u"help/images/large.png"_s);
         save(stripes(20, 10), u"help/images/fine.png"_s);
         save(stripes(40, 20), u"help/images/fine@2x.png"_s);
@@ -65,8 +66,8 @@ TEST_F(MarkdownImage, ComesOnlyFromBelowTheBaseAndInSafeFormats) {
     link("/outside.png", "/help/out.png");
     link("", "/help/up");
     link("/help/images/small.png", "/help/in.png");
-    for (const char* const source :
-         {"images/small.png", "./images/small.png", "images/sm%61ll.png", "in.png"}) {
+    for (const char* const source : {"images/small.png", "./images/small.png", "images/sm%61ll.png",
+                                     "in.png", "<images/a b.png>", "images/a%20b.png"}) {
         EXPECT_TRUE(shows(source)) << source;
     }
     // A vector image may refer to others.
