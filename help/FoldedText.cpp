@@ -1,5 +1,7 @@
 #include "help/FoldedText.h"
 
+#include "text/TextFolding.h"
+
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -12,15 +14,11 @@ constexpr std::size_t maximumPlaces = 2'000;
 
 /// One character without case and accents; empty for a combining accent.
 QString fold(QStringView character) {
-    const QString decomposed =
-        character.toString().normalized(QString::NormalizationForm_KD).toCaseFolded();
-    QString folded;
-    for (const QChar unit : decomposed) {
-        if (unit.category() != QChar::Mark_NonSpacing) {
-            folded += unit;
-        }
-    }
-    return folded;
+    const QString plain = character.toString().normalized(QString::NormalizationForm_KD);
+    const std::u32string scalars = foldedScalars(plain);
+    // Decomposed, so that it does not matter which characters of a text were composed.
+    return QString::fromUcs4(scalars.data(), static_cast<qsizetype>(scalars.size()))
+        .normalized(QString::NormalizationForm_D);
 }
 
 qsizetype characterLength(QStringView text, qsizetype index) {

@@ -2,7 +2,7 @@
 
 #include "search/BoundaryBonuses.h"
 #include "search/LetterMask.h"
-#include "search/TextFolding.h"
+#include "text/TextFolding.h"
 
 namespace quorvantel {
 

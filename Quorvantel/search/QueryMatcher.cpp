@@ -1,7 +1,7 @@
 #include "search/QueryMatcher.h"
 
 #include "search/ScoreMatrix.h"
-#include "search/TextFolding.h"
+#include "text/TextFolding.h"
 
 namespace quorvantel {
 

@@ -23,6 +23,7 @@ TEST(FoldedText, FindsWordsWhateverTheirCaseAndAccents) {
     EXPECT_THAT(found(text, u"cafe"_s), ElementsAre("Café", "CAFE\u0301", "café"));
     EXPECT_THAT(found(text, u"NAÏVE"_s), ElementsAre("naïve"));
     EXPECT_THAT(found(text, u"find"_s), ElementsAre("ﬁnd"));
+    EXPECT_THAT(found(text, u"strasse"_s), ElementsAre("Straße"));
     EXPECT_THAT(found(text, u"zebra"_s), IsEmpty());
 }
 

@@ -1,4 +1,4 @@
-#include "search/TextFolding.h"
+#include "text/TextFolding.h"
 
 #include "search/CharacterCase.h"
 
