@@ -95,8 +95,7 @@ void HelpBrowser::addShortcut(const QList<QKeySequence>& keys,
 }
 
 void HelpBrowser::visit(const Place& place) {
-    leaveTopic();
-    recordShownTopic();
+    leavePlace();
     m_history.visit(place);
     goTo(place);
 }
@@ -112,35 +111,33 @@ void HelpBrowser::goTo(const Place& place) {
 }
 
 void HelpBrowser::goBack() {
-    recordShownTopic();
+    leavePlace();
     if (m_history.canGoBack()) {
         returnTo(m_history.goBack());
     }
 }
 
 void HelpBrowser::goForward() {
-    recordShownTopic();
+    leavePlace();
     if (m_history.canGoForward()) {
         returnTo(m_history.goForward());
     }
 }
 
 void HelpBrowser::returnTo(const Place& place) {
-    leaveTopic();
     goTo(place);
-    m_view->verticalScrollBar()->setValue(m_scrollPositions.value(place.topic));
+    m_view->verticalScrollBar()->setValue(place.scrollPosition);
 }
 
-void HelpBrowser::leaveTopic() {
-    if (m_current) {
-        m_scrollPositions[*m_current] = m_view->verticalScrollBar()->value();
+void HelpBrowser::leavePlace() {
+    if (!m_current) {
+        return;
     }
-}
-
-void HelpBrowser::recordShownTopic() {
-    if (m_current && m_history.current().topic != *m_current) {
+    if (m_history.current().topic != *m_current) {
+        // A topic that a search showed has been visited once the reader leaves it.
         m_history.visit({*m_current, {}});
     }
+    m_history.current().scrollPosition = m_view->verticalScrollBar()->value();
 }
 
 void HelpBrowser::showTopic(std::size_t topic) {
@@ -167,15 +164,16 @@ void HelpBrowser::search(const QString& query) {
     const std::vector<TopicMatch> matches = m_index->find(query);
     m_sidebar->showMatches(matches, query);
     const auto first = m_sidebar->model().firstTopic();
-    const bool isListed = m_sidebar->model().indexOf(*m_current).isValid();
-    if (first && !isListed) {
-        // Topics that pass by while the user types are not visited.
-        leaveTopic();
+    if (first && !isListed(*m_current)) {
+        if (m_history.current().topic == *m_current) {
+            // Otherwise the topic just passed by while the user typed, and is not visited.
+            leavePlace();
+        }
         showTopic(*first);
         return;
     }
     m_sidebar->select(*m_current);
-    markMatches(isListed);
+    markMatches(true);
 }
 
 void HelpBrowser::buildIndex() {
@@ -188,8 +186,13 @@ void HelpBrowser::buildIndex() {
     }
 }
 
+bool HelpBrowser::isListed(std::size_t topic) const {
+    return m_sidebar->model().indexOf(topic).isValid();
+}
+
 void HelpBrowser::markMatches(bool scrolls) {
-    const QStringList words = foldedWords(m_sidebar->query());
+    const QStringList words =
+        isListed(*m_current) ? foldedWords(m_sidebar->query()) : QStringList();
     const auto ranges = FoldedText(m_view->document()->toPlainText()).find(words);
     m_view->mark(ranges, m_style.matchFill, m_style.text);
     if (scrolls && !ranges.empty()) {

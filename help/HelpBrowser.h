@@ -8,7 +8,6 @@
 #include "help/TopicSidebar.h"
 #include "help/TopicView.h"
 
-#include <QHash>
 #include <QSplitter>
 #include <QUrl>
 #include <QWidget>
@@ -54,8 +53,12 @@ private:
     struct Place {
         std::size_t topic = 0;
         QString anchor;
+        /// Where the view was scrolled to when the reader left.
+        int scrollPosition = 0;
 
-        friend bool operator==(const Place&, const Place&) = default;
+        friend bool operator==(const Place& left, const Place& right) {
+            return left.topic == right.topic && left.anchor == right.anchor;
+        }
     };
 
     void layOut();
@@ -68,10 +71,10 @@ private:
     void goForward();
     void returnTo(const Place& place);
     void showTopic(std::size_t topic);
-    void leaveTopic();
-    void recordShownTopic();
+    void leavePlace();
     void search(const QString& query);
     void buildIndex();
+    bool isListed(std::size_t topic) const;
     void markMatches(bool scrolls);
     void openLink(const QUrl& link);
     std::unique_ptr<QTextDocument> render(std::size_t topic) const;
@@ -82,8 +85,6 @@ private:
     HelpBundle m_bundle;
     HelpStyle m_style;
     TopicHistory<Place> m_history;
-    /// Where each topic was scrolled to when the reader left it.
-    QHash<std::size_t, int> m_scrollPositions;
     std::optional<TopicSearch> m_index;
     /// Absent only until the first topic is shown.
     std::optional<std::size_t> m_current;

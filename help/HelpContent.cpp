@@ -2,6 +2,7 @@
 
 #include "help/HelpContentError.h"
 
+#include <QDir>
 #include <QHash>
 #include <QStringDecoder>
 
@@ -30,7 +31,10 @@ QString missingFileNote(const HelpTopic& topic) {
 } // namespace
 
 std::optional<std::size_t> HelpContent::topicForFile(const QString& markdownFile) const {
-    const auto topic = std::ranges::find(topics, markdownFile, &HelpTopic::markdownFile);
+    const auto topic =
+        std::ranges::find(topics, QDir::cleanPath(markdownFile), [](const HelpTopic& candidate) {
+            return QDir::cleanPath(candidate.markdownFile);
+        });
     return topic == topics.end() ? std::nullopt
                                  : std::optional(static_cast<std::size_t>(topic - topics.begin()));
 }

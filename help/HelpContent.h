@@ -20,7 +20,8 @@ struct HelpContent {
     /// In the order in which the manifest first names them; the topics without a group are one.
     std::vector<HelpTopicGroup> groups;
 
-    /// The index of the topic in a Markdown file; absent when there is none.
+    /// The index of the topic in a Markdown file, also by a name such as "./start.md"; absent when
+    /// there is none.
     std::optional<std::size_t> topicForFile(const QString& markdownFile) const;
 
     friend bool operator==(const HelpContent&, const HelpContent&) = default;

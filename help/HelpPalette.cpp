@@ -23,6 +23,11 @@ QPalette paletteFor(const HelpStyle& style) {
                             QPalette::ToolTipText, QPalette::BrightText}) {
         palette.setColor(role, style.text);
     }
+    QColor disabled = style.secondaryText;
+    disabled.setAlphaF(0.6F);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, disabled);
+    }
     palette.setColor(QPalette::PlaceholderText, style.secondaryText);
     palette.setColor(QPalette::Highlight, style.accent);
     palette.setColor(QPalette::HighlightedText, Qt::white);

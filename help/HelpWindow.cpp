@@ -2,7 +2,6 @@
 
 #include "help/HelpPalette.h"
 
-#include <QBoxLayout>
 #include <QDesktopServices>
 #include <QLabel>
 #include <QPainter>
@@ -25,7 +24,7 @@ HelpContent loadedContent(HelpWindow::Content content) {
 } // namespace
 
 HelpWindow::HelpWindow(Content content, HelpBundle bundle, const HelpStyle& style, QWidget* parent)
-    : QWidget(parent, Qt::Window),
+    : QMainWindow(parent),
       onOpenUrl([](const QUrl& url) { QDesktopServices::openUrl(url); }),
       m_style(style) {
     HelpContent topics = loadedContent(std::move(content));
@@ -35,10 +34,8 @@ HelpWindow::HelpWindow(Content content, HelpBundle bundle, const HelpStyle& styl
     for (const QKeySequence& key : QKeySequence::keyBindings(QKeySequence::Close)) {
         connect(new QShortcut(key, this), &QShortcut::activated, this, &QWidget::close);
     }
-    auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(topics.topics.empty() ? makeEmptyState()
-                                            : makeBrowser(std::move(topics), std::move(bundle)));
+    setCentralWidget(topics.topics.empty() ? makeEmptyState()
+                                           : makeBrowser(std::move(topics), std::move(bundle)));
     setPalette(paletteFor(m_style));
 }
 

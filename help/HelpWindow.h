@@ -6,8 +6,8 @@
 #include "help/HelpContentError.h"
 #include "help/HelpStyle.h"
 
+#include <QMainWindow>
 #include <QUrl>
-#include <QWidget>
 
 #include <functional>
 #include <variant>
@@ -15,7 +15,7 @@
 namespace quorvantel::help {
 
 /// The help window: a browser of the topics, or that there are none. Nothing is kept on disk.
-class HelpWindow : public QWidget {
+class HelpWindow : public QMainWindow {
     Q_OBJECT
 
 public:

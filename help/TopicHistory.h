@@ -27,7 +27,7 @@ public:
     }
 
     /// Only after a visit.
-    const Place& current() const { return m_places[m_current]; }
+    Place& current() { return m_places[m_current]; }
 
     bool canGoBack() const { return m_current > 0; }
     bool canGoForward() const { return m_current + 1 < m_places.size(); }

@@ -1,9 +1,13 @@
 #include "help/TopicSidebar.h"
 
+#include "help/ContextMenu.h"
 #include "help/HelpPalette.h"
 
+#include <QAbstractButton>
 #include <QBoxLayout>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QPainter>
 #include <QScopedValueRollback>
 
@@ -47,6 +51,7 @@ TopicSidebar::TopicSidebar(const HelpContent& content, QWidget* parent)
     m_searchField.setPlaceholderText(tr("Search help"));
     m_searchField.setAccessibleName(tr("Search help topics"));
     m_searchField.setClearButtonEnabled(true);
+    m_searchField.findChild<QAbstractButton*>()->setAccessibleName(tr("Clear the search"));
     m_searchField.setFrame(false);
     m_searchField.setTextMargins(8, 0, 4, 0);
     m_searchField.setMinimumHeight(buttonSize);
@@ -66,6 +71,14 @@ TopicSidebar::TopicSidebar(const HelpContent& content, QWidget* parent)
             [this](const QModelIndex& current) {
                 if (!m_isSelecting && current.isValid()) {
                     Q_EMIT topicChosen(*m_model.row(current).topic);
+                }
+            });
+
+    // Control with a click or Space would have the list mark no topic at all.
+    connect(m_list.selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this](const QItemSelection& selected) {
+                if (!m_isSelecting && selected.isEmpty() && m_list.currentIndex().isValid()) {
+                    m_list.setCurrentIndex(m_list.currentIndex());
                 }
             });
 
@@ -144,7 +157,8 @@ void TopicSidebar::select(std::size_t topic) {
         m_list.setCurrentIndex(index);
         m_list.scrollTo(index);
     } else {
-        m_list.clearSelection();
+        // A row that stayed the current one could not be chosen again.
+        m_list.selectionModel()->clear();
     }
 }
 
@@ -161,6 +175,11 @@ void TopicSidebar::focusSearch() {
 bool TopicSidebar::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
         update();
+    }
+    if (event->type() == QEvent::ContextMenu && watched == &m_searchField) {
+        openContextMenu(*m_searchField.createStandardContextMenu(), *this,
+                        static_cast<const QContextMenuEvent*>(event)->globalPos());
+        return true;
     }
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<const QKeyEvent*>(event)->key();

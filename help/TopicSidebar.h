@@ -33,7 +33,7 @@ public:
     /// Lists the matches of a query, or says that there are none.
     void showMatches(const std::vector<TopicMatch>& matches, const QString& query);
 
-    /// Marks a topic as the one shown. Emits nothing.
+    /// Marks a topic as the one shown; none where it is not listed. Emits nothing.
     void select(std::size_t topic);
 
     void setCanGo(bool back, bool forward);

@@ -1,13 +1,17 @@
 #include "help/TopicView.h"
 
+#include "help/ContextMenu.h"
 #include "markdown/MarkdownRenderer.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace quorvantel::help {
 
@@ -27,9 +31,10 @@ TopicView::TopicView(QWidget* parent) : QTextBrowser(parent) {
 }
 
 void TopicView::showDocument(std::unique_ptr<QTextDocument> document) {
-    // The view deletes the document that it replaces, being its parent.
-    document->setParent(this);
-    setDocument(document.release());
+    // Marks hold on to places in the document that goes.
+    setExtraSelections({});
+    setDocument(document.get());
+    m_document = std::move(document);
     fitColumn();
     moveCursor(QTextCursor::Start);
     verticalScrollBar()->setValue(0);
@@ -69,6 +74,10 @@ void TopicView::scrollTo(const TextRange& range) {
 int TopicView::documentTop(int position) const {
     const QTextBlock block = document()->findBlock(position);
     return static_cast<int>(document()->documentLayout()->blockBoundingRect(block).top());
+}
+
+void TopicView::contextMenuEvent(QContextMenuEvent* event) {
+    openContextMenu(*createStandardContextMenu(event->pos()), *this, event->globalPos());
 }
 
 void TopicView::resizeEvent(QResizeEvent* event) {

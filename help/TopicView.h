@@ -37,6 +37,7 @@ Q_SIGNALS:
     void zoomRequested(int steps);
 
 protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     QVariant loadResource(int type, const QUrl& name) override;
@@ -44,6 +45,9 @@ protected:
 private:
     void fitColumn();
     int documentTop(int position) const;
+
+    /// What is shown; the base class deletes no document that it is given.
+    std::unique_ptr<QTextDocument> m_document;
 };
 
 } // namespace quorvantel::help

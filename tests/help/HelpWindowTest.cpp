@@ -34,11 +34,11 @@ protected:
             {"id": "p", "title": "Pears", "markdownFile": "p.md", "group": "Fruit"}]})");
         m_files.write(
             "a.md",
-            "# Apples\n\nGreen. [pears](p.md) [deep](l.md#deep) [web](https://example.org)\n");
-        m_files.write("l.md", "# Long\n\n" + QByteArray("filler\n\n").repeated(200) +
-                                  "## Deep\n\nA crème brûlée.\n\n" +
-                                  QByteArray("filler\n\n").repeated(200));
-        m_files.write("p.md", "# Pears\n\nGreen or yellow.\n");
+            "# Apples\n\nGreen. [pears](./p.md) [deep](l.md#deep) [web](https://example.org)\n");
+        m_files.write(
+            "l.md", "# Long\n\n[down](#deep)\n\n" + QByteArray("filler\n\n").repeated(200) +
+                        "## Deep\n\nA crème brûlée.\n\n" + QByteArray("filler\n\n").repeated(200));
+        m_files.write("p.md", "# Pears\n\nGreen or yellow, like [others](a.md).\n");
         m_menu.emplace(m_files.bundle(), u"topics"_s, style(250));
         m_menu->showHelp();
         EXPECT_TRUE(QTest::qWaitForWindowActive(window()));
@@ -72,14 +72,10 @@ protected:
         return rows.isEmpty() ? std::string() : rows.first().data().toString().toStdString();
     }
 
-    void click(const QString& row) const {
-        for (int i = 0; i < list().model()->rowCount(); ++i) {
-            const QModelIndex index = list().model()->index(i, 0);
-            if (index.data().toString() == row) {
-                QTest::mouseClick(list().viewport(), Qt::LeftButton, {},
-                                  list().visualRect(index).center());
-            }
-        }
+    void click(const QString& row, Qt::KeyboardModifiers modifiers = {}) const {
+        const auto found = list().model()->match(list().model()->index(0, 0), Qt::DisplayRole, row);
+        QTest::mouseClick(list().viewport(), Qt::LeftButton, modifiers,
+                          list().visualRect(found.value(0)).center());
     }
 
     /// Clicks in the middle of a text of the topic.
@@ -135,16 +131,36 @@ TEST_F(HelpWindowTest, SearchNarrowsMarksAndScrolls) {
 }
 
 TEST_F(HelpWindowTest, SearchThatFindsNothingSaysSoAndKeepsTheTopic) {
-    QTest::keyClicks(&field(), u"zebra"_s);
+    QTest::keyClicks(&field(), u"green"_s);
+    EXPECT_THAT(marked(), ElementsAre("Green"));
+    QTest::keyClicks(&field(), u" zebra"_s);
     EXPECT_FALSE(list().isVisible());
     const auto labels = window()->findChildren<QLabel*>();
     EXPECT_TRUE(std::ranges::any_of(labels, [](const QLabel* label) {
-        return label->isVisible() && label->text() == u"No topic matches “zebra”."_s;
+        return label->isVisible() && label->text() == u"No topic matches “green zebra”."_s;
     }));
     EXPECT_EQ(topic(), "Apples");
+    EXPECT_THAT(marked(), IsEmpty());
     field().clear();
     EXPECT_TRUE(list().isVisible());
     EXPECT_EQ(selectedRow(), "Apples");
+}
+
+TEST_F(HelpWindowTest, TheListAndTheTextStayTogether) {
+    field().setText(u"yellow"_s);
+    clickText(u"others"_s);
+    EXPECT_EQ(topic(), "Apples");
+    EXPECT_EQ(selectedRow(), "");
+    click(u"Pears"_s);
+    EXPECT_EQ(topic(), "Pears");
+    click(u"Pears"_s, Qt::ControlModifier);
+    EXPECT_EQ(selectedRow(), "Pears");
+}
+
+TEST_F(HelpWindowTest, NoDocumentOutlivesItsShowing) {
+    const QPointer<QTextDocument> apples = view().document();
+    click(u"Pears"_s);
+    EXPECT_TRUE(apples.isNull());
 }
 
 TEST_F(HelpWindowTest, LinksOpenTopicsAndNothingButTheWebElsewhere) {
@@ -193,6 +209,16 @@ TEST_F(HelpWindowTest, BackAndForwardGoWhereTheReaderWas) {
     click(u"Apples"_s);
     EXPECT_EQ(goTo(Qt::Key_Left), "Long");
     EXPECT_EQ(goTo(Qt::Key_Left), "Pears");
+
+    // Links lead to places within a topic, too.
+    click(u"Long"_s);
+    clickText(u"down"_s);
+    const int deep = view().verticalScrollBar()->value();
+    EXPECT_GT(deep, 1000);
+    EXPECT_EQ(goTo(Qt::Key_Left), "Long");
+    EXPECT_EQ(view().verticalScrollBar()->value(), 0);
+    EXPECT_EQ(goTo(Qt::Key_Right), "Long");
+    EXPECT_EQ(view().verticalScrollBar()->value(), deep);
 }
 
 TEST_F(HelpWindowTest, ArrowsInTheSearchFieldMoveFromTopicToTopic) {
@@ -246,6 +272,14 @@ TEST_F(HelpWindowTest, ANewStyleLeavesReadingAlone) {
     EXPECT_EQ(view().textCursor().selectedText(), selected);
     EXPECT_EQ(window()->grab().toImage().pixelColor(window()->width() - 30, 30),
               QColor(20, 20, 20));
+    for (QWidget* const owner : {static_cast<QWidget*>(&field()), view().viewport()}) {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, owner->mapToGlobal(QPoint()));
+        QApplication::sendEvent(owner, &event);
+        QWidget* const menu = QApplication::activePopupWidget();
+        ASSERT_NE(menu, nullptr);
+        EXPECT_EQ(menu->grab().toImage().pixelColor(menu->width() - 8, 8).lightness() / 8, 20 / 8);
+        menu->close();
+    }
 }
 
 TEST_F(HelpWindowTest, TheMenuKeepsItsWindow) {
