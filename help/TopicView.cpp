@@ -1,6 +1,7 @@
 #include "help/TopicView.h"
 
 #include "help/ContextMenu.h"
+#include "help/TopicPageAccessible.h"
 #include "markdown/MarkdownRenderer.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -24,6 +25,7 @@ constexpr int wheelStep = 120;
 } // namespace
 
 TopicView::TopicView(QWidget* parent) : QTextBrowser(parent) {
+    TopicPageAccessible::install();
     setOpenLinks(false);
     setFrameShape(QFrame::NoFrame);
     setUndoRedoEnabled(false);

@@ -3,6 +3,7 @@
 #include "help/BundleFiles.h"
 #include "help/HelpMenu.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -38,7 +39,11 @@ protected:
         m_files.write(
             "l.md", "# Long\n\n[down](#deep)\n\n" + QByteArray("filler\n\n").repeated(200) +
                         "## Deep\n\nA crème brûlée.\n\n" + QByteArray("filler\n\n").repeated(200));
-        m_files.write("p.md", "# Pears\n\nGreen or yellow, like [others](a.md).\n");
+        m_files.write("p.md",
+                      "# Pears\n\nGreen or yellow, like [others](a.md).\n\n![a pear](p.png)\n");
+        QImage picture(30, 20, QImage::Format_RGB32);
+        picture.fill(Qt::green);
+        EXPECT_TRUE(picture.save(m_files.path() + u"/p.png"_s));
         m_menu.emplace(m_files.bundle(), u"topics"_s, style(250));
         m_menu->showHelp();
         EXPECT_TRUE(QTest::qWaitForWindowActive(window()));
@@ -280,6 +285,40 @@ TEST_F(HelpWindowTest, ANewStyleLeavesReadingAlone) {
         EXPECT_EQ(menu->grab().toImage().pixelColor(menu->width() - 8, 8).lightness() / 8, 20 / 8);
         menu->close();
     }
+}
+
+/// Everything without a name below an object that a reader should name, such as a button.
+QStringList nameless(QAccessibleInterface& object) {
+    QStringList found;
+    for (int i = 0; i < object.childCount(); ++i) {
+        QAccessibleInterface& child = *object.child(i);
+        static const QSet named{QAccessible::Button, QAccessible::EditableText, QAccessible::List,
+                                QAccessible::ListItem, QAccessible::Graphic};
+        if (named.contains(child.role()) && child.text(QAccessible::Name).isEmpty()) {
+            found << QDebug::toString(child.role());
+        }
+        found << nameless(child);
+    }
+    return found;
+}
+
+TEST_F(HelpWindowTest, ReadersMeetAFrameAndNamesForAllThatIsInIt) {
+    const auto accessible = [](QObject& object) {
+        return QAccessible::queryAccessibleInterface(&object);
+    };
+    EXPECT_EQ(accessible(*window())->role(), QAccessible::Window);
+    EXPECT_EQ(nameless(*accessible(*window())).join(u' ').toStdString(), "");
+
+    QAccessibleInterface& page = *accessible(*view().viewport());
+    EXPECT_EQ(page.childCount(), 0);
+    click(u"Pears"_s);
+    ASSERT_EQ(page.childCount(), 1);
+    QAccessibleInterface& picture = *page.child(0);
+    EXPECT_EQ(picture.role(), QAccessible::Graphic);
+    EXPECT_EQ(picture.text(QAccessible::Name), u"a pear"_s);
+    EXPECT_EQ(picture.rect().size(), QSize(30, 20));
+    EXPECT_EQ(page.childAt(picture.rect().center().x(), picture.rect().center().y()), &picture);
+    EXPECT_EQ(page.indexOfChild(&picture), 0);
 }
 
 TEST_F(HelpWindowTest, TheMenuKeepsItsWindow) {
