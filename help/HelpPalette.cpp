@@ -28,6 +28,8 @@ QPalette paletteFor(const HelpStyle& style) {
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(QPalette::Disabled, role, disabled);
     }
+    // Styles draw it below disabled text, slightly moved.
+    palette.setColor(QPalette::Disabled, QPalette::Light, Qt::transparent);
     palette.setColor(QPalette::PlaceholderText, style.secondaryText);
     palette.setColor(QPalette::Highlight, style.accent);
     palette.setColor(QPalette::HighlightedText, Qt::white);
