@@ -19,7 +19,7 @@ namespace quorvantel::markdown {
 /// document's text. A link keeps its address only if that is relative, or http, https or mailto;
 /// following links is up to the caller. Headings are anchors, named like "getting-started".
 ///
-/// No text makes this fail, recurse deeply or run for long: what goes beyond half a megabyte or
+/// No text makes this fail, recurse deeply or run for long: what goes beyond 64 KiB or
 /// some thousands of blocks is left out, with a remark at the end, and what is nested very deeply
 /// is shown less deep.
 ///
