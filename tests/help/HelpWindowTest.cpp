@@ -124,6 +124,7 @@ TEST_F(HelpWindowTest, SearchNarrowsMarksAndScrolls) {
     EXPECT_EQ(topic(), "Long");
     EXPECT_EQ(selectedRow(), "Long");
     EXPECT_THAT(marked(), ElementsAre("crème", "brûl"));
+    EXPECT_EQ(view().extraSelections().first().format.background().color(), QColor(Qt::yellow));
     const QVariant snippet = list().model()->index(0, 0).data(Qt::AccessibleDescriptionRole);
     EXPECT_EQ(snippet.toString().count(u"crème brûlée"_s), 1);
     const QRect place = view().cursorRect(view().extraSelections().first().cursor);
