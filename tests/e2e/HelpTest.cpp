@@ -33,10 +33,8 @@ protected:
 
     void press(const std::vector<xcb_keysym_t>& chord) { session.keyboard().press(chord); }
 
-    void waitForActive(const QByteArray& title) {
-        ASSERT_TRUE(waitUntil([&] { return session.desktop().activeTitle() == title; }))
-            << "in front is \"" << session.desktop().activeTitle().constData()
-            << "\"; the launcher " << (session.isRunning() ? "runs" : "has ended");
+    bool comesToTheFront(const char* title) {
+        return waitUntil([&] { return session.desktop().activeTitle() == title; });
     }
 
     /// An object in the help window; absent while there is none.
@@ -81,9 +79,9 @@ TEST_F(HelpTest, KeysAndClicksLeadThroughTheTopics) {
     session.start();
     session.summon();
     press({XK_Super_L, XK_comma});
-    ASSERT_NO_FATAL_FAILURE(waitForActive("Quorvantel Settings"));
+    ASSERT_TRUE(comesToTheFront("Quorvantel Settings"));
     press({XK_F1});
-    ASSERT_NO_FATAL_FAILURE(waitForActive("Quorvantel Help"));
+    ASSERT_TRUE(comesToTheFront("Quorvantel Help"));
     ASSERT_TRUE(shows(u"First Steps"_s));
     const QStringList everyRow = listedRows();
     EXPECT_EQ(everyRow.size(), 11);

@@ -19,15 +19,20 @@ protected:
         return loadHelpContent(u"topics"_s, m_files.bundle());
     }
 
-    /// What is wrong with a manifest; empty when it loads.
-    QString failure(const QByteArray& manifest) const {
+    /// Why the manifest of a name does not load, which has to be of that kind.
+    QString failure(HelpContentError::Kind kind, const QString& name = u"topics"_s) const {
         try {
-            load(manifest);
+            loadHelpContent(name, m_files.bundle());
             return {};
         } catch (const HelpContentError& error) {
-            EXPECT_EQ(error.kind(), HelpContentError::Kind::manifestUnreadable);
+            EXPECT_EQ(error.kind(), kind);
             return error.description();
         }
+    }
+
+    QString failure(const QByteArray& manifest) const {
+        m_files.write("topics.json", manifest);
+        return failure(HelpContentError::Kind::manifestUnreadable);
     }
 
     QString topicText(const QString& file) const {
@@ -63,13 +68,8 @@ TEST_F(HelpContentTest, TopicsAreGroupedInTheOrderOfTheManifest) {
 }
 
 TEST_F(HelpContentTest, AMissingManifestIsNamed) {
-    try {
-        loadHelpContent(u"nothing"_s, m_files.bundle());
-        FAIL();
-    } catch (const HelpContentError& error) {
-        EXPECT_EQ(error.kind(), HelpContentError::Kind::manifestNotFound);
-        EXPECT_EQ(error.description(), u"Help manifest 'nothing' was not found in the bundle."_s);
-    }
+    EXPECT_EQ(failure(HelpContentError::Kind::manifestNotFound, u"nothing"_s),
+              u"Help manifest 'nothing' was not found in the bundle."_s);
 }
 
 TEST_F(HelpContentTest, AManifestMustHaveWhatItNeedsInTheRightTypes) {
