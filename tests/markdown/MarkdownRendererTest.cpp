@@ -54,7 +54,7 @@ TEST(MarkdownRenderer, HeadingsAreAnchorsNamedAfterTheirText) {
     const auto document =
         rendered("# Getting *Started*, twice!\n\n# Getting started twice\n\n# Ü 2\n");
     const auto anchor = [&](const char* heading) {
-        const QTextBlock block = blockOf(*document, QString::fromUtf8(heading));
+        const QTextBlock block = blockOf(*document, heading);
         return block.begin().fragment().charFormat().anchorNames().join(u' ').toStdString();
     };
     EXPECT_EQ(anchor("Started"), "getting-started-twice");
@@ -65,9 +65,7 @@ TEST(MarkdownRenderer, HeadingsAreAnchorsNamedAfterTheirText) {
 TEST(MarkdownRenderer, InlineStylesCombine) {
     const auto document =
         rendered("plain *slanted **both*** **fat** ~~gone~~ `a*b*` [*link*](x.md) <b>raw</b>");
-    const auto format = [&](const char* text) {
-        return formatOf(*document, QString::fromUtf8(text)).value();
-    };
+    const auto format = [&](const char* text) { return formatOf(*document, text).value(); };
     const auto font = [&](const char* text) { return format(text).font(); };
     EXPECT_FALSE(font("plain").italic() || font("plain").bold());
     EXPECT_TRUE(font("slanted").italic() && !font("slanted").bold());
@@ -87,12 +85,8 @@ TEST(MarkdownRenderer, BlocksHaveTheirStyle) {
         rendered("# H1\n## H2\n### H3\n#### H4\n##### H5\n###### H6\n\n- tight\n- last\n\n***\n\n"
                  "7. numbered\n\n- loose\n\n  ```\n  code\n  ```\n\n> quoted\n\n"
                  "| header |\n|--|\n| cell |\n");
-    const auto block = [&](const char* text) {
-        return blockOf(*document, QString::fromUtf8(text));
-    };
-    const auto format = [&](const char* text) {
-        return formatOf(*document, QString::fromUtf8(text)).value();
-    };
+    const auto block = [&](const char* text) { return blockOf(*document, text); };
+    const auto format = [&](const char* text) { return formatOf(*document, text).value(); };
     const auto cell = [&](const char* text) {
         const QTextCursor cursor(block(text));
         return cursor.currentTable()->cellAt(cursor).format().toTableCellFormat();
@@ -125,7 +119,7 @@ TEST(MarkdownRenderer, LinksOfAllKinds) {
     const auto document = rendered("[inline](a.md#b \"t\") <mailto:me@example.org> www.example.org "
                                    "https://example.org/x. [full][ref] [ref]\n\n[ref]: r.md\n");
     const auto address = [&](const char* text) {
-        return formatOf(*document, QString::fromUtf8(text))->anchorHref().toStdString();
+        return formatOf(*document, text)->anchorHref().toStdString();
     };
     EXPECT_EQ(address("inline"), "a.md#b");
     EXPECT_EQ(address("mailto:me"), "mailto:me@example.org");

@@ -23,7 +23,7 @@ QByteArray repeated(const char* part, int times) {
 TEST(MarkdownSafety, OnlyHarmlessAddressesStayLinks) {
     const auto isLink = [](const char* address) {
         const auto document = rendered(QByteArray("[go](") + address + ")");
-        return formatOf(*document, u"go"_s)->isAnchor();
+        return formatOf(*document, "go")->isAnchor();
     };
     for (const char* const address :
          {"javascript:alert(1)", "JaVaScRiPt:alert(1)", "file:///etc/passwd", "data:text/html,x",
@@ -77,7 +77,7 @@ TEST(MarkdownSafety, TablesThatWouldExplodeAreNoTables) {
         EXPECT_LT(rendered(text)->characterCount(), 70'000);
     }
     const auto ordinary = rendered("|a|b|c|\n|-|-|-|\n" + repeated("|1|2|3|\n", 300));
-    const auto* const table = QTextCursor(blockOf(*ordinary, u"a"_s)).currentTable();
+    const auto* const table = QTextCursor(blockOf(*ordinary, "a")).currentTable();
     ASSERT_NE(table, nullptr);
     EXPECT_EQ(table->rows(), 301);
 }
@@ -85,8 +85,8 @@ TEST(MarkdownSafety, TablesThatWouldExplodeAreNoTables) {
 TEST(MarkdownSafety, OrdinaryLongLinesAndRulesPassUnchanged) {
     const auto document = rendered(repeated("word ", 1500) + "end\n\n" + repeated("-", 300) +
                                    "\n\nTitle\n" + repeated("-", 300) + "\n");
-    EXPECT_EQ(blockOf(*document, u"end"_s).text().size(), 1500 * 5 + 3);
-    EXPECT_EQ(blockOf(*document, u"Title"_s).blockFormat().headingLevel(), 2);
+    EXPECT_EQ(blockOf(*document, "end").text().size(), 1500 * 5 + 3);
+    EXPECT_EQ(blockOf(*document, "Title").blockFormat().headingLevel(), 2);
     EXPECT_FALSE(document->toPlainText().contains(u'-'));
 }
 

@@ -104,20 +104,21 @@ std::unique_ptr<QTextDocument> rendered(const QByteArray& text, const QUrl& base
     return markdown::renderMarkdown(text, baseUrl, lightStyle());
 }
 
-std::optional<QTextCharFormat> formatOf(const QTextDocument& document, const QString& text) {
+std::optional<QTextCharFormat> formatOf(const QTextDocument& document, const char* text) {
     const QTextBlock block = blockOf(document, text);
     if (!block.isValid()) {
         return std::nullopt;
     }
+    const QString part = QString::fromUtf8(text);
     QTextCursor cursor(block);
     cursor.setPosition(block.position() +
-                       static_cast<int>(block.text().indexOf(text) + text.size()));
+                       static_cast<int>(block.text().indexOf(part) + part.size()));
     return cursor.charFormat();
 }
 
-QTextBlock blockOf(const QTextDocument& document, const QString& text) {
+QTextBlock blockOf(const QTextDocument& document, const char* text) {
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        if (block.text().contains(text)) {
+        if (block.text().contains(QString::fromUtf8(text))) {
             return block;
         }
     }

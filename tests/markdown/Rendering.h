@@ -22,10 +22,10 @@ markdown::MarkdownStyle darkStyle();
 std::unique_ptr<QTextDocument> rendered(const QByteArray& text, const QUrl& baseUrl = {});
 
 /// The format of the last character of the text where it first occurs; absent when it does not.
-std::optional<QTextCharFormat> formatOf(const QTextDocument& document, const QString& text);
+std::optional<QTextCharFormat> formatOf(const QTextDocument& document, const char* text);
 
 /// The block that has the text in it; invalid when none has.
-QTextBlock blockOf(const QTextDocument& document, const QString& text);
+QTextBlock blockOf(const QTextDocument& document, const char* text);
 
 /// What a document shows, a line for each block with text: ">" for each quotation around it, "|"
 /// and the alignment for a table's cell, "`" for code, then its indentation in levels of two
