@@ -22,6 +22,14 @@ bool contains(const QRectF& rectangle, QPointF point) {
            point.y() >= rectangle.top() && point.y() < rectangle.bottom();
 }
 
+/// Whether a panel with this top-left corner hangs inside a rectangle, if only by a point. A corner
+/// on the line between two screens, one above the other, is therefore on the lower one, and one at
+/// the very top of a screen is on that screen.
+bool holdsCorner(const QRectF& rectangle, QPointF corner) {
+    return corner.x() >= rectangle.left() && corner.x() < rectangle.right() &&
+           corner.y() > rectangle.top() && corner.y() <= rectangle.bottom();
+}
+
 QPointF topLeft(const QRectF& frame) {
     return {frame.left(), frame.bottom()};
 }
@@ -36,6 +44,15 @@ std::optional<platform::Screen> screenAt(QPointF point,
     return found == screens.end() ? std::nullopt : std::optional(*found);
 }
 
+/// The visible frame that the panel's top-left corner is in, or else the given one.
+QRectF visibleFrameAt(QPointF corner, const std::vector<platform::Screen>& screens,
+                      const QRectF& otherwise) {
+    const auto found = std::ranges::find_if(screens, [corner](const platform::Screen& screen) {
+        return holdsCorner(screen.visibleFrame, corner);
+    });
+    return found == screens.end() ? otherwise : found->visibleFrame;
+}
+
 } // namespace
 
 QRectF PanelPlacement::show(const std::vector<platform::Screen>& screens,
@@ -43,13 +60,7 @@ QRectF PanelPlacement::show(const std::vector<platform::Screen>& screens,
     m_anchorVisibleFrame = target.visibleFrame;
     if (m_sessionDraggedTopLeft) {
         m_anchorTopLeft = *m_sessionDraggedTopLeft;
-        const auto screen =
-            std::ranges::find_if(screens, [this](const platform::Screen& candidate) {
-                return contains(candidate.visibleFrame, m_anchorTopLeft);
-            });
-        if (screen != screens.end()) {
-            m_anchorVisibleFrame = screen->visibleFrame;
-        }
+        m_anchorVisibleFrame = visibleFrameAt(m_anchorTopLeft, screens, target.visibleFrame);
     } else {
         const QRectF& visible = target.visibleFrame;
         m_anchorTopLeft = QPointF(visible.center().x() - width / 2,
@@ -70,12 +81,7 @@ void PanelPlacement::moved(const QRectF& frame, const std::vector<platform::Scre
     }
     m_anchorTopLeft = topLeft(frame);
     m_sessionDraggedTopLeft = m_anchorTopLeft;
-    for (const platform::Screen& screen : screens) {
-        if (contains(screen.visibleFrame, m_anchorTopLeft)) {
-            m_anchorVisibleFrame = screen.visibleFrame;
-            break;
-        }
-    }
+    m_anchorVisibleFrame = visibleFrameAt(m_anchorTopLeft, screens, m_anchorVisibleFrame);
     m_lastPlacedOrigin = origin(frame);
 }
 

@@ -46,6 +46,22 @@ TEST(PanelPlacementTest, TellsTheUsersDragsFromItsOwnMoves) {
     // A drag that leaves the left screen's frame is clamped into the screen that it ends on.
     placement.moved({3300, 300, 640, 56}, both);
     EXPECT_EQ(placement.resize(56, laptop), QRectF(2720, 300, 640, 56));
+    // Away and back to where it was placed is a drag, too.
+    placement.moved({500, 300, 640, 56}, both);
+    placement.moved({2720, 300, 640, 56}, both);
+    EXPECT_EQ(placement.sessionDraggedTopLeft(), QPointF(2720, 356));
+}
+
+TEST(PanelPlacementTest, HangsBelowTheLineThatItsUpperEdgeIsOn) {
+    const Screen above{{0, 900, 1440, 900}, {0, 900, 1440, 900}};
+    const std::vector<Screen> screens{above, laptop, external};
+    PanelPlacement placement;
+    placement.show(screens, laptop);
+    for (const QPointF corner : {QPointF(1500, 1040), QPointF(100, 900), QPointF(100, 1800)}) {
+        placement.moved({corner.x(), corner.y() - 56, 640, 56}, screens);
+        EXPECT_EQ(placement.show(screens, laptop),
+                  QRectF(corner - QPointF(0, 56), QSizeF(640, 56)));
+    }
 }
 
 TEST(PanelPlacementTest, ADraggedPlaceOnAScreenThatIsGoneIsClampedIntoTheMousesScreen) {
