@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <stdexcept>
 
 namespace quorvantel::platform {
@@ -114,6 +115,21 @@ TEST_F(IconThemeImageLoaderTest, AnOblongImageIsCentred) {
         EXPECT_TRUE(isFilled(fromTheme.copy(0, quarter, fromTheme.width(), 2 * quarter), Qt::red));
         const QPixmap fromFile = loader.load(Image::file(file), iconSize, scale);
         EXPECT_EQ(fromFile.toImage().convertToFormat(QImage::Format_ARGB32), fromTheme);
+    }
+}
+
+TEST_F(IconThemeImageLoaderTest, SmallerImagesHaveShadesThatThePaletteOfTheFileLacks) {
+    QImage checks(4 * iconSize, 4 * iconSize, QImage::Format_Mono);
+    for (int y = 0; y < checks.height(); ++y) {
+        std::memset(checks.scanLine(y), y % 2 == 0 ? 0x55 : 0xAA, checks.width() / 8);
+    }
+    for (const auto format : {QImage::Format_Mono, QImage::Format_Indexed8,
+                              QImage::Format_Grayscale16, QImage::Format_RGBA64}) {
+        const QString file = path(QStringLiteral("checks.png"));
+        checks.convertToFormat(format).save(file);
+        const QImage image = loader.load(Image::file(file), iconSize, 1).toImage();
+        EXPECT_NEAR(qGray(image.pixel(13, 13)), 127, 2) << format;
+        EXPECT_TRUE(isFilled(image.convertToFormat(QImage::Format_ARGB32), image.pixel(13, 13)));
     }
 }
 

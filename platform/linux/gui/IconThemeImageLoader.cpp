@@ -31,8 +31,10 @@ QPixmap fitted(const QImage& image, int pixels, qreal scale) {
     if (image.isNull()) {
         return {};
     }
+    // An image with a palette would be forced back into it, which lacks the shades in between.
     QImage content =
-        image.scaled(QSize(pixels, pixels), Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        image.convertToFormat(QImage::Format_ARGB32_Premultiplied)
+            .scaled(QSize(pixels, pixels), Qt::KeepAspectRatio, Qt::SmoothTransformation);
     content.setDevicePixelRatio(1);
     QImage canvas(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
     canvas.fill(Qt::transparent);
