@@ -3,6 +3,7 @@
 #include "drawing/ContinuousCorners.h"
 #include "drawing/PixelGrid.h"
 #include "panel/LauncherLayout.h"
+#include "settings/Contrast.h"
 #include "settings/InterfaceFont.h"
 
 #include <QPainter>
@@ -116,11 +117,17 @@ void ResultRowView::clipToPanel(QPainter& painter) const {
         LauncherLayout::cornerRadius - border));
 }
 
+ThemeColor ResultRowView::highlight() const {
+    if (m_isSelected) {
+        return m_theme.theme().selectionFill;
+    }
+    return m_isHovered ? m_theme.theme().hoverFill : ThemeColor();
+}
+
 void ResultRowView::drawHighlight(QPainter& painter) const {
     const ResolvedTheme& theme = m_theme.theme();
     if (m_isSelected || m_isHovered) {
-        const ThemeColor fill = m_isSelected ? theme.selectionFill : theme.hoverFill;
-        fillContinuousRoundedRect(painter, rect(), highlightRadius, fill.toQColor());
+        fillContinuousRoundedRect(painter, rect(), highlightRadius, highlight().toQColor());
     }
     if (m_isTopPick) {
         strokeContinuousRoundedRect(painter, rect(), highlightRadius,
@@ -152,8 +159,9 @@ void ResultRowView::drawIcon(QPainter& painter, const QRect& frame) const {
 void ResultRowView::drawGlyphTile(QPainter& painter, const QRect& frame,
                                   const platform::Image& glyph) const {
     const ResolvedTheme& theme = m_theme.theme();
-    // On the selection the elevated background would all but vanish.
-    const ThemeColor fill = m_isSelected ? theme.primaryBackground : theme.elevatedBackground;
+    // On some highlights the elevated background would all but vanish.
+    const ThemeColor fill = mostLegible({theme.elevatedBackground, theme.primaryBackground},
+                                        over(highlight(), theme.primaryBackground));
     fillContinuousRoundedRect(painter, frame, iconRadius, fill.toQColor());
     QRectF glyphFrame(0, 0, glyphSize, glyphSize);
     glyphFrame.moveCenter(QRectF(frame).center());

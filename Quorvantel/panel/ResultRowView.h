@@ -44,6 +44,7 @@ private:
     /// A row that is scrolled across the lower edge of the panel ends inside the panel's border and
     /// rounded corners. The list around it reaches down to that edge.
     void clipToPanel(QPainter& painter) const;
+    ThemeColor highlight() const;
     void drawHighlight(QPainter& painter) const;
     void drawIcon(QPainter& painter, const QRect& frame) const;
     void drawGlyphTile(QPainter& painter, const QRect& frame, const platform::Image& glyph) const;

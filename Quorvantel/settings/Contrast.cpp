@@ -22,6 +22,14 @@ double contrastRatio(const ThemeColor& one, const ThemeColor& other) {
     return (lighter + 0.05) / (darker + 0.05);
 }
 
+ThemeColor over(const ThemeColor& color, const ThemeColor& background) {
+    const auto mix = [&color](double below, double above) {
+        return std::lerp(below, above, color.opacity);
+    };
+    return {mix(background.red, color.red), mix(background.green, color.green),
+            mix(background.blue, color.blue), 1};
+}
+
 ThemeColor mostLegible(std::initializer_list<ThemeColor> colors, const ThemeColor& background) {
     return std::ranges::max(colors, {}, [&background](const ThemeColor& color) {
         return contrastRatio(color, background);

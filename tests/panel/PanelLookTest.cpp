@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QMenu>
-#include <QPainter>
 #include <QScreen>
 #include <QTest>
 #include <QWheelEvent>
@@ -18,13 +17,6 @@ using testing::LauncherViewFixture;
 
 /// A column of the panel right of all text.
 constexpr int freeColumn = 560;
-
-QColor over(const ThemeColor& background, const ThemeColor& fill) {
-    QImage image(1, 1, QImage::Format_ARGB32_Premultiplied);
-    image.fill(background.toQColor());
-    QPainter(&image).fillRect(0, 0, 1, 1, fill.toQColor());
-    return image.pixelColor(0, 0);
-}
 
 double contrast(const QColor& one, const QColor& other) {
     const auto opaque = [](const QColor& color) {
@@ -127,9 +119,9 @@ TEST_F(PanelLookTest, TheSettingsButtonTakesTheHighlightsOfTheThemeAndStaysVisib
         const ThemeColor background = theme().primaryBackground;
         expectFill(background.toQColor());
         button.setAttribute(Qt::WA_UnderMouse);
-        expectFill(over(background, theme().hoverFill));
+        expectFill(testing::painted(background, theme().hoverFill));
         button.setDown(true);
-        expectFill(over(background, theme().selectionFill));
+        expectFill(testing::painted(background, theme().selectionFill));
         button.setDown(false);
         button.setAttribute(Qt::WA_UnderMouse, false);
     }

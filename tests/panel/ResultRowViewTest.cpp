@@ -1,8 +1,8 @@
 #include "panel/ResultRowView.h"
 
+#include "settings/Contrast.h"
 #include "support/FakeLook.h"
 
-#include <QPainter>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -35,13 +35,7 @@ protected:
         return image.pixelColor(point);
     }
 
-    static QColor over(const QColor& background, const ThemeColor& fill) {
-        QImage image(1, 1, QImage::Format_ARGB32_Premultiplied);
-        image.fill(background);
-        QPainter(&image).fillRect(0, 0, 1, 1, fill.toQColor());
-        return image.pixelColor(0, 0);
-    }
-
+    static constexpr QPoint beyondTheText{600, 24};
     FakeLook look;
     ResultRowView row{look.theme, look.icons};
 };
@@ -56,22 +50,43 @@ TEST_F(ResultRowViewTest, ShowsAnIconAsItIsAndATemplateAsATintedTile) {
     EXPECT_EQ(iconColor().rgb(), accent.rgb());
     setTarget({});
     EXPECT_EQ(iconColor().rgb(), accent.rgb());
-    // The tile around the glyph.
-    EXPECT_EQ(colorAt({12 + 14, 24 - 12}).rgb(),
-              look.theme.theme().elevatedBackground.toQColor().rgb());
+}
+
+TEST_F(ResultRowViewTest, TheTileAroundAGlyphStandsOutFromEveryRow) {
+    setTarget({});
+    const auto themeColor = [](const QColor& color) {
+        return ThemeColor::bytes(color.red(), color.green(), color.blue(), 1);
+    };
+    for (const auto appearance :
+         {ThemeManager::Appearance::Light, ThemeManager::Appearance::Dark}) {
+        look.manager.setAppearance(appearance);
+        for (const ThemePreset preset : {ThemePreset::Graphite, ThemePreset::Teal, ThemePreset::Ink,
+                                         ThemePreset::Paper, ThemePreset::Glass}) {
+            look.manager.setPreset(preset);
+            for (const auto& [isSelected, isHovered] :
+                 {std::pair(false, false), std::pair(false, true), std::pair(true, false)}) {
+                row.setSelected(isSelected);
+                row.setHovered(isHovered);
+                const QColor tile = colorAt({12 + 14, 24 - 12});
+                EXPECT_GE(contrastRatio(themeColor(tile), themeColor(colorAt(beyondTheText))), 1.08)
+                    << static_cast<int>(preset) << isSelected << isHovered;
+            }
+        }
+    }
 }
 
 TEST_F(ResultRowViewTest, SelectionGoesBeforeHover) {
-    const QPoint beyondTheText(600, 24);
     look.manager.setAppearance(ThemeManager::Appearance::Dark);
     const ResolvedTheme& theme = look.theme.theme();
-    const QColor background = theme.primaryBackground.toQColor();
+    const auto on = [&theme](const ThemeColor& fill) {
+        return testing::painted(theme.primaryBackground, fill);
+    };
     setTarget({});
-    EXPECT_EQ(colorAt(beyondTheText), background);
+    EXPECT_EQ(colorAt(beyondTheText), on({}));
     row.setHovered(true);
-    EXPECT_EQ(colorAt(beyondTheText), over(background, theme.hoverFill));
+    EXPECT_EQ(colorAt(beyondTheText), on(theme.hoverFill));
     row.setSelected(true);
-    EXPECT_EQ(colorAt(beyondTheText), over(background, theme.selectionFill));
+    EXPECT_EQ(colorAt(beyondTheText), on(theme.selectionFill));
 
     // Another target in the same row is not hovered any more.
     row.setSelected(false);

@@ -6,6 +6,9 @@
 #include "settings/ThemedRoot.h"
 #include "support/MemoryDefaults.h"
 
+#include <QImage>
+#include <QPainter>
+
 namespace quorvantel::testing {
 
 /// A desktop whose scheme the test chooses.
@@ -34,6 +37,14 @@ public:
 
     int loads = 0;
 };
+
+/// What a fill looks like that is painted on an opaque background.
+inline QColor painted(const ThemeColor& background, const ThemeColor& fill) {
+    QImage image(1, 1, QImage::Format_ARGB32_Premultiplied);
+    image.fill(background.toQColor());
+    QPainter(&image).fillRect(0, 0, 1, 1, fill.toQColor());
+    return image.pixelColor(0, 0);
+}
 
 /// All that a view needs in order to draw.
 struct FakeLook {
