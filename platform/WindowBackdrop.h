@@ -19,10 +19,11 @@ public:
     /// Whether translucent parts of a window show what is behind it; without, they show nothing.
     virtual bool isComposited() const = 0;
 
-    /// Whether the desktop puts a shadow around every window itself, as its user set it up.
+    /// Whether the desktop itself puts a shadow around the shape of every window, as far as its user
+    /// wants one.
     virtual bool castsShadows() const = 0;
 
-    /// Whether the desktop can blur what is behind a window.
+    /// Whether the desktop blurs what is behind a window when it is asked to.
     virtual bool offersBlur() const = 0;
 
     /// Has the desktop blur what is behind a part of the window, in points from its top-left

@@ -112,8 +112,10 @@ void LauncherPanel::fitBackdrop() {
 }
 
 void LauncherPanel::fitMask() {
-    // Without a compositor the transparent corners would be black.
-    setMask(m_backdrop.isComposited() ? QRegion() : outline(m_frame.size()));
+    // Without a compositor the transparent corners would be black, and a shadow that the desktop
+    // casts is left out below the whole window, those corners included.
+    const bool isCut = !m_backdrop.isComposited() || m_backdrop.castsShadows();
+    setMask(isCut ? outline(m_frame.size()) : QRegion());
 }
 
 void LauncherPanel::fitBlur() {

@@ -1,4 +1,5 @@
 #include "e2e/LauncherSession.h"
+#include "support/ChildProcess.h"
 #include "support/CompositingManager.h"
 #include "support/WaitUntil.h"
 
@@ -11,6 +12,7 @@ namespace quorvantel {
 namespace {
 
 using namespace ::quorvantel::testing;
+using namespace Qt::StringLiterals;
 
 class BackdropTest : public ::testing::Test {
 protected:
@@ -55,6 +57,21 @@ TEST_F(BackdropTest, TheShownPanelFollowsTheCompositingManager) {
     manager.emplace(session.display());
     session.summon();
     EXPECT_TRUE(showsShadow());
+}
+
+TEST_F(BackdropTest, AShadowOfTheDesktopFollowsTheRoundedCorners) {
+    ChildProcess::Launch launch{
+        .program = u"picom"_s,
+        .arguments = {u"--backend"_s, u"xrender"_s, u"--config"_s, u"/dev/null"_s, u"-c"_s}};
+    launch.environment.insert(u"DISPLAY"_s, QString::fromLatin1(session.display()));
+    const ChildProcess picom(launch);
+    session.start();
+    session.summon();
+    const auto lightness = [this](QPoint point) {
+        return qGray(session.desktop().screenshot(QRect(point, QSize(1, 1))).pixel(0, 0));
+    };
+    const QPoint corner = session.panel()->bottomLeft();
+    EXPECT_TRUE(waitUntil([&] { return lightness(corner) < lightness({0, 0}) - 8; }));
 }
 
 } // namespace

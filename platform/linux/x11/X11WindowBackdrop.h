@@ -15,7 +15,8 @@ namespace quorvantel::platform {
 
 /// Speaks to compositing managers: KWin blurs on request and says so on the root window; picom
 /// blurs and shadows every window by its user's rules, a shadow that is a window included, so that
-/// the launcher must not bring one there.
+/// the launcher must not bring one there. Nor does picom say what the rules are, so that nothing
+/// may rely on its blur.
 ///
 /// The X server reports who becomes the compositing manager and what the root window says, so it is
 /// asked only once at the start and about each new manager.
@@ -28,9 +29,7 @@ public:
 
     bool isComposited() const override { return m_state.isComposited; }
     bool castsShadows() const override { return m_state.isComposited && m_state.isPicom; }
-    bool offersBlur() const override {
-        return m_state.isComposited && (m_state.isPicom || m_state.blursOnRequest);
-    }
+    bool offersBlur() const override { return m_state.isComposited && m_state.blursOnRequest; }
     void setBlurBehind(QWindow& window, const QRegion& region) override;
 
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
