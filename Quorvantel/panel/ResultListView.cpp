@@ -27,9 +27,11 @@ ResultListView::ResultListView(const ThemedRoot& theme, IconCache& icons, QWidge
     : QWidget(parent), m_theme(theme), m_icons(icons) {
     setMouseTracking(true);
     m_scrolling.setDuration(static_cast<int>(std::chrono::milliseconds(scrollDuration).count()));
-    m_scrolling.setEasingCurve(QEasingCurve::InOutQuad);
-    connect(&m_scrolling, &QVariantAnimation::valueChanged, this,
-            [this](const QVariant& value) { scrollTo(value.toInt()); });
+    m_scrolling.setStartValue(0.0);
+    m_scrolling.setEndValue(1.0);
+    connect(&m_scrolling, &QVariantAnimation::valueChanged, this, [this](const QVariant& progress) {
+        scrollTo(qRound(m_motion.positionAt(progress.toDouble())));
+    });
     // The rows of a full list exist before the first keystroke asks for them.
     for (std::size_t slot = 0; slot <= maximumVisibleRows; ++slot) {
         rowView(slot).hide();
@@ -41,6 +43,7 @@ void ResultListView::setResults(const std::vector<LaunchTarget>& results) {
     m_scrolling.stop();
     m_scrollOffset = 0;
     m_hoveredRow = -1;
+    m_enteredRow = -1;
     m_pressedRow = -1;
     bindRows();
     Q_EMIT resultsChanged();
@@ -64,9 +67,16 @@ void ResultListView::scrollToCentre(int row) {
         return;
     }
     const int centred = rowTop(row) + rowHeight / 2 - height() / 2;
+    double velocity = 0;
+    if (m_scrolling.state() == QAbstractAnimation::Running) {
+        velocity = m_motion.velocityAt(m_scrolling.currentValue().toDouble());
+        // At a fast repetition of the key the list lags behind by more than it shows.
+        scrollTo(nearestOffsetThatShows(row));
+    }
     m_scrolling.stop();
-    m_scrolling.setStartValue(m_scrollOffset);
-    m_scrolling.setEndValue(std::clamp(centred, 0, maximumOffset()));
+    m_motion = {.from = static_cast<double>(m_scrollOffset),
+                .to = static_cast<double>(std::clamp(centred, 0, maximumOffset())),
+                .velocity = velocity};
     m_scrolling.start();
 }
 
@@ -84,19 +94,25 @@ QRect ResultListView::rowRect(int row) const {
 
 void ResultListView::leaveEvent(QEvent* /*event*/) {
     m_pointer.reset();
+    m_enteredRow = -1;
     setHoveredRow(-1);
 }
 
 void ResultListView::mouseMoveEvent(QMouseEvent* event) {
+    if (event->buttons() != Qt::NoButton && m_pressedRow < 0) {
+        // The panel is being dragged.
+        event->ignore();
+        return;
+    }
     pointAt(event->position().toPoint());
 }
 
 void ResultListView::pointAt(const QPoint& point) {
     m_pointer = point;
     const int row = rowAt(point);
-    const bool hasEntered = row != m_hoveredRow && row >= 0;
     setHoveredRow(row);
-    if (hasEntered) {
+    const bool hasEntered = std::exchange(m_enteredRow, row) != row;
+    if (hasEntered && row >= 0) {
         Q_EMIT rowEntered(row);
     }
 }
@@ -147,9 +163,18 @@ int ResultListView::maximumOffset() const {
 void ResultListView::scrollTo(int offset) {
     m_scrollOffset = std::clamp(offset, 0, maximumOffset());
     if (m_pointer) {
-        m_hoveredRow = rowAt(*m_pointer);
+        const int row = rowAt(*m_pointer);
+        if (std::exchange(m_hoveredRow, row) != row) {
+            m_enteredRow = -1;
+        }
     }
     bindRows();
+}
+
+int ResultListView::nearestOffsetThatShows(int row) const {
+    const int top = rowTop(row) - listPadding;
+    const int bottom = rowTop(row) + rowHeight + listPadding;
+    return std::min(std::max(m_scrollOffset, bottom - height()), top);
 }
 
 void ResultListView::setHoveredRow(int row) {

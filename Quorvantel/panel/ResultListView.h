@@ -3,6 +3,7 @@
 #include "catalogue/LaunchTarget.h"
 #include "drawing/IconCache.h"
 #include "panel/ResultRowView.h"
+#include "panel/ScrollMotion.h"
 #include "settings/ThemedRoot.h"
 
 #include <QVariantAnimation>
@@ -35,7 +36,8 @@ public:
     void setSelectedIndex(int index);
     int selectedIndex() const { return m_selectedIndex; }
 
-    /// Scrolls, in a tenth of a second, until the row is in the middle or the list ends.
+    /// Scrolls, in a tenth of a second, until the row is in the middle or the list ends. While it
+    /// still scrolls for another row, as when a key repeats itself, the row is in sight at once.
     void scrollToCentre(int row);
 
     /// How far the content is scrolled, in points.
@@ -51,7 +53,8 @@ Q_SIGNALS:
     void resultsChanged();
     /// Another row is selected, or what is selected may be another result.
     void selectionChanged();
-    /// The mouse moved onto another row.
+    /// The mouse moved onto another row, or moved for the first time since the list was scrolled
+    /// and another row came under it.
     void rowEntered(int row);
     /// The user opens the row, by a click or through assistive technology.
     void rowClicked(int row);
@@ -67,6 +70,7 @@ protected:
 private:
     int maximumOffset() const;
     void scrollTo(int offset);
+    int nearestOffsetThatShows(int row) const;
     void pointAt(const QPoint& point);
     void setHoveredRow(int row);
     void bindRows();
@@ -78,14 +82,19 @@ private:
     /// Row views in the order in which they are needed; more than are in sight are hidden.
     std::vector<ResultRowView*> m_rowViews;
     int m_selectedIndex = 0;
+    /// The row under the pointer.
     int m_hoveredRow = -1;
+    /// The row that the mouse moved onto; -1 once another was scrolled under it.
+    int m_enteredRow = -1;
     int m_pressedRow = -1;
     int m_scrollOffset = 0;
     /// Where the pointer is inside this widget; absent while it is elsewhere.
     std::optional<QPoint> m_pointer;
     /// What the wheel was turned without coming to a whole point yet, in points times units.
     int m_wheelRemainder = 0;
-    QVariantAnimation m_scrolling;
+    /// Runs from 0 to 1 while the list scrolls, as `m_motion` says.
+    QVariantAnimation m_scrolling{this};
+    ScrollMotion m_motion;
 };
 
 } // namespace quorvantel

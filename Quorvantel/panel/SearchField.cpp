@@ -5,12 +5,37 @@
 
 #include <QAction>
 #include <QContextMenuEvent>
+#include <QRegularExpression>
+#include <QValidator>
+
+#include <algorithm>
 
 namespace quorvantel {
 
 namespace {
 
 constexpr int fontSize = 18;
+
+/// The text as one line with plain spaces, which is how it looks: a run of line breaks, tabs and
+/// the special spaces of Unicode is a single space, with the plain spaces around it.
+QString onOneLine(QString text) {
+    static const QRegularExpression separators(QStringLiteral("(?<! ) *+[\\p{Z}\\p{Cc}]++"));
+    return text.replace(separators, QStringLiteral(" "));
+}
+
+/// Accepts every text, but on one line. However a text comes into a field, by a key, the clipboard,
+/// a drop or an input method, the field asks its validator before it tells anybody.
+class LineJoiner : public QValidator {
+public:
+    using QValidator::QValidator;
+
+    State validate(QString& input, int& cursor) const override {
+        const QString before = onOneLine(input.first(cursor));
+        input = onOneLine(input);
+        cursor = static_cast<int>(std::min(before.size(), input.size()));
+        return Acceptable;
+    }
+};
 
 /// The colours of a menu, which stands out from the panel.
 QPalette menuPalette(const ResolvedTheme& theme) {
@@ -27,6 +52,7 @@ QPalette menuPalette(const ResolvedTheme& theme) {
 SearchField::SearchField(const ThemedRoot& theme, QWidget* parent)
     : QLineEdit(parent), m_theme(theme) {
     setFrame(false);
+    setValidator(new LineJoiner(this));
     setFont(interfaceFont(fontSize));
     setPlaceholderText(QStringLiteral("Search apps and settings…"));
     setAccessibleName(placeholderText());

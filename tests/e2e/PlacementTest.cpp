@@ -26,9 +26,9 @@ protected:
         ASSERT_TRUE(session.waitForDismissal());
     }
 
-    /// Drags the panel by its search symbol, in two steps as a hand would.
-    void drag(QPoint distance) {
-        const QPoint grip = session.panel()->topLeft() + QPoint(30, 28);
+    /// Drags the panel by its search symbol or another place, in two steps as a hand would.
+    void drag(QPoint distance, QPoint place = {30, 28}) {
+        const QPoint grip = session.panel()->topLeft() + place;
         session.pointer().moveTo(grip);
         session.pointer().hold();
         session.pointer().moveTo(grip + distance / 2);
@@ -64,10 +64,12 @@ TEST_F(PlacementTest, StaysWhereItWasDraggedUntilThatScreenIsGone) {
     session.pointer().moveTo({100, 100});
     session.summon();
     ASSERT_TRUE(waitForPanel({0, 140, 640, 56}));
-    drag({640, 200});
-    EXPECT_TRUE(waitForPanel({640, 340, 640, 56}));
+    drag({640, 140});
+    EXPECT_TRUE(waitForPanel({640, 280, 640, 56}));
     session.search("zinc", 1);
-    EXPECT_TRUE(waitForPanel({640, 340, 640, 117}));
+    EXPECT_TRUE(waitForPanel({640, 280, 640, 117}));
+    drag({0, 60}, {320, 114});
+    EXPECT_TRUE(waitForPanel({640, 340, 640, 117})) << "by the padding below the row";
     dismiss();
 
     session.pointer().moveTo({100, 100});

@@ -1,10 +1,13 @@
 #include "panel/LauncherViewFixture.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QContextMenuEvent>
+#include <QInputMethodEvent>
 #include <QMenu>
 #include <QPointer>
 #include <QTest>
+#include <QVariantAnimation>
 #include <QWheelEvent>
 
 namespace quorvantel {
@@ -26,10 +29,11 @@ protected:
 
     void type(const QString& text) { QTest::keyClicks(&field, text); }
 
-    /// A mouse movement as the window system reports it, to the middle of the given visible row.
+    /// A mouse movement as the window system reports it, to the upper part of the given visible
+    /// row.
     void moveMouseToRow(int visibleRow, QPointF location) {
         screens.mouse = location;
-        QTest::mouseMove(&list, {200, 6 + visibleRow * 50 + 24});
+        QTest::mouseMove(&list, {qRound(200 + location.y()), 6 + visibleRow * 50 + 10});
     }
 
     /// The names of the rows in sight, from the top, the selected one marked.
@@ -98,6 +102,39 @@ TEST_F(LauncherViewTest, TheListFollowsTheKeyboardAndKeepsTheRowInTheMiddle) {
     EXPECT_EQ(list.scrollOffset(), centred);
 }
 
+TEST_F(LauncherViewTest, TheSelectedRowStaysInSightHoweverFastTheKeyRepeatsItself) {
+    setNumberedApps(80);
+    type(u"app"_s);
+    auto& scrolling = *list.findChild<QVariantAnimation*>();
+    const auto isSelectedRowInSight = [this] {
+        return list.rect().contains(list.rowRect(list.selectedIndex()));
+    };
+    for (const int presses : {30, 40, 60}) {
+        for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up}) {
+            for (int time = 0; time <= 3000; time += 1000 / presses) {
+                press(key);
+                EXPECT_TRUE(isSelectedRowInSight()) << presses << " a second, " << time << " ms";
+                scrolling.setCurrentTime(scrolling.currentTime() + 1000 / presses);
+            }
+            scrolling.setCurrentTime(100);
+            EXPECT_TRUE(isSelectedRowInSight());
+            EXPECT_EQ(list.scrollOffset(), key == Qt::Key_Up ? 0 : 6 + 80 * 50 - 2 + 6 - 410);
+        }
+    }
+    // In the midst of the list it comes to rest in the middle, by way of half the distance.
+    for (int row = 0; row < 40; ++row) {
+        press(Qt::Key_Down);
+    }
+    scrolling.setCurrentTime(100);
+    const int centred = 6 + 40 * 50 + 24 - 205;
+    EXPECT_EQ(list.scrollOffset(), centred);
+    press(Qt::Key_Up);
+    scrolling.setCurrentTime(10);
+    EXPECT_GT(list.scrollOffset(), centred - 4);
+    scrolling.setCurrentTime(50);
+    EXPECT_EQ(list.scrollOffset(), centred - 25);
+}
+
 TEST_F(LauncherViewTest, AnyNumberOfResultsTakesAHandfulOfRows) {
     setNumberedApps(10'000);
     type(u"app"_s);
@@ -119,6 +156,34 @@ TEST_F(LauncherViewTest, OnlyAMovingMouseSelects) {
     EXPECT_EQ(view.selectedIndex(), 0);
     moveMouseToRow(4, screens.mouse);
     EXPECT_EQ(view.selectedIndex(), 0);
+}
+
+TEST_F(LauncherViewTest, AMouseThatMovesOnARowThatWasScrolledUnderItSelectsIt) {
+    type(u"app"_s);
+    QCoreApplication::processEvents();
+    moveMouseToRow(3, screens.mouse + QPointF(0, 1));
+    for (int presses = 0; presses < 5; ++presses) {
+        press(Qt::Key_Down);
+    }
+    list.findChild<QVariantAnimation*>()->setCurrentTime(100);
+    ASSERT_EQ(list.scrollOffset(), 6 + 8 * 50 + 24 - 205);
+    EXPECT_EQ(view.selectedIndex(), 8);
+    moveMouseToRow(3, screens.mouse + QPointF(0, 1));
+    EXPECT_EQ(view.selectedIndex(), 7);
+}
+
+TEST_F(LauncherViewTest, TextIsSearchedAsTheLineThatItLooksLike) {
+    setApps({u"Visual Studio Code"_s});
+    QInputMethodEvent commit;
+    commit.setCommitString(u"visual\u3000"_s);
+    QApplication::sendEvent(&field, &commit);
+    QApplication::clipboard()->setText(u"studio \r\n\tcode\u2028"_s);
+    field.paste();
+    EXPECT_EQ(field.text(), u"visual studio code "_s);
+    EXPECT_EQ(field.cursorPosition(), field.text().size());
+    EXPECT_EQ(engine.results().size(), 1U);
+    field.setText(u"a  b"_s);
+    EXPECT_EQ(field.text(), u"a  b"_s) << "plain spaces look like what they are";
 }
 
 TEST_F(LauncherViewTest, TheWheelBringsAnotherRowUnderTheMouse) {
