@@ -49,15 +49,6 @@ protected:
     LauncherSession session;
 };
 
-TEST_F(PlacementTest, HangsAFifthBelowTheTopAndGrowsDownward) {
-    setMonitors(session.display(), {QRect(0, 0, 1200, 800)});
-    session.start();
-    session.summon();
-    EXPECT_TRUE(waitForPanel({280, 160, 640, 56}));
-    session.search("zinc", 1);
-    EXPECT_TRUE(waitForPanel({280, 160, 640, 117}));
-}
-
 TEST_F(PlacementTest, StaysWhereItWasDraggedUntilThatScreenIsGone) {
     setMonitors(session.display(), {QRect(0, 0, 640, 700), QRect(640, 0, 640, 720)});
     session.start();

@@ -1,5 +1,4 @@
 #include "panel/LauncherViewFixture.h"
-#include "settings/Contrast.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -13,17 +12,12 @@
 namespace quorvantel {
 namespace {
 
+using testing::contrast;
 using testing::LauncherViewFixture;
+using testing::painted;
 
 /// A column of the panel right of all text.
 constexpr int freeColumn = 560;
-
-double contrast(const QColor& one, const QColor& other) {
-    const auto opaque = [](const QColor& color) {
-        return ThemeColor::bytes(color.red(), color.green(), color.blue(), 1);
-    };
-    return contrastRatio(opaque(one), opaque(other));
-}
 
 /// The lengths of the runs of one colour down a column, from the top.
 QList<int> runs(const QImage& image, int column) {
@@ -119,9 +113,9 @@ TEST_F(PanelLookTest, TheSettingsButtonTakesTheHighlightsOfTheThemeAndStaysVisib
         const ThemeColor background = theme().primaryBackground;
         expectFill(background.toQColor());
         button.setAttribute(Qt::WA_UnderMouse);
-        expectFill(testing::painted(background, theme().hoverFill));
+        expectFill(painted(background, theme().hoverFill));
         button.setDown(true);
-        expectFill(testing::painted(background, theme().selectionFill));
+        expectFill(painted(background, theme().selectionFill));
         button.setDown(false);
         button.setAttribute(Qt::WA_UnderMouse, false);
     }

@@ -1,6 +1,5 @@
 #include "panel/ResultRowView.h"
 
-#include "settings/Contrast.h"
 #include "support/FakeLook.h"
 
 #include <QTest>
@@ -54,9 +53,6 @@ TEST_F(ResultRowViewTest, ShowsAnIconAsItIsAndATemplateAsATintedTile) {
 
 TEST_F(ResultRowViewTest, TheTileAroundAGlyphStandsOutFromEveryRow) {
     setTarget({});
-    const auto themeColor = [](const QColor& color) {
-        return ThemeColor::bytes(color.red(), color.green(), color.blue(), 1);
-    };
     for (const auto appearance :
          {ThemeManager::Appearance::Light, ThemeManager::Appearance::Dark}) {
         look.manager.setAppearance(appearance);
@@ -68,7 +64,7 @@ TEST_F(ResultRowViewTest, TheTileAroundAGlyphStandsOutFromEveryRow) {
                 row.setSelected(isSelected);
                 row.setHovered(isHovered);
                 const QColor tile = colorAt({12 + 14, 24 - 12});
-                EXPECT_GE(contrastRatio(themeColor(tile), themeColor(colorAt(beyondTheText))), 1.08)
+                EXPECT_GE(testing::contrast(tile, colorAt(beyondTheText)), 1.08)
                     << static_cast<int>(preset) << isSelected << isHovered;
             }
         }

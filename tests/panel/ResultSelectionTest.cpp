@@ -5,16 +5,6 @@
 namespace quorvantel {
 namespace {
 
-TEST(ResultSelectionTest, OnlyTheKeyboardMakesTheListFollow) {
-    ResultSelection selection;
-    EXPECT_FALSE(selection.takeKeyboardNavigation());
-    selection.moveDown(2);
-    EXPECT_TRUE(selection.takeKeyboardNavigation());
-    EXPECT_FALSE(selection.takeKeyboardNavigation());
-    selection.hover(0, {5, 5});
-    EXPECT_FALSE(selection.takeKeyboardNavigation());
-}
-
 TEST(ResultSelectionTest, ARestingMouseSelectsNothing) {
     ResultSelection selection;
     selection.reset();

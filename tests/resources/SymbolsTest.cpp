@@ -2,15 +2,16 @@
 #include "support/LogLines.h"
 #include "support/TestFiles.h"
 
+#include <QDir>
 #include <QImage>
 #include <QPainter>
-#include <QRegularExpression>
 #include <QSvgRenderer>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <iterator>
 
 namespace quorvantel {
 namespace {
@@ -37,29 +38,12 @@ constexpr QStringView interfaceSymbols[] = {u"magnifyingglass",
                                             u"questionmark.circle",
                                             u"exclamationmark.triangle"};
 
-QString fileOf(const QString& symbol) {
-    return u":/symbols/%1.svg"_s.arg(symbol);
-}
-
-QStringList allSymbols() {
-    QStringList names = QDir(u":/symbols"_s).entryList();
-    for (QString& name : names) {
-        name.chop(4);
-    }
-    return names;
-}
-
-QImage draw(const QString& symbol) {
+/// What is drawn more than faintly, in units of the grid.
+QRectF inkOf(QSvgRenderer& symbol) {
     QImage image(grid * magnification, grid * magnification, QImage::Format_ARGB32);
     image.fill(Qt::transparent);
-    QSvgRenderer renderer(fileOf(symbol));
     QPainter painter(&image);
-    renderer.render(&painter, image.rect());
-    return image;
-}
-
-/// What is drawn more than faintly, in units of the grid.
-QRectF inkOf(const QImage& image) {
+    symbol.render(&painter, image.rect());
     QRect ink;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
@@ -68,57 +52,36 @@ QRectF inkOf(const QImage& image) {
             }
         }
     }
-    return {ink.x() / double(magnification), ink.y() / double(magnification),
-            ink.width() / double(magnification), ink.height() / double(magnification)};
-}
-
-bool isBlack(const QImage& image) {
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if ((image.pixel(x, y) & 0xFFFFFF) != 0) {
-                return false;
-            }
-        }
-    }
-    return true;
+    return {QPointF(ink.topLeft()) / magnification, QSizeF(ink.size()) / magnification};
 }
 
 TEST(SymbolsTest, EveryPaneAndEveryControlHasItsSymbol) {
-    for (const QStringView symbol : interfaceSymbols) {
-        EXPECT_TRUE(QFile::exists(fileOf(symbol.toString()))) << symbol.toUtf8().constData();
-    }
+    QList<QStringView> symbols(std::begin(interfaceSymbols), std::end(interfaceSymbols));
     for (const SettingsPaneRow& pane : settingsPaneTable()) {
-        EXPECT_TRUE(QFile::exists(fileOf(pane.symbol.toString())))
-            << pane.symbol.toUtf8().constData();
+        symbols << pane.symbol;
+    }
+    for (const QStringView symbol : symbols) {
+        EXPECT_TRUE(QFile::exists(u":/symbols/%1.svg"_s.arg(symbol))) << symbol.toUtf8().data();
     }
 }
 
-TEST(SymbolsTest, AreReadWithoutComplaintAndFillTheSameSquareInOneInk) {
+TEST(SymbolsTest, AreReadWithoutComplaintAndFillTheSameSquareWithOneThicknessOfLine) {
     const QRectF square(margin, margin, grid - 2 * margin, grid - 2 * margin);
-    const QRegularExpression strokeWidth(u"stroke-width=\"([^\"]*)\""_s);
     testing::LogLines log;
-    for (const QString& symbol : allSymbols()) {
-        SCOPED_TRACE(symbol.toStdString());
-        const QSvgRenderer renderer(fileOf(symbol));
-        EXPECT_TRUE(renderer.isValid());
-        EXPECT_EQ(renderer.viewBoxF(), QRectF(0, 0, grid, grid));
+    for (const QFileInfo& file : QDir(u":/symbols"_s).entryInfoList()) {
+        SCOPED_TRACE(file.fileName().toStdString());
+        QSvgRenderer symbol(file.filePath());
+        EXPECT_EQ(symbol.viewBoxF(), QRectF(0, 0, grid, grid));
+        const QRectF ink = inkOf(symbol);
         EXPECT_THAT(log.take(), IsEmpty());
-
-        const QImage image = draw(symbol);
-        const QRectF ink = inkOf(image);
         EXPECT_TRUE(square.contains(ink));
         // Nothing looks small beside the others, and nothing sits askew.
         EXPECT_GE(std::max(ink.width(), ink.height()), 14);
         EXPECT_NEAR(ink.center().x(), grid / 2.0, 0.7);
         EXPECT_NEAR(ink.center().y(), grid / 2.0, 0.7);
-
-        auto matches =
-            strokeWidth.globalMatch(QString::fromUtf8(testing::readFile(fileOf(symbol))));
-        ASSERT_TRUE(matches.hasNext());
-        EXPECT_EQ(matches.next().captured(1), u"1.75"_s);
-        EXPECT_FALSE(matches.hasNext());
-        // Only the shape counts, so no part may be see-through by design or have a colour.
-        EXPECT_TRUE(isBlack(image));
+        const QByteArray source = testing::readFile(file.filePath());
+        EXPECT_EQ(source.count("stroke-width="), 1);
+        EXPECT_TRUE(source.contains("stroke-width=\"1.75\""));
     }
 }
 

@@ -3,6 +3,7 @@
 #include "drawing/IconCache.h"
 #include "platform/ImageLoader.h"
 #include "platform/SystemAppearance.h"
+#include "settings/Contrast.h"
 #include "settings/ThemedRoot.h"
 #include "support/MemoryDefaults.h"
 
@@ -44,6 +45,14 @@ inline QColor painted(const ThemeColor& background, const ThemeColor& fill) {
     image.fill(background.toQColor());
     QPainter(&image).fillRect(0, 0, 1, 1, fill.toQColor());
     return image.pixelColor(0, 0);
+}
+
+/// The contrast of two opaque colours of a picture.
+inline double contrast(const QColor& one, const QColor& other) {
+    const auto opaque = [](const QColor& color) {
+        return ThemeColor::bytes(color.red(), color.green(), color.blue(), 1);
+    };
+    return contrastRatio(opaque(one), opaque(other));
 }
 
 /// All that a view needs in order to draw.
