@@ -111,10 +111,13 @@ void ResultListView::pointAt(const QPoint& point) {
     m_pointer = point;
     const int row = rowAt(point);
     setHoveredRow(row);
-    const bool hasEntered = std::exchange(m_enteredRow, row) != row;
-    if (hasEntered && row >= 0) {
+    if (row == m_enteredRow) {
+        return;
+    }
+    if (row >= 0) {
         Q_EMIT rowEntered(row);
     }
+    m_enteredRow = row == m_selectedIndex ? row : -1;
 }
 
 void ResultListView::mousePressEvent(QMouseEvent* event) {

@@ -84,7 +84,7 @@ private:
     int m_selectedIndex = 0;
     /// The row under the pointer.
     int m_hoveredRow = -1;
-    /// The row that the mouse moved onto; -1 once another was scrolled under it.
+    /// The row that the mouse came to and selected; -1 once another was scrolled under it.
     int m_enteredRow = -1;
     int m_pressedRow = -1;
     int m_scrollOffset = 0;

@@ -61,39 +61,28 @@ int difference(const QImage& a, const QImage& b) {
     return most;
 }
 
-TEST(ContinuousCornersTest, AFillHasNoSeamsAndEndsWithAPixelAtEveryScale) {
-    for (const Placement& placement : placements) {
-        for (const QColor& color : colors) {
-            const QImage fill = drawn(placement.scale, [&](QPainter& painter) {
-                fillContinuousRoundedRect(painter, placement.points, radius, color);
-            });
-            const QImage wholePath = drawn(1, [&](QPainter& painter) {
-                painter.fillPath(continuousRoundedRect(placement.pixels, radius * placement.scale),
-                                 color);
-            });
-            EXPECT_LE(difference(fill, wholePath), 1) << placement.scale << color.alpha();
-        }
-    }
-}
-
-TEST(ContinuousCornersTest, ALineIsAWholeNumberOfPixelsWideAtEveryScale) {
+TEST(ContinuousCornersTest, WhatIsDrawnInPiecesHasNoSeamsAndEndsWithAPixelAtEveryScale) {
     const std::map<double, int> widths{{1, 1}, {1.25, 1}, {1.5, 1}, {1.75, 2}, {2, 2}};
-    for (const Placement& placement : placements) {
+    for (const auto& [scale, points, pixels] : placements) {
         for (const QColor& color : colors) {
-            const QImage line = drawn(placement.scale, [&](QPainter& painter) {
-                strokeContinuousRoundedRect(painter, placement.points, radius, color);
+            const QImage fill = drawn(scale, [&](QPainter& painter) {
+                fillContinuousRoundedRect(painter, points, radius, color);
             });
-            const QImage wholePath = drawn(1, [&](QPainter& painter) {
-                const int width = widths.at(placement.scale);
-                const double inset = width / 2.0;
-                painter.strokePath(
-                    continuousRoundedRect(
-                        QRectF(placement.pixels).adjusted(inset, inset, -inset, -inset),
-                        radius * placement.scale - inset),
-                    QPen(color, width));
+            const QImage wholeFill = drawn(1, [&](QPainter& painter) {
+                painter.fillPath(continuousRoundedRect(pixels, radius * scale), color);
             });
-            EXPECT_LE(difference(line, wholePath), curveTolerance)
-                << placement.scale << color.alpha();
+            EXPECT_LE(difference(fill, wholeFill), 1) << scale << color.alpha();
+
+            const QImage line = drawn(scale, [&](QPainter& painter) {
+                strokeContinuousRoundedRect(painter, points, radius, color);
+            });
+            const QImage wholeLine = drawn(1, [&](QPainter& painter) {
+                const double inset = widths.at(scale) / 2.0;
+                const QRectF middle = QRectF(pixels).adjusted(inset, inset, -inset, -inset);
+                painter.strokePath(continuousRoundedRect(middle, radius * scale - inset),
+                                   QPen(color, widths.at(scale)));
+            });
+            EXPECT_LE(difference(line, wholeLine), curveTolerance) << scale << color.alpha();
         }
     }
 }

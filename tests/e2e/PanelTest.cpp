@@ -29,18 +29,13 @@ protected:
     const QRect clientGeometry{40, 640, 400, 120};
 };
 
-TEST_F(PanelTest, TheHotKeyTogglesThePanel) {
+TEST_F(PanelTest, TheHotKeyAndEscapeDismissAndTheNextShowingIsEmpty) {
     session.start();
     EXPECT_FALSE(session.panel()) << "the start shows nothing";
-
     session.summon();
     session.pressDefaultHotKey();
     EXPECT_TRUE(session.waitForDismissal());
-    session.summon();
-}
 
-TEST_F(PanelTest, EscapeDismissesAndTheNextShowingIsEmpty) {
-    session.start();
     session.summon();
     session.search("zinc", 1);
     session.keyboard().press({XK_Escape});

@@ -120,47 +120,32 @@ TEST_F(LauncherViewTest, TheSelectedRowStaysInSightHoweverFastTheKeyRepeatsItsel
     scrolling.setCurrentTime(50);
     EXPECT_EQ(list.scrollOffset(), centred - 25);
     scrolling.setCurrentTime(100);
-    EXPECT_EQ(rowsInSight().mid(4, 1), QStringList{u">app49"_s});
+    EXPECT_EQ(rowsInSight().value(4), u">app49"_s);
+    EXPECT_LE(list.findChildren<ResultRowView*>().size(), 10) << "only what is in sight has a view";
     // The mouse scrolls nothing.
     moveMouseToRow(0, {300, 300});
     EXPECT_EQ(scrolling.state(), QAbstractAnimation::Stopped);
-}
-
-TEST_F(LauncherViewTest, AnyNumberOfResultsTakesAHandfulOfRows) {
-    setNumberedApps(10'000);
-    type(u"app"_s);
-    for (int presses = 0; presses < 50; ++presses) {
-        press(Qt::Key_Down);
-    }
-    EXPECT_TRUE(QTest::qWaitFor([&] { return rowsInSight().contains(u">app60"_s); }));
-    EXPECT_LE(list.findChildren<ResultRowView*>().size(), 10);
 }
 
 TEST_F(LauncherViewTest, OnlyAMovingMouseSelects) {
     type(u"app"_s);
     moveMouseToRow(3, screens.mouse);
     EXPECT_EQ(view.selectedIndex(), 0);
-    moveMouseToRow(2, screens.mouse + QPointF(0, 1));
-    EXPECT_EQ(view.selectedIndex(), 2);
+    moveMouseToRow(3, screens.mouse + QPointF(0, 1));
+    EXPECT_EQ(view.selectedIndex(), 3);
+    // The keyboard scrolls another row under the mouse, which then moves on that row.
+    for (int presses = 0; presses < 5; ++presses) {
+        press(Qt::Key_Down);
+    }
+    list.findChild<QVariantAnimation*>()->setCurrentTime(100);
+    EXPECT_EQ(view.selectedIndex(), 8);
+    moveMouseToRow(3, screens.mouse + QPointF(0, 1));
+    EXPECT_EQ(view.selectedIndex(), 7);
     // Typing puts the selection back to the top; the mouse rests where it is.
     type(u"1"_s);
     EXPECT_EQ(view.selectedIndex(), 0);
     moveMouseToRow(4, screens.mouse);
     EXPECT_EQ(view.selectedIndex(), 0);
-}
-
-TEST_F(LauncherViewTest, AMouseThatMovesOnARowThatWasScrolledUnderItSelectsIt) {
-    type(u"app"_s);
-    QCoreApplication::processEvents();
-    moveMouseToRow(3, screens.mouse + QPointF(0, 1));
-    for (int presses = 0; presses < 5; ++presses) {
-        press(Qt::Key_Down);
-    }
-    list.findChild<QVariantAnimation*>()->setCurrentTime(100);
-    ASSERT_EQ(list.scrollOffset(), 6 + 8 * 50 + 24 - 205);
-    EXPECT_EQ(view.selectedIndex(), 8);
-    moveMouseToRow(3, screens.mouse + QPointF(0, 1));
-    EXPECT_EQ(view.selectedIndex(), 7);
 }
 
 TEST_F(LauncherViewTest, TextIsSearchedAsTheLineThatItLooksLike) {

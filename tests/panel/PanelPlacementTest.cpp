@@ -24,11 +24,7 @@ TEST(PanelPlacementTest, GrowsDownwardAndComesBackToItsAnchor) {
     EXPECT_EQ(placement.resize(800, laptop), QRectF(400, 0, 640, 800));
     EXPECT_EQ(placement.resize(2000, laptop), QRectF(400, 0, 640, 900));
     EXPECT_EQ(placement.resize(56, laptop), QRectF(400, 664, 640, 56));
-}
-
-TEST(PanelPlacementTest, KeepsToTheLeftEdgeOfANarrowScreen) {
     const Screen narrow{{100, 0, 600, 900}, {100, 0, 600, 900}};
-    PanelPlacement placement;
     EXPECT_EQ(placement.show({narrow}, narrow).x(), 100);
 }
 
