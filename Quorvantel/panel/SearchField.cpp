@@ -16,11 +16,18 @@ namespace {
 
 constexpr int fontSize = 18;
 
-/// The text as one line with plain spaces, which is how it looks: a run of line breaks, tabs and
-/// the special spaces of Unicode is a single space, with the plain spaces around it.
+/// Whether a character other than the plain space looks like one: a line break, a tab, a special
+/// space of Unicode.
+bool isSpecialSpace(QChar character) {
+    return character != u' ' &&
+           (character.isSpace() || character.category() == QChar::Other_Control);
+}
+
+/// The text as one line with plain spaces, which is how it looks: a run of special spaces is a
+/// single plain one, with the plain spaces around it.
 QString onOneLine(QString text) {
-    static const QRegularExpression separators(QStringLiteral("(?<! ) *+[\\p{Z}\\p{Cc}]++"));
-    return text.replace(separators, QStringLiteral(" "));
+    static const QRegularExpression runs(QStringLiteral("(?<! ) *+[\\p{Z}\\p{Cc}]++"));
+    return text.replace(runs, QStringLiteral(" "));
 }
 
 /// Accepts every text, but on one line. However a text comes into a field, by a key, the clipboard,
@@ -30,6 +37,9 @@ public:
     using QValidator::QValidator;
 
     State validate(QString& input, int& cursor) const override {
+        if (std::ranges::none_of(input, isSpecialSpace)) {
+            return Acceptable;
+        }
         const QString before = onOneLine(input.first(cursor));
         input = onOneLine(input);
         cursor = static_cast<int>(std::min(before.size(), input.size()));
