@@ -92,5 +92,15 @@ TEST_F(X11PanelHostTest, AKeyboardThatStaysGrabbedMakesThePanelTakeTheFocusAndRe
     expectTypingReaches(client);
 }
 
+TEST_F(X11PanelHostTest, AHeldKeyDoesNotRepeatItselfIntoTheApplicationInFront) {
+    host.takeKeyboard(panel);
+    keyboard.hold(XK_Return);
+    ASSERT_TRUE(waitUntil([this] { return panel.presses > 2; })) << "it does not repeat at all";
+    host.releaseKeyboard(panel);
+    EXPECT_FALSE(waitUntil([this] { return client.presses > 0; }, std::chrono::milliseconds(300)));
+    keyboard.release(XK_Return);
+    expectTypingReaches(client);
+}
+
 } // namespace
 } // namespace quorvantel::platform

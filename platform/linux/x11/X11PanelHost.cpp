@@ -8,6 +8,7 @@
 #include <QWindow>
 
 #include <chrono>
+#include <utility>
 
 namespace quorvantel::platform {
 
@@ -97,6 +98,9 @@ void X11PanelHost::takeFocus() {
 
 void X11PanelHost::releaseKeyboard(QWindow& /*window*/) {
     m_retry.stop();
+    if (const auto heldKey = std::exchange(m_heldKey, std::nullopt)) {
+        m_virtualKeyboard.endRepeat(*heldKey);
+    }
     endGrab();
     if (m_previousFocus != XCB_WINDOW_NONE) {
         returnFocus();
@@ -150,6 +154,9 @@ bool X11PanelHost::handlePress(const xcb_key_press_event_t& event) {
     const DesktopKey key = judge(event);
     if (key.fate == KeyFate::Kept) {
         m_desktopKeys.erase(event.detail);
+        if (xcb_is_modifier_key(symbolOf(event)) == 0) {
+            m_heldKey = event.detail;
+        }
         return false;
     }
     m_desktopKeys.insert_or_assign(event.detail, key);
@@ -157,6 +164,9 @@ bool X11PanelHost::handlePress(const xcb_key_press_event_t& event) {
 }
 
 bool X11PanelHost::handleRelease(const xcb_key_release_event_t& event) {
+    if (m_heldKey == event.detail) {
+        m_heldKey.reset();
+    }
     const auto found = m_desktopKeys.find(event.detail);
     if (found == m_desktopKeys.end()) {
         return false;

@@ -32,6 +32,10 @@ namespace quorvantel::platform {
 /// past the grab, when it is let go. The window is closed after a key that is to bring up something
 /// which wants the keyboard itself.
 ///
+/// A key that is still held when the panel goes, such as the Return that launched something, does
+/// not repeat itself into the application in front. The server sees to that, so it does not depend
+/// on what the launcher is busy with by then.
+///
 /// The hotkeys recognise their presses first. Native event filters run last in, first out; so this
 /// object must exist before them.
 class X11PanelHost : public PanelHost, public QAbstractNativeEventFilter {
@@ -91,6 +95,8 @@ private:
     /// which people go over to typing before they let go of all, and the locks.
     unsigned int m_modifiersFromBefore = 0;
     std::unordered_map<xcb_keycode_t, DesktopKey> m_desktopKeys;
+    /// The key of the panel's own that was pressed last and may still be down, unless a modifier.
+    std::optional<xcb_keycode_t> m_heldKey;
 };
 
 } // namespace quorvantel::platform

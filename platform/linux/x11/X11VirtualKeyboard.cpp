@@ -105,6 +105,11 @@ void X11VirtualKeyboard::press(xcb_keycode_t key, std::uint16_t modifiers) {
     m_modifierRelease.start();
 }
 
+void X11VirtualKeyboard::endRepeat(xcb_keycode_t key) const {
+    // A release on any keyboard ends it, even where the key was not down.
+    send(XCB_KEY_RELEASE, key);
+}
+
 void X11VirtualKeyboard::releaseModifiers() {
     if (m_heldModifiers.empty()) {
         return;

@@ -31,6 +31,10 @@ public:
     /// manager that goes through the windows while Alt is held has to find it held.
     void press(xcb_keycode_t key, std::uint16_t modifiers);
 
+    /// Has the server stop repeating a key that the user holds down, until it is pressed anew. Asks
+    /// without waiting. Not for modifiers, which would lose their effect.
+    void endRepeat(xcb_keycode_t key) const;
+
 private:
     void releaseModifiers();
     void send(std::uint8_t eventType, xcb_keycode_t key) const;
