@@ -170,10 +170,12 @@ TEST_F(SearchEngineTest, EqualScoresAreAlphabeticalWhateverTheCase) {
 
     const QLocale earlier;
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-    engine.setTargets(catalogue({"Zoo", "äpp", "App", "zaa", "Äaa"}));
+    engine.setTargets(catalogue({"Zoo", "äpp", "App", "zaa", "Äaa", "ZOO", "zoo"}));
     const QStringList sorted = search("a");
+    const QStringList alike = search("zoo");
     QLocale::setDefault(earlier);
     EXPECT_EQ(sorted, list("Äaa,App,äpp,zaa"));
+    EXPECT_EQ(alike, list("Zoo,ZOO,zoo"));
 }
 
 TEST_F(SearchEngineTest, PicksLiftATargetWhereTheyAreLearned) {
@@ -235,6 +237,13 @@ TEST_F(SearchEngineTest, TellsOfRealChangesOnly) {
     engine.setTargets({target(u"Maps"_s, u"Renamed"_s, list("Maps")), named(u"Mapper"_s)});
     EXPECT_EQ(takeSignals(), u"t");
     EXPECT_EQ(engine.results().at(0).displayName(), u"Renamed"_s);
+    engine.setTargets({target(u"Maps"_s, u"Renamed"_s, list("map,Maps")), named(u"Mapper"_s)});
+    EXPECT_EQ(takeSignals(), u"t");
+    LaunchTarget redrawn(u"Maps"_s, u"Renamed"_s, list("map,Maps"),
+                         platform::Image::symbol(u"map"_s, {}),
+                         LaunchTarget::App{QUrl(), u"Maps"_s});
+    engine.setTargets({redrawn, named(u"Mapper"_s)});
+    EXPECT_EQ(takeSignals(), u"t");
 
     engine.reset();
     EXPECT_EQ(takeSignals(), u"qrx");
