@@ -35,7 +35,7 @@ LauncherPanelController::LauncherPanelController(LauncherView* view, platform::P
 
 LauncherPanelController::~LauncherPanelController() {
     if (m_panel.isVisible()) {
-        m_host.releaseKeyboard(m_panel.keyboardWindow());
+        releaseKeyboard();
     }
 }
 
@@ -46,9 +46,6 @@ void LauncherPanelController::show() {
     m_panel.raise();
     m_host.takeKeyboard(m_panel.keyboardWindow());
     m_view->focusSearchField();
-    if (m_clickAwayMonitor) {
-        return;
-    }
     m_clickAwayMonitor = m_clickMonitor.observe([this] {
         // The click is still being delivered; the panel goes once it has been.
         QMetaObject::invokeMethod(
@@ -62,9 +59,13 @@ void LauncherPanelController::show() {
     });
 }
 
+void LauncherPanelController::releaseKeyboard() {
+    m_host.releaseKeyboard(m_panel.keyboardWindow());
+}
+
 void LauncherPanelController::hide() {
     m_clickAwayMonitor.reset();
-    m_host.releaseKeyboard(m_panel.keyboardWindow());
+    releaseKeyboard();
     m_panel.hide();
     if (onDismiss) {
         onDismiss();
@@ -96,7 +97,7 @@ void LauncherPanelController::watchScreen(const QScreen* screen) {
 }
 
 void LauncherPanelController::screensChanged() {
-    if (!isVisible() || m_screens.all().empty()) {
+    if (m_screens.all().empty()) {
         return;
     }
     const double height = m_panel.frame().height();

@@ -40,6 +40,10 @@ public:
     /// elsewhere.
     void show();
 
+    /// Gives the keyboard back to the application in front; the panel stays on the screen until
+    /// `hide`, which is to follow. For what may take a while in between.
+    void releaseKeyboard();
+
     /// Stops watching, gives the keyboard back, takes the panel away and calls `onDismiss`.
     void hide();
 

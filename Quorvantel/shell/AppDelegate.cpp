@@ -97,7 +97,9 @@ void AppDelegate::buildLauncher() {
 
 void AppDelegate::reindexIfNeeded(bool force) {
     const double now = m_now();
-    if (!force && now - m_lastIndexStart < indexInterval) {
+    const double elapsed = now - m_lastIndexStart;
+    // A clock that was set back says nothing about how long ago it was.
+    if (!force && elapsed >= 0 && elapsed < indexInterval) {
         return;
     }
     m_lastIndexStart = now;
@@ -145,6 +147,8 @@ void AppDelegate::togglePanel() {
 
 void AppDelegate::launch(const LaunchTarget& target) {
     requireStarted();
+    // What follows waits for the disk, and meanwhile no application would get a key.
+    m_panelController->releaseKeyboard();
     const double now = m_now();
     open(target);
     m_frecency.record(target.id(), now);

@@ -52,7 +52,8 @@ public:
     void togglePanel();
 
     /// Opens a target, records the launch, learns from it when the target was not the first result
-    /// anyway, and hides the panel. None of this waits for the target to open.
+    /// anyway, and hides the panel. None of this waits for the target to open, and while it lasts
+    /// the application in front has the keyboard already.
     void launch(const LaunchTarget& target);
 
     /// Hides the panel; the search starts over.

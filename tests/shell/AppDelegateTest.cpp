@@ -17,6 +17,13 @@ using testing::MemoryDefaults;
 
 class AppDelegateTest : public ::testing::Test {
 protected:
+    AppDelegateTest() {
+        platform.fakeWorkspace.onOpen = [this] {
+            EXPECT_FALSE(platform.host.hasKeyboard) << "no key goes anywhere until it is open";
+            EXPECT_TRUE(delegate.isPanelVisible());
+        };
+    }
+
     void start() {
         delegate.applicationDidFinishLaunching();
         QCoreApplication::processEvents();
@@ -96,6 +103,10 @@ TEST_F(AppDelegateTest, TheHotKeyTogglesThePanelAndScansAgainAfterThreeSeconds) 
     now = 1010;
     pressHotKey();
     EXPECT_EQ(platform.applications.scans, 2);
+    // The clock was set back.
+    now = 500;
+    pressHotKey();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return platform.applications.scans == 3; }));
 }
 
 TEST_F(AppDelegateTest, AScanRefreshesTheResultsOfTheOpenPanel) {
@@ -110,6 +121,14 @@ TEST_F(AppDelegateTest, AScanRefreshesTheResultsOfTheOpenPanel) {
     EXPECT_TRUE(QTest::qWaitFor([this] { return delegate.isPanelVisible(); }));
     delegate.engine().setQuery(QStringLiteral("zebra"));
     EXPECT_TRUE(QTest::qWaitFor([this] { return delegate.engine().results().size() == 1; }));
+
+    // A scan may also bring the icon that was missing.
+    EXPECT_TRUE(QTest::qWaitFor([this] { return platform.loader.misses == 1; }));
+    delegate.dismissPanel();
+    now += 5;
+    pressHotKey();
+    delegate.engine().setQuery(QStringLiteral("zebra"));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return platform.loader.misses == 2; }));
 }
 
 TEST_F(AppDelegateTest, OnlyAPickThatWasNotOnTopTeaches) {
@@ -172,6 +191,7 @@ TEST_F(AppDelegateTest, ARefusedDefaultIsTriedOnceAndLoggedOnce) {
     testing::LogLines log{QStringLiteral("Quorvantel: ")};
     start();
     EXPECT_EQ(log.lines().size(), 1);
+    EXPECT_EQ(platform.hotKeys.log.count(QStringLiteral("!2304+49")), 1);
     EXPECT_EQ(delegate.activeHotKey(), std::nullopt);
 }
 
@@ -210,11 +230,18 @@ TEST_F(AppDelegateTest, HidesThePanelBeforeItShowsTheSettings) {
     EXPECT_EQ(delegate.engine().query(), QString());
 }
 
-TEST_F(AppDelegateTest, TerminationReleasesTheHotKey) {
-    start();
-    delegate.applicationWillTerminate();
-    EXPECT_EQ(platform.hotKeys.registered, QStringList());
-    delegate.applicationWillTerminate();
+TEST_F(AppDelegateTest, TheEndReleasesTheHotKeyAndTheKeyboard) {
+    {
+        AppDelegate ending(platform, settings, themeManager, directory.path());
+        ending.applicationDidFinishLaunching();
+        ending.togglePanel();
+        EXPECT_TRUE(platform.host.hasKeyboard);
+        ending.applicationWillTerminate();
+        settings.setHotKeyBinding({40, 0x1000});
+        EXPECT_EQ(platform.hotKeys.registered, QStringList());
+        ending.applicationWillTerminate();
+    }
+    EXPECT_FALSE(platform.host.hasKeyboard);
 }
 
 } // namespace

@@ -19,12 +19,8 @@ public:
         for (const QString& name : names) {
             applications.push_back(
                 {QUrl::fromLocalFile(QStringLiteral("/apps/%1.desktop").arg(name)),
-                 QStringLiteral("org.example.") + name,
-                 name,
-                 name,
-                 name,
-                 false,
-                 {}});
+                 QStringLiteral("org.example.") + name, name, name, name, false,
+                 platform::Image::iconTheme(QStringLiteral("missing"))});
         }
         return applications;
     }
@@ -36,14 +32,17 @@ public:
 class FakeWorkspace : public platform::Workspace {
 public:
     void openApplication(const QUrl& location, Completion completion) override {
+        onOpen();
         opened << location.fileName();
         completions.push_back(std::move(completion));
     }
     bool openSettings(const QUrl& url) override {
+        onOpen();
         opened << url.toString();
         return false;
     }
 
+    std::function<void()> onOpen = [] {};
     QStringList opened;
     std::vector<Completion> completions;
 };

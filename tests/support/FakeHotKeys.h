@@ -22,6 +22,7 @@ public:
                                       platform::HotKeyIdentity) override {
         const QString name = QStringLiteral("%1+%2").arg(modifiers).arg(keyCode);
         if (refused.contains(name)) {
+            log << u'!' + name;
             return platform::HotKeyStatus{10};
         }
         return std::make_unique<Entry>(*this, name);
@@ -29,7 +30,7 @@ public:
 
     /// In the order in which they came.
     QStringList registered;
-    /// What came and went, as "+name" and "-name".
+    /// What came, went and was refused, as "+name", "-name" and "!name".
     QStringList log;
     QSet<QString> refused;
     PressHandler handler;

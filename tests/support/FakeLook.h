@@ -28,6 +28,7 @@ public:
     QPixmap load(const platform::Image& image, int points, qreal scale) override {
         ++loads;
         if (image.name == QStringLiteral("missing")) {
+            ++misses;
             return {};
         }
         QPixmap pixmap(QSize(points, points) * scale);
@@ -37,6 +38,7 @@ public:
     }
 
     int loads = 0;
+    int misses = 0;
 };
 
 /// What a fill looks like that is painted on an opaque background.
