@@ -25,6 +25,9 @@ namespace {
 
 constexpr qint64 maximumEntrySize = qint64{1024} * 1024;
 
+/// Milliseconds that an application has to start and to answer.
+constexpr int activationTimeout = 25'000;
+
 /// What the program has in place of the launcher's standard input and output.
 class NullDevice {
 public:
@@ -41,6 +44,31 @@ public:
 
 private:
     int m_descriptor;
+};
+
+/// Hides the session bus from GIO, which would connect to it before it executes an entry's program
+/// and wait for it without a limit.
+class HiddenSessionBus {
+public:
+    HiddenSessionBus()
+        : m_address(qgetenv(variable)), m_isSet(qEnvironmentVariableIsSet(variable)) {
+        qputenv(variable, "disabled:");
+    }
+    HiddenSessionBus(const HiddenSessionBus&) = delete;
+    HiddenSessionBus& operator=(const HiddenSessionBus&) = delete;
+    ~HiddenSessionBus() {
+        if (m_isSet) {
+            qputenv(variable, m_address);
+        } else {
+            qunsetenv(variable);
+        }
+    }
+
+private:
+    static constexpr const char* variable = "DBUS_SESSION_BUS_ADDRESS";
+
+    QByteArray m_address;
+    bool m_isSet;
 };
 
 /// Runs in the new process before its program.
@@ -67,7 +95,7 @@ QString entryProblem(const QString& path) {
                              : QStringLiteral("program not found: %1").arg(command);
 }
 
-/// Whether GIO prefers a message on the session bus to executing the entry's program.
+/// Whether the entry wants a message on the session bus rather than its program executed.
 bool isActivatable(GDesktopAppInfo* entry, const QString& path) {
     const QByteArray name = QFile::encodeName(QFileInfo(path).completeBaseName());
     return g_desktop_app_info_get_boolean(entry, G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE) !=
@@ -86,28 +114,46 @@ QByteArray announce(StartupNotifier* notifier, GDesktopAppInfo* entry, const QSt
                            QFileInfo(path).fileName().toUtf8(), icon.get());
 }
 
-void activate(GDesktopAppInfo* entry, GAppLaunchContext* context, LaunchReport report) {
+/// Sends what the Desktop Entry Specification has an application be activated by.
+void activate(GDBusConnection* bus, const QString& path, const QByteArray& startupId,
+              LaunchReport report) {
+    const QByteArray name = QFile::encodeName(QFileInfo(path).completeBaseName());
+    const QByteArray object = '/' + QByteArray(name).replace('.', '/').replace('-', '_');
+    GVariantDict platformData;
+    g_variant_dict_init(&platformData, nullptr);
+    if (!startupId.isEmpty()) {
+        g_variant_dict_insert(&platformData, "desktop-startup-id", "s", startupId.constData());
+        g_variant_dict_insert(&platformData, "activation-token", "s", startupId.constData());
+    }
     const auto finished = [](GObject* source, GAsyncResult* result, gpointer data) {
         const std::unique_ptr<LaunchReport> reported(static_cast<LaunchReport*>(data));
         GError* error = nullptr;
-        if (g_app_info_launch_uris_finish(G_APP_INFO(source), result, &error) != FALSE) {
+        GVariant* const reply =
+            g_dbus_connection_call_finish(G_DBUS_CONNECTION(source), result, &error);
+        if (reply != nullptr) {
+            g_variant_unref(reply);
             reported->succeed();
         } else {
             reported->fail(takeMessage(error));
         }
     };
-    g_app_info_launch_uris_async(G_APP_INFO(entry), nullptr, context, nullptr, finished,
-                                 new LaunchReport(std::move(report)));
+    g_dbus_connection_call(bus, name.constData(), object.constData(), "org.freedesktop.Application",
+                           "Activate", g_variant_new("(@a{sv})", g_variant_dict_end(&platformData)),
+                           nullptr, G_DBUS_CALL_FLAGS_NONE, activationTimeout, nullptr, finished,
+                           new LaunchReport(std::move(report)));
 }
 
-void execute(GDesktopAppInfo* entry, GAppLaunchContext* context, LaunchReport report) {
+void execute(GDesktopAppInfo* entry, const QByteArray& startupId, LaunchReport report) {
     const auto started = [](GDesktopAppInfo* /*entry*/, GPid child, gpointer data) {
         watchChild(child, *static_cast<LaunchReport*>(data));
     };
+    // It takes the environment over as it is now, before the bus is hidden.
+    const auto context = makeLaunchContext(startupId);
     const NullDevice null;
+    const HiddenSessionBus hiddenBus;
     GError* error = nullptr;
     const gboolean isStarted = g_desktop_app_info_launch_uris_as_manager_with_fds(
-        entry, nullptr, context,
+        entry, nullptr, context.get(),
         static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_DO_NOT_REAP_CHILD), leaveSession,
         nullptr, started, &report, null.descriptor(), null.descriptor(), null.descriptor(), &error);
     if (isStarted == FALSE) {
@@ -148,25 +194,12 @@ void GioWorkspace::openEntry(const QString& path, Completion completion) {
         return;
     }
     const QByteArray startupId = announce(m_notifier, entry.get(), path);
-    const auto context = makeLaunchContext(startupId);
     LaunchReport report(m_alive, std::move(completion), m_notifier, startupId);
-    connectToBus();
-    if (m_bus && isActivatable(entry.get(), path)) {
-        // GIO reports the failure of a start to the context, and stumbles when it has no ID for it.
-        activate(entry.get(), startupId.isEmpty() ? nullptr : context.get(), std::move(report));
+    GDBusConnection* const bus = m_bus.get();
+    if (bus != nullptr && isActivatable(entry.get(), path)) {
+        activate(bus, path, startupId, std::move(report));
     } else {
-        execute(entry.get(), context.get(), std::move(report));
-    }
-}
-
-void GioWorkspace::connectToBus() {
-    if (m_bus && g_dbus_connection_is_closed(G_DBUS_CONNECTION(m_bus.get())) == FALSE) {
-        return;
-    }
-    m_bus.reset();
-    if (auto* const bus = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr)) {
-        m_bus.reset(bus, GObjectDeleter());
-        g_dbus_connection_set_exit_on_close(bus, FALSE);
+        execute(entry.get(), startupId, std::move(report));
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/BundleReader.h"
 #include "platform/Workspace.h"
+#include "platform/linux/SessionBusConnection.h"
 #include "platform/linux/SettingsPaneOpener.h"
 #include "platform/linux/StartupNotifier.h"
 
@@ -9,7 +10,9 @@
 
 namespace quorvantel::platform {
 
-/// Opens desktop entries through GIO, and bundles by executing the program in them.
+/// Opens desktop entries through GIO, and bundles by executing the program in them. An entry that
+/// wants to be activated by D-Bus is, where there is a session bus; it is executed where there is
+/// none. Opening waits for no other process, the bus included.
 ///
 /// GIO's callbacks arrive in the GLib main context, which Qt's event loop on Linux runs. GIO starts
 /// an entry's program through a helper of its own, so that a program which cannot be executed shows
@@ -28,14 +31,10 @@ private:
     void openEntry(const QString& path, Completion completion);
     void openBundle(const QString& path, Completion completion);
 
-    /// Holds the session bus that GIO uses for every entry, if there is one. A connection of GIO's
-    /// own making would end the process together with the bus.
-    void connectToBus();
-
     const BundleReader& m_bundles;
     StartupNotifier* m_notifier;
     SettingsPaneOpener* m_settings;
-    std::shared_ptr<void> m_bus; ///< A GDBusConnection.
+    SessionBusConnection m_bus;
     std::shared_ptr<const void> m_alive;
 };
 

@@ -17,6 +17,9 @@ public:
     /// What clients take as DBUS_SESSION_BUS_ADDRESS.
     QString address() const { return m_address; }
 
+    /// Sends the bus a signal, such as SIGSTOP.
+    void signal(int number) { m_process.signal(number); }
+
 private:
     ReadyPipe m_ready;
     ChildProcess m_process;
