@@ -101,7 +101,7 @@ bool isActivatable(GDesktopAppInfo* entry, const QString& path) {
     return g_desktop_app_info_get_boolean(entry, G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE) !=
                FALSE &&
            g_dbus_is_name(name.constData()) != FALSE &&
-           g_dbus_is_interface_name(name.constData()) != FALSE;
+           g_dbus_is_unique_name(name.constData()) == FALSE;
 }
 
 QByteArray announce(StartupNotifier* notifier, GDesktopAppInfo* entry, const QString& path) {
@@ -119,11 +119,13 @@ void activate(GDBusConnection* bus, const QString& path, const QByteArray& start
               LaunchReport report) {
     const QByteArray name = QFile::encodeName(QFileInfo(path).completeBaseName());
     const QByteArray object = '/' + QByteArray(name).replace('.', '/').replace('-', '_');
-    GVariantDict platformData;
-    g_variant_dict_init(&platformData, nullptr);
+    GVariantBuilder platformData;
+    g_variant_builder_init(&platformData, G_VARIANT_TYPE_VARDICT);
     if (!startupId.isEmpty()) {
-        g_variant_dict_insert(&platformData, "desktop-startup-id", "s", startupId.constData());
-        g_variant_dict_insert(&platformData, "activation-token", "s", startupId.constData());
+        for (const char* key : {"desktop-startup-id", "activation-token"}) {
+            g_variant_builder_add(&platformData, "{sv}", key,
+                                  g_variant_new_string(startupId.constData()));
+        }
     }
     const auto finished = [](GObject* source, GAsyncResult* result, gpointer data) {
         const std::unique_ptr<LaunchReport> reported(static_cast<LaunchReport*>(data));
@@ -138,8 +140,8 @@ void activate(GDBusConnection* bus, const QString& path, const QByteArray& start
         }
     };
     g_dbus_connection_call(bus, name.constData(), object.constData(), "org.freedesktop.Application",
-                           "Activate", g_variant_new("(@a{sv})", g_variant_dict_end(&platformData)),
-                           nullptr, G_DBUS_CALL_FLAGS_NONE, activationTimeout, nullptr, finished,
+                           "Activate", g_variant_new("(a{sv})", &platformData), nullptr,
+                           G_DBUS_CALL_FLAGS_NONE, activationTimeout, nullptr, finished,
                            new LaunchReport(std::move(report)));
 }
 

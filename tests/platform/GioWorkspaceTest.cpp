@@ -1,5 +1,6 @@
 #include "platform/linux/GioWorkspace.h"
 
+#include "platform/linux/GLibPointers.h"
 #include "platform/linux/PropertyListBundleReader.h"
 #include "support/SessionBus.h"
 #include "support/TestFiles.h"
@@ -9,11 +10,14 @@
 #include <QFileInfo>
 
 #include <fcntl.h>
+#include <gio/gio.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <future>
 #include <optional>
+#include <string>
 
 namespace quorvantel::platform {
 namespace {
@@ -59,6 +63,23 @@ public:
 
     QList<QUrl> opened;
 };
+
+/// An application's part in its activation: writes the call down and answers it.
+GDBusMessage* answerActivation(GDBusConnection* service, GDBusMessage* message,
+                               gboolean /*isIncoming*/, gpointer data) {
+    if (qstrcmp(g_dbus_message_get_member(message), "Activate") != 0) {
+        return message;
+    }
+    const GText body(g_variant_print(g_dbus_message_get_body(message), FALSE));
+    static_cast<std::promise<std::string>*>(data)->set_value(
+        std::string(g_dbus_message_get_path(message)) + ' ' +
+        g_dbus_message_get_interface(message) + ".Activate " + body.get());
+    const GObjectPointer<GDBusMessage> reply(g_dbus_message_new_method_reply(message));
+    g_dbus_connection_send_message(service, reply.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr,
+                                   nullptr);
+    g_object_unref(message);
+    return nullptr;
+}
 
 class GioWorkspaceTest : public ::testing::Test {
 protected:
@@ -228,6 +249,28 @@ TEST_F(GioWorkspaceTest, ActivatesAnEntryByTheSessionBus) {
         })) << errors.front().toStdString();
     }
     EXPECT_EQ(record(u"arguments"_s), QByteArrayList{"activated"});
+
+    // One that is there already, and answers.
+    std::promise<std::string> message;
+    const GObjectPointer<GDBusConnection> service(g_dbus_connection_new_for_address_sync(
+        bus.address().toUtf8().constData(),
+        static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                          G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
+        nullptr, nullptr, nullptr));
+    g_dbus_connection_add_filter(service.get(), answerActivation, &message, nullptr);
+    g_bus_own_name_on_connection(service.get(), "org.example.My-App", G_BUS_NAME_OWNER_FLAGS_NONE,
+                                 nullptr, nullptr, nullptr, nullptr);
+    EXPECT_NE(g_dbus_connection_flush_sync(service.get(), nullptr, nullptr), FALSE);
+    const QString path = inHome(u"org.example.My-App.desktop"_s);
+    QFile::copy(writeEntry("false", "DBusActivatable=true\nStartupNotify=true"), path);
+    errors.clear();
+    open(path);
+    ASSERT_TRUE(hasReported());
+    ASSERT_EQ(errors, QStringList{QString()});
+    EXPECT_EQ(message.get_future().get(),
+              "/org/example/My_App org.freedesktop.Application.Activate "
+              "({'desktop-startup-id': <'startup-id_TIME7'>, "
+              "'activation-token': <'startup-id_TIME7'>},)");
 }
 
 TEST_F(GioWorkspaceTest, WaitsForNoBus) {
