@@ -1,4 +1,5 @@
 #include "e2e/LauncherSession.h"
+#include "support/ClientWindow.h"
 #include "support/WaitUntil.h"
 
 #include <QDateTime>
@@ -72,6 +73,20 @@ TEST_F(LaunchTest, ReturnLaunchesTheTopResultAndRecordsIt) {
     EXPECT_THAT(*session.dataFile(frecencyFile), SizeIs(1));
     EXPECT_FALSE(session.dataFile(abbreviationsFile));
     EXPECT_FALSE(session.output().contains("failed to open")) << session.output().toStdString();
+}
+
+TEST_F(LaunchTest, ASessionBusThatHasStoppedHoldsUpNothing) {
+    session.start();
+    ClientWindow application(session.display(), QRect(0, 400, 200, 100));
+    session.summon();
+    session.search("zinc", 2);
+    session.signalBus(SIGSTOP);
+    session.keyboard().press({XK_Return});
+    session.keyboard().type("x");
+    EXPECT_TRUE(waitUntil([&] { return application.typed() == "x"; }));
+    EXPECT_TRUE(session.waitForDismissal());
+    EXPECT_THAT(session.waitForRuns(zinc, 1), SizeIs(1));
+    session.signalBus(SIGCONT);
 }
 
 TEST_F(LaunchTest, TwoPicksOfTheSecondResultPutItOnTopEvenAfterARestart) {

@@ -1,10 +1,8 @@
 #include "e2e/LauncherSession.h"
 
+#include "support/TestFiles.h"
 #include "support/WaitUntil.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QJsonDocument>
 
 #include <X11/keysym.h>
@@ -16,29 +14,19 @@
 namespace quorvantel::testing {
 namespace {
 
-void writeFile(const QString& path, const QByteArray& content) {
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
-        throw std::runtime_error("cannot write " + path.toStdString());
-    }
-}
-
-std::optional<QByteArray> readFile(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? std::optional(file.readAll()) : std::nullopt;
-}
-
 void require(bool condition, const QByteArray& failure) {
     if (!condition) {
         throw std::runtime_error(failure.toStdString());
     }
 }
 
-// Leaves one file a run, complete from the moment that it has its name.
+// Leaves one file a run, complete from the moment that it has its name: the arguments, and whatever
+// the program finds that it should not.
 constexpr auto proofScript = R"(#!/bin/sh
 proof="$(dirname "$0")/proofs/$1.$$"
 for argument; do printf '%s\n' "$argument"; done >"$proof.part"
+[ "$PWD" = "$HOME" ] || echo "It runs in $PWD." >>"$proof.part"
+[ -z "$DESKTOP_AUTOSTART_ID" ] || echo "It has the launcher's identity." >>"$proof.part"
 mv "$proof.part" "$proof"
 )";
 
@@ -52,8 +40,7 @@ LauncherSession::LauncherSession(const QString& windowManager)
       m_bus(m_home.path()),
       m_windowManager(m_connection, m_server.display(), windowManager, m_bus.address()) {
     const QString script = homeFile(QStringLiteral("prove"));
-    writeFile(script, proofScript);
-    QFile::setPermissions(script, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    writeProgram(script, proofScript);
     QDir().mkpath(homeFile(QStringLiteral("proofs")));
 }
 
@@ -98,6 +85,8 @@ void LauncherSession::start(const QByteArray& expected) {
     };
     launch.environment.insert(QStringLiteral("DISPLAY"), QString::fromLatin1(display()));
     launch.environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_bus.address());
+    launch.environment.insert(QStringLiteral("DESKTOP_AUTOSTART_ID"),
+                              QStringLiteral("autostarted"));
     launch.environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
     m_launcher.emplace(launch);
     require(waitUntil([&] { return !isRunning() || output().contains(expected); }) && isRunning(),
@@ -112,8 +101,8 @@ std::optional<ChildProcess::Exit> LauncherSession::terminate() {
 bool LauncherSession::waitForRest() const {
     // User and system time in clock ticks, the 14th and 15th field of proc(5) "stat".
     const auto usedTime = [this] {
-        const auto stat = readFile(QStringLiteral("/proc/%1/stat").arg(m_launcher->pid()));
-        return stat.value_or(QByteArray()).split(' ').mid(13, 2);
+        const QByteArray stat = readFile(QStringLiteral("/proc/%1/stat").arg(m_launcher->pid()));
+        return stat.split(' ').mid(13, 2);
     };
     return waitUntil([&usedTime] {
         const auto earlier = usedTime();
@@ -172,21 +161,20 @@ std::vector<QStringList> LauncherSession::runs(const QString& id) const {
     std::vector<QStringList> result;
     for (const QString& proof : proofs.entryList({id + QStringLiteral(".*")}, QDir::Files)) {
         if (!proof.endsWith(QStringLiteral(".part"))) {
-            const QByteArray content = readFile(proofs.filePath(proof)).value_or(QByteArray());
-            result.push_back(
-                QString::fromUtf8(content).split(QLatin1Char('\n'), Qt::SkipEmptyParts));
+            result.push_back(QString::fromUtf8(readFile(proofs.filePath(proof)))
+                                 .split(QLatin1Char('\n'), Qt::SkipEmptyParts));
         }
     }
     return result;
 }
 
 QByteArray LauncherSession::output() const {
-    return readFile(homeFile(QStringLiteral("output"))).value_or(QByteArray());
+    return readFile(homeFile(QStringLiteral("output")));
 }
 
 std::optional<QJsonObject> LauncherSession::dataFile(const QString& name) const {
     const auto content = readFile(m_home.dataHome() + QStringLiteral("/Quorvantel/") + name);
-    const QJsonDocument document = QJsonDocument::fromJson(content.value_or(QByteArray()));
+    const QJsonDocument document = QJsonDocument::fromJson(content);
     return document.isObject() ? std::optional(document.object()) : std::nullopt;
 }
 

@@ -59,6 +59,9 @@ public:
     /// How the launcher ended; absent when it still runs after a while.
     std::optional<ChildProcess::Exit> waitForExit() { return m_launcher->waitForExit(patience); }
 
+    /// Sends the session bus a signal, such as SIGSTOP.
+    void signalBus(int number) { m_bus.signal(number); }
+
     /// Takes the X server away. Nothing that needs the display is to be called afterwards.
     void loseDisplay() { m_server.kill(); }
 
