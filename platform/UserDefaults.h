@@ -16,8 +16,8 @@ namespace quorvantel::platform {
 /// value holds for the rest of the run. Keys that nobody here knows survive every write.
 class UserDefaults {
 public:
-    /// A value in its stored type. Whole numbers outside the signed 64-bit range, and types that no
-    /// setting uses (dates, lists, dictionaries), read as `Other`.
+    /// A value in its stored type. Whole numbers beyond the signed 64-bit range read as the nearest
+    /// real ones, and types that no setting uses (dates, lists, dictionaries) as `Other`.
     struct Other {
         friend bool operator==(const Other&, const Other&) = default;
     };
@@ -28,6 +28,15 @@ public:
     virtual std::optional<Value> value(const QString& key) const = 0;
     virtual void set(const QString& key, const Value& value) = 0;
 };
+
+/// A stored value where a whole number is expected, whatever type it was stored as: the whole part
+/// of a real number, the number that a text begins with, 1 for true; 0 for what has none. A number
+/// that is too large, or not a number, is the largest.
+std::int64_t integerValue(const UserDefaults::Value& value);
+
+/// A stored value where a boolean is expected: true for "yes", "true", in any case, and for every
+/// number but zero, also as a text.
+bool booleanValue(const UserDefaults::Value& value);
 
 /// The defaults of this application for the current user; opened on first use and kept until the
 /// program ends.

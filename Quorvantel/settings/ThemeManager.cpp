@@ -69,6 +69,11 @@ std::optional<Value> stored(const platform::UserDefaults& defaults, QStringView 
     return std::nullopt;
 }
 
+bool isSet(const platform::UserDefaults& defaults, QStringView key) {
+    const auto value = defaults.value(key.toString());
+    return value && platform::booleanValue(*value);
+}
+
 /// A component as a whole number from 0 to 255, for components from 0 to 1.
 std::int64_t scaled(double component) {
     // 2^63, which a double holds exactly, unlike the largest number below it.
@@ -112,14 +117,14 @@ void ThemeManager::loadStoredChoices() {
     if (preset) {
         setPreset(*preset);
     }
-    if (!stored<bool>(m_defaults, themesRetiredKey).value_or(false)) {
+    if (!isSet(m_defaults, themesRetiredKey)) {
         setPreset(ThemePreset::Graphite);
         m_defaults.set(themesRetiredKey.toString(), true);
     }
 }
 
 void ThemeManager::migrateArchivedAccent(const ColorArchiveDecoder& decodeColorArchive) {
-    if (stored<bool>(m_defaults, accentMigratedKey).value_or(false)) {
+    if (isSet(m_defaults, accentMigratedKey)) {
         return;
     }
     const auto archive = stored<QByteArray>(m_defaults, archivedAccentKey);

@@ -2,9 +2,7 @@
 
 #include <QDebug>
 
-#include <cmath>
 #include <limits>
-#include <optional>
 
 namespace quorvantel {
 
@@ -13,7 +11,8 @@ namespace {
 constexpr QStringView hotKeyCodeKey = u"hotKeyCode";
 constexpr QStringView hotKeyModifiersKey = u"hotKeyModifiers";
 
-std::uint32_t exactly32Bits(std::int64_t number, QStringView key) {
+std::uint32_t exactly32Bits(const platform::UserDefaults::Value& value, QStringView key) {
+    const std::int64_t number = platform::integerValue(value);
     if (number < std::numeric_limits<std::int32_t>::min() ||
         number > std::numeric_limits<std::int32_t>::max()) {
         qFatal("Quorvantel: the stored value of \"%s\" is out of range",
@@ -22,34 +21,9 @@ std::uint32_t exactly32Bits(std::int64_t number, QStringView key) {
     return static_cast<std::uint32_t>(number);
 }
 
-/// The whole number that a property list may have been given as a real one; out of every range for
-/// one that is too large or no number at all.
-std::int64_t wholePart(double number) {
-    const bool isSmall = std::abs(number) < static_cast<double>(std::numeric_limits<int>::max());
-    return isSmall ? static_cast<std::int64_t>(number) : std::numeric_limits<std::int64_t>::max();
-}
-
-/// The stored number; absent for a missing value or one that is no number, which is logged.
-std::optional<std::int64_t> storedNumber(const platform::UserDefaults& defaults, QStringView key) {
-    const auto value = defaults.value(key.toString());
-    if (!value) {
-        return std::nullopt;
-    }
-    if (const auto* const number = std::get_if<std::int64_t>(&*value)) {
-        return *number;
-    }
-    if (const auto* const real = std::get_if<double>(&*value)) {
-        return wholePart(*real);
-    }
-    qWarning().noquote() << QStringLiteral("Quorvantel: the stored value of \"%1\" is no "
-                                           "number; the default hotkey is used")
-                                .arg(key);
-    return std::nullopt;
-}
-
 HotKeyBinding load(const platform::UserDefaults& defaults) {
-    const auto keyCode = storedNumber(defaults, hotKeyCodeKey);
-    const auto modifiers = storedNumber(defaults, hotKeyModifiersKey);
+    const auto keyCode = defaults.value(hotKeyCodeKey.toString());
+    const auto modifiers = defaults.value(hotKeyModifiersKey.toString());
     if (!keyCode || !modifiers) {
         return HotKeyBinding::defaultBinding();
     }

@@ -11,9 +11,9 @@ namespace quorvantel {
 
 /// The settings of the application shell: the summon hotkey, kept in the user's defaults.
 ///
-/// The defaults keys are "hotKeyCode" and "hotKeyModifiers", both whole numbers. Only both together
-/// make a binding; a value outside the signed 32-bit range ends the program, since nothing that
-/// this program wrote can be one. Main thread only.
+/// The defaults keys are "hotKeyCode" and "hotKeyModifiers", both read as whole numbers. Only both
+/// together make a binding; a value outside the signed 32-bit range ends the program, since nothing
+/// that this program wrote can be one. Main thread only.
 class AppSettings : public QObject {
     Q_OBJECT
 

@@ -40,6 +40,7 @@ UserDefaults::Value fromVariant(const QVariant& value) {
         return value.toBool();
     case QMetaType::LongLong:
         return std::int64_t{value.toLongLong()};
+    case QMetaType::ULongLong:
     case QMetaType::Double:
         return value.toDouble();
     case QMetaType::QString:

@@ -67,8 +67,11 @@ TEST_F(PropertyListDefaultsTest, ReplacesAValueByOneOfAnotherType) {
     defaults.set(u"key"_s, u"text"_s);
     EXPECT_EQ(defaults.value(u"key"_s), Value(u"text"_s));
     EXPECT_EQ(PropertyListDefaults().value(u"key"_s), Value(u"text"_s));
-    defaults.set(u"key"_s, UserDefaults::Other());
-    EXPECT_EQ(PropertyListDefaults().value(u"key"_s), Value(u"text"_s));
+    PropertyListDefaults later;
+    later.set(u"key"_s, std::int64_t{7});
+    EXPECT_EQ(later.value(u"key"_s), Value(std::int64_t{7}));
+    later.set(u"key"_s, UserDefaults::Other());
+    EXPECT_EQ(PropertyListDefaults().value(u"key"_s), Value(std::int64_t{7}));
 }
 
 TEST_F(PropertyListDefaultsTest, LeavesAloneWhatItDoesNotKnow) {
@@ -78,7 +81,7 @@ TEST_F(PropertyListDefaultsTest, LeavesAloneWhatItDoesNotKnow) {
     PropertyListDefaults defaults;
     EXPECT_EQ(defaults.value(u"date"_s), Value(UserDefaults::Other()));
     EXPECT_EQ(defaults.value(u"list"_s), Value(UserDefaults::Other()));
-    EXPECT_EQ(defaults.value(u"huge"_s), Value(UserDefaults::Other()));
+    EXPECT_EQ(defaults.value(u"huge"_s), Value(18446744073709551615.0));
 
     PropertyListDefaults other;
     other.set(u"fromAnotherProcess"_s, true);

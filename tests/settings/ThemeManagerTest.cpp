@@ -28,8 +28,18 @@ TEST(ThemeManagerTest, ResetsAStoredPresetOnceAndHonoursItAfterwards) {
     MemoryDefaults defaults;
     defaults.values[u"preset"_s] = u"teal"_s;
     EXPECT_EQ(ThemeManager(defaults).preset(), ThemePreset::Graphite);
-    defaults.values[u"preset"_s] = u"glass"_s;
-    EXPECT_EQ(ThemeManager(defaults).preset(), ThemePreset::Glass);
+    for (const Value& yes : {Value(true), Value(std::int64_t{2}), Value(0.5), Value(u"YES"_s),
+                             Value(u"true"_s), Value(u"1"_s)}) {
+        defaults.values[u"themesRetired_v1"_s] = yes;
+        defaults.values[u"preset"_s] = u"glass"_s;
+        EXPECT_EQ(ThemeManager(defaults).preset(), ThemePreset::Glass);
+    }
+    for (const Value& no : {Value(false), Value(std::int64_t{0}), Value(0.0), Value(u"no"_s),
+                            Value(QByteArray("1"))}) {
+        defaults.values[u"themesRetired_v1"_s] = no;
+        defaults.values[u"preset"_s] = u"glass"_s;
+        EXPECT_EQ(ThemeManager(defaults).preset(), ThemePreset::Graphite);
+    }
 }
 
 TEST(ThemeManagerTest, IgnoresWhatItDoesNotKnowAndKeepsAnyAccentText) {
