@@ -1,11 +1,8 @@
 #include "platform/ColorArchive.h"
 
-#include <QStringList>
+#include <QRegularExpression>
 
 #include <gtest/gtest.h>
-#include <plist/plist.h>
-
-#include <memory>
 
 namespace quorvantel::platform {
 namespace {
@@ -24,70 +21,61 @@ QByteArray archive(const QString& objects, const QString& root = u"1"_s,
         .toUtf8();
 }
 
-QString data(const char* key, const QByteArray& bytes) {
-    return u"<key>%1</key><data>%2</data>"_s.arg(QLatin1String(key),
-                                                 QString::fromLatin1(bytes.toBase64()));
+/// An object whose fields are given as "key=number", "key:data" and "key@object".
+QString object(const QByteArrayList& fields) {
+    QString xml;
+    for (const QByteArray& field : fields) {
+        const QString text = QString::fromLatin1(field);
+        const qsizetype mark = text.indexOf(QRegularExpression(u"[=:@]"_s));
+        const QString value = text.mid(mark + 1);
+        const QString data = QString::fromLatin1(value.toLatin1().toBase64());
+        xml += u"<key>%1</key>"_s.arg(text.left(mark)) +
+               (text[mark] == u':' ? u"<data>%1</data>"_s.arg(data)
+                : text[mark] == u'='
+                    ? u"<integer>%1</integer>"_s.arg(value)
+                    : u"<dict><key>CF$UID</key><integer>%1</integer></dict>"_s.arg(value));
+    }
+    return u"<dict>%1</dict>"_s.arg(xml);
 }
 
-QString number(const char* key, const QString& value) {
-    return u"<key>%1</key><integer>%2</integer>"_s.arg(QLatin1String(key), value);
-}
-
-QString uid(const char* key, const QString& index) {
-    return u"<key>%1</key><dict><key>CF$UID</key><integer>%2</integer></dict>"_s.arg(
-        QLatin1String(key), index);
-}
-
-QString classObject(const char* name) {
-    return u"<dict><key>$classname</key><string>%1</string></dict>"_s.arg(QLatin1String(name));
+QString classNamed(const QString& name) {
+    return u"<dict><key>$classname</key><string>%1</string></dict>"_s.arg(name);
 }
 
 /// The objects of a colour, whose class follows it.
-QString color(const QString& fields, const char* className = "NSColor") {
-    return u"<dict>%1%2</dict>%3"_s.arg(fields, uid("$class", u"2"_s), classObject(className));
+QString color(const QByteArrayList& fields, const QString& className = u"NSColor"_s) {
+    return object(fields + QByteArrayList{"$class@2"}) + classNamed(className);
 }
 
-QString plain(int colorSpace, const char* key, const QByteArray& components) {
-    return color(number("NSColorSpace", QString::number(colorSpace)) + data(key, components));
+/// An archive of a plain colour.
+QByteArray plain(const QByteArray& colorSpace, const QByteArray& components) {
+    return archive(color({"NSColorSpace=" + colorSpace, components}));
 }
 
-/// An sRGB colour, whose calibrated components differ.
-QString standardRgb(const QString& space = number("NSID", u"7"_s)) {
-    return color(number("NSColorSpace", u"1"_s) + data("NSRGB", "0.4 0.2 0.9") +
-                 data("NSComponents", "0.5 0.25 1 1") + uid("NSCustomColorSpace", u"3"_s)) +
-           u"<dict>%1%2</dict>"_s.arg(space, uid("$class", u"4"_s)) + classObject("NSColorSpace");
-}
-
-QByteArray toBinary(const QByteArray& xml) {
-    plist_t list = nullptr;
-    plist_from_xml(xml.constData(), static_cast<std::uint32_t>(xml.size()), &list);
-    // The binary form has references of a type of its own.
-    plist_t const top = plist_dict_get_item(list, "$top");
-    plist_dict_set_item(top, "root", plist_new_uid(1));
-    plist_t const object = plist_array_get_item(plist_dict_get_item(list, "$objects"), 1);
-    plist_dict_set_item(object, "$class", plist_new_uid(2));
-    char* bytes = nullptr;
-    std::uint32_t size = 0;
-    plist_to_bin(list, &bytes, &size);
-    QByteArray binary(bytes, static_cast<qsizetype>(size));
-    std::free(bytes);
-    plist_free(list);
-    return binary;
-}
+/// An sRGB colour, whose calibrated components differ, in the binary form, which has references of
+/// a type of its own.
+const QByteArray binary = QByteArray::fromBase64(
+    "YnBsaXN0MDDUAQIDBAUGGx5ZJGFyY2hpdmVyWCRvYmplY3RzVCR0b3BYJHZlcnNpb25fEA9OU0tleWVkQXJjaG"
+    "l2ZXKlBwgTFhpVJG51bGzVCQoLDA0ODxARElYkY2xhc3NcTlNDb2xvclNwYWNlXE5TQ29tcG9uZW50c18QEk5T"
+    "Q3VzdG9tQ29sb3JTcGFjZVVOU1JHQoACEAFMMC41IDAuMjUgMSAxgANMMC40IDAuMiAwLjkA0RQVWiRjbGFzc2"
+    "5hbWVXTlNDb2xvctIJFxgZVE5TSUSABBAH0RQK0RwdVHJvb3SAARIAAYagCBEbJCkyREpQW2JvfJGXmZuoqre6"
+    "xc3S19nb3uHm6AAAAAAAAAEBAAAAAAAAAB8AAAAAAAAAAAAAAAAAAADt");
 
 TEST(ColorArchiveTest, DecodesTheColourSpacesOfPractice) {
+    const QByteArrayList standard{"NSColorSpace=1", "NSRGB:0.4 0.2 0.9",
+                                  "NSComponents:0.5 0.25 1 1", "NSCustomColorSpace@3"};
     const std::pair<QByteArray, ColorComponents> cases[] = {
-        {archive(plain(1, "NSRGB", "0.5 0.25 1")), {0.5, 0.25, 1}},
-        {archive(plain(2, "NSRGB", QByteArray("0 1 0.125 0.5\0", 14))), {0, 1, 0.125}},
-        {archive(plain(3, "NSWhite", "0.75 0.5")), {0.75, 0.75, 0.75}},
-        {archive(plain(4, "NSWhite", QByteArray("1\0", 2))), {1, 1, 1}},
-        {archive(standardRgb()), {0.5, 0.25, 1}},
-        {archive(standardRgb(number("NSID", u"11"_s))), {0.4, 0.2, 0.9}},
-        {toBinary(archive(plain(1, "NSRGB", "1.5 -0.25 1e2"))), {1.5, -0.25, 100}},
+        {plain("1", "NSRGB:0.5 0.25 1"), {0.5, 0.25, 1}},
+        {plain("2", QByteArray("NSRGB:0 1 0.125 0.5\0", 20)), {0, 1, 0.125}},
+        {plain("3", "NSWhite:0.75 0.5"), {0.75, 0.75, 0.75}},
+        {plain("4", QByteArray("NSWhite:1\0", 10)), {1, 1, 1}},
+        {plain("1", "NSRGB:1.5 -0.25 1e2"), {1.5, -0.25, 100}},
+        {binary, {0.5, 0.25, 1}},
+        // Of another space than sRGB.
+        {archive(color(standard) + object({"NSID=11", "$class@4"}) + classNamed(u"NSColorSpace"_s)),
+         {0.4, 0.2, 0.9}},
         // A colour that is its own colour space.
-        {archive(color(number("NSColorSpace", u"1"_s) + data("NSRGB", "1 1 1") +
-                       uid("NSCustomColorSpace", u"1"_s))),
-         {1, 1, 1}},
+        {archive(color({"NSColorSpace=1", "NSRGB:1 1 1", "NSCustomColorSpace@1"})), {1, 1, 1}},
     };
     for (const auto& [bytes, components] : cases) {
         EXPECT_EQ(decodeColorArchive(bytes), components) << bytes.constData();
@@ -95,13 +83,12 @@ TEST(ColorArchiveTest, DecodesTheColourSpacesOfPractice) {
 }
 
 TEST(ColorArchiveTest, AnythingElseIsNoColour) {
-    const QString rgb = plain(1, "NSRGB", "0.5 0.25 1");
-    const QString huge = u"18446744073709551615"_s;
+    const QString rgb = color({"NSColorSpace=1", "NSRGB:0.5 0.25 1"});
     const QByteArray none[] = {
         "",
         "bplist00",
-        toBinary(archive(rgb)).chopped(20),
-        archive(rgb, huge),
+        binary.chopped(20),
+        archive(rgb, u"18446744073709551615"_s),
         archive(rgb, u"3"_s),
         archive(rgb, u"0"_s),
         archive(rgb, u"2"_s),
@@ -109,20 +96,18 @@ TEST(ColorArchiveTest, AnythingElseIsNoColour) {
         archive(rgb, u"1"_s, u"NSArchiver"_s),
         archive({}),
         // A colour that is its own class.
-        archive(u"<dict>%1%2%3</dict>"_s.arg(number("NSColorSpace", u"1"_s), data("NSRGB", "1 1 1"),
-                                             uid("$class", u"1"_s))),
-        archive(color(data("NSRGB", "0.5 0.25 1"))),
-        archive(color(number("NSColorSpace", huge) + data("NSRGB", "0.5 0.25 1"))),
-        archive(color(number("NSColorSpace", u"1"_s) + data("NSRGB", "0.5 0.25 1"), "NSImage")),
-        archive(plain(6, "NSRGB", "0.5 0.25 1")),
-        archive(plain(5, "NSCMYK", "0 0 0 1")),
-        archive(plain(1, "NSRGB", "")),
-        archive(plain(1, "NSRGB", "0.5 0.25")),
-        archive(plain(1, "NSRGB", "0.5,0.25,1")),
-        archive(plain(1, "NSRGB", QByteArray("0.5 ").repeated(10'000))),
-        archive(plain(3, "NSWhite", "white")),
-        archive(color(number("NSColorSpace", u"1"_s) +
-                      u"<key>NSRGB</key><string>0.5 0.25 1</string>"_s)),
+        archive(object({"NSColorSpace=1", "NSRGB:1 1 1", "$class@1"})),
+        archive(color({"NSRGB:0.5 0.25 1"})),
+        archive(color({"NSColorSpace=1", "NSRGB:0.5 0.25 1"}, u"NSImage"_s)),
+        plain("18446744073709551615", "NSRGB:0.5 0.25 1"),
+        plain("6", "NSRGB:0.5 0.25 1"),
+        plain("5", "NSCMYK:0 0 0 1"),
+        plain("1", "NSRGB:"),
+        plain("1", "NSRGB:0.5 0.25"),
+        plain("1", "NSRGB:0.5,0.25,1"),
+        plain("1", "NSRGB:" + QByteArray("0.5 ").repeated(10'000)),
+        plain("3", "NSWhite:white"),
+        plain("1", "NSRGB=1"),
     };
     for (const QByteArray& bytes : none) {
         EXPECT_EQ(decodeColorArchive(bytes), std::nullopt) << bytes.left(1000).constData();
