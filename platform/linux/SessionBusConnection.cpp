@@ -11,7 +11,7 @@ namespace {
 /// As the D-Bus Specification has it, but without starting a bus where there is none. Empty when
 /// there is none.
 QByteArray sessionBusAddress() {
-    const QByteArray address = qgetenv("DBUS_SESSION_BUS_ADDRESS");
+    QByteArray address = qgetenv("DBUS_SESSION_BUS_ADDRESS");
     const QByteArray runtimeDirectory = qgetenv("XDG_RUNTIME_DIR");
     if (!address.isEmpty() || runtimeDirectory.isEmpty()) {
         return address;
