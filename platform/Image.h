@@ -23,17 +23,24 @@ struct Image {
     QString name;
     /// What the image shows, for assistive technology; empty when the text beside it says the same.
     QString description;
+    /// The system symbol to show where the image turns out to be missing; empty for the view's own
+    /// placeholder.
+    QString substitute;
 
-    static Image file(QString path) { return {Source::File, std::move(path), {}}; }
-    static Image iconTheme(QString name) { return {Source::IconTheme, std::move(name), {}}; }
+    static Image file(QString path) { return {Source::File, std::move(path), {}, {}}; }
+    static Image iconTheme(QString name) { return {Source::IconTheme, std::move(name), {}, {}}; }
     static Image symbol(QString name, QString description) {
-        return {Source::Symbol, std::move(name), std::move(description)};
+        return {Source::Symbol, std::move(name), std::move(description), {}};
     }
 
     bool isNull() const { return source == Source::None; }
 
-    /// Whether only the shape of the image counts, to be filled with a colour of the palette.
-    bool isTemplate() const { return source == Source::Symbol; }
+    /// Whether only the shape of the image counts, to be filled with a colour of the palette: a
+    /// symbol, or a symbolic icon of the theme.
+    bool isTemplate() const {
+        return source == Source::Symbol ||
+               (source == Source::IconTheme && name.endsWith(QStringLiteral("-symbolic")));
+    }
 
     friend bool operator==(const Image&, const Image&) = default;
 };

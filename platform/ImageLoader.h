@@ -16,7 +16,7 @@ public:
 
     /// The image at `points` × `points` device-independent pixels for a screen of the given scale
     /// factor, its device pixel ratio set accordingly. A null pixmap when the image is missing or
-    /// cannot be decoded. A template image comes as black with an alpha channel.
+    /// cannot be decoded. Of a template image only the alpha channel counts.
     virtual QPixmap load(const Image& image, int points, qreal scale) = 0;
 };
 

@@ -8,6 +8,7 @@
 #include "platform/KeyCapture.h"
 #include "platform/PanelHost.h"
 #include "platform/Screens.h"
+#include "platform/SettingsPanels.h"
 #include "platform/SystemAppearance.h"
 #include "platform/WindowActivator.h"
 #include "platform/WindowBackdrop.h"
@@ -24,6 +25,7 @@ public:
 
     virtual BundleReader& bundleReader() = 0;
     virtual InstalledApplications& installedApplications() = 0;
+    virtual SettingsPanels& settingsPanels() = 0;
     virtual Workspace& workspace() = 0;
     virtual GlobalHotKeys& globalHotKeys() = 0;
     virtual KeyCapture& keyCapture() = 0;

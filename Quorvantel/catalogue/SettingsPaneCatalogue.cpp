@@ -10,11 +10,13 @@ namespace quorvantel {
 
 namespace {
 
-using IconsByExtension = QHash<QString, platform::Image>;
+/// By settings address.
+using PaneIcons = QHash<QString, platform::Image>;
 
-IconsByExtension readExtensionIcons(const platform::BundleReader& bundles,
-                                    const QString& directory) {
-    IconsByExtension icons;
+constexpr QStringView scheme = u"x-apple.systempreferences:";
+
+PaneIcons readExtensionIcons(const platform::BundleReader& bundles, const QString& directory) {
+    PaneIcons icons;
     const QStringList names = bundles.childNames(directory);
     for (const QString& name : names) {
         if (!name.endsWith(QStringLiteral(".appex"))) {
@@ -27,18 +29,18 @@ IconsByExtension readExtensionIcons(const platform::BundleReader& bundles,
         }
         const QVariant identifier = info->value(QStringLiteral("CFBundleIdentifier"));
         if (identifier.typeId() == QMetaType::QString) {
-            icons.insert(identifier.toString(), bundles.icon(path, *info));
+            icons.insert(scheme + identifier.toString(), bundles.icon(path, *info));
         }
     }
     return icons;
 }
 
-platform::Image paneIcon(const SettingsPaneRow& pane, const IconsByExtension& icons) {
-    const QString extension = pane.url.mid(pane.url.indexOf(u':') + 1).toString();
-    platform::Image icon = icons.value(extension);
-    if (extension.isEmpty() || icon.isNull()) {
+platform::Image paneIcon(const SettingsPaneRow& pane, const PaneIcons& icons) {
+    platform::Image icon = icons.value(pane.url.toString());
+    if (icon.isNull()) {
         return platform::Image::symbol(pane.symbol.toString(), pane.name.toString());
     }
+    icon.substitute = pane.symbol.toString();
     return icon;
 }
 
@@ -52,7 +54,7 @@ QStringList paneKeywords(const SettingsPaneRow& pane) {
     return keywords;
 }
 
-LaunchTarget paneTarget(const SettingsPaneRow& pane, const IconsByExtension& icons) {
+LaunchTarget paneTarget(const SettingsPaneRow& pane, const PaneIcons& icons) {
     const QString address = pane.url.toString();
     QUrl url(address, QUrl::StrictMode);
     if (!url.isValid()) {
@@ -65,8 +67,10 @@ LaunchTarget paneTarget(const SettingsPaneRow& pane, const IconsByExtension& ico
 } // namespace
 
 std::vector<LaunchTarget> buildSettingsPaneTargets(const platform::BundleReader& bundles,
-                                                   const QString& extensionsDirectory) {
-    const IconsByExtension icons = readExtensionIcons(bundles, extensionsDirectory);
+                                                   const QString& extensionsDirectory,
+                                                   const platform::SettingsPanels& panels) {
+    PaneIcons icons = panels.installedIcons();
+    icons.insert(readExtensionIcons(bundles, extensionsDirectory));
     std::vector<LaunchTarget> targets;
     for (const SettingsPaneRow& pane : settingsPaneTable()) {
         targets.push_back(paneTarget(pane, icons));
@@ -74,9 +78,10 @@ std::vector<LaunchTarget> buildSettingsPaneTargets(const platform::BundleReader&
     return targets;
 }
 
-const std::vector<LaunchTarget>& settingsPaneTargets(const platform::BundleReader& bundles) {
+const std::vector<LaunchTarget>& settingsPaneTargets(const platform::BundleReader& bundles,
+                                                     const platform::SettingsPanels& panels) {
     static const std::vector<LaunchTarget> targets =
-        buildSettingsPaneTargets(bundles, settingsExtensionsDirectory.toString());
+        buildSettingsPaneTargets(bundles, settingsExtensionsDirectory.toString(), panels);
     return targets;
 }
 

@@ -2,6 +2,7 @@
 
 #include "catalogue/LaunchTarget.h"
 #include "platform/BundleReader.h"
+#include "platform/SettingsPanels.h"
 
 #include <QString>
 
@@ -15,13 +16,17 @@ inline constexpr QStringView settingsExtensionsDirectory =
 
 /// One target for every row of the table of settings panes, in its order.
 ///
-/// A pane whose extension bundle lies in `extensionsDirectory` carries the icon of that bundle,
-/// every other one its symbol; the folder decides about nothing else and may be missing.
+/// A pane whose extension bundle lies in `extensionsDirectory` carries the icon of that bundle, one
+/// that the system shows in a panel of another kind the icon of that panel, and every other one its
+/// symbol. Neither the folder, which may be missing, nor the panels decide about anything else.
 std::vector<LaunchTarget> buildSettingsPaneTargets(const platform::BundleReader& bundles,
-                                                   const QString& extensionsDirectory);
+                                                   const QString& extensionsDirectory,
+                                                   const platform::SettingsPanels& panels);
 
 /// The targets of all settings panes, built on first use with the system's own extensions folder
-/// and kept until the program ends. `bundles` is read by the first call alone. Main thread only.
-const std::vector<LaunchTarget>& settingsPaneTargets(const platform::BundleReader& bundles);
+/// and kept until the program ends. `bundles` and `panels` are read by the first call alone. Main
+/// thread only.
+const std::vector<LaunchTarget>& settingsPaneTargets(const platform::BundleReader& bundles,
+                                                     const platform::SettingsPanels& panels);
 
 } // namespace quorvantel

@@ -26,8 +26,12 @@ constexpr int textGap = 1;
 constexpr int returnHintWidth = 20;
 
 platform::Image placeholderGlyph(const LaunchTarget& target) {
-    if (target.icon().isTemplate()) {
-        return target.icon();
+    const platform::Image& icon = target.icon();
+    if (icon.source == platform::Image::Source::Symbol) {
+        return icon;
+    }
+    if (!icon.substitute.isEmpty()) {
+        return platform::Image::symbol(icon.substitute, {});
     }
     return platform::Image::symbol(
         target.isApp() ? QStringLiteral("app.dashed") : QStringLiteral("gearshape"), {});
@@ -137,16 +141,17 @@ void ResultRowView::drawHighlight(QPainter& painter) const {
 
 void ResultRowView::drawIcon(QPainter& painter, const QRect& frame) const {
     const platform::Image& icon = m_target->icon();
-    if (icon.isNull() || icon.isTemplate()) {
+    if (icon.isNull() || icon.source == platform::Image::Source::Symbol) {
         drawGlyphTile(painter, frame, placeholderGlyph(*m_target));
         return;
     }
-    const auto pixmap = m_icons.pixmap(icon, iconSize, devicePixelRatioF());
+    const int size = icon.isTemplate() ? glyphSize : iconSize;
+    const auto pixmap = m_icons.pixmap(icon, size, devicePixelRatioF());
     if (!pixmap) {
         return;
     }
-    if (pixmap->isNull()) {
-        drawGlyphTile(painter, frame, placeholderGlyph(*m_target));
+    if (pixmap->isNull() || icon.isTemplate()) {
+        drawGlyphTile(painter, frame, pixmap->isNull() ? placeholderGlyph(*m_target) : icon);
         return;
     }
     const QRectF pixels = PixelGrid::aligned(painter, frame);

@@ -75,7 +75,8 @@ void AppDelegate::applyTheme() {
 
 void AppDelegate::buildLauncher() {
     m_engine = std::make_unique<SearchEngine>(m_frecency, &m_learned, m_now);
-    m_engine->setTargets(settingsPaneTargets(m_platform.bundleReader()));
+    m_engine->setTargets(
+        settingsPaneTargets(m_platform.bundleReader(), m_platform.settingsPanels()));
 
     auto view = std::make_unique<LauncherView>(*m_engine, m_platform.screens(), m_theme, m_icons);
     LauncherView* const launcherView = view.get();
@@ -109,7 +110,7 @@ void AppDelegate::reindexIfNeeded(bool force) {
 
 void AppDelegate::runIndex() {
     std::vector<LaunchTarget> targets = m_indexer.scan();
-    const auto& panes = settingsPaneTargets(m_platform.bundleReader());
+    const auto& panes = settingsPaneTargets(m_platform.bundleReader(), m_platform.settingsPanels());
     targets.insert(targets.end(), panes.begin(), panes.end());
     // An application that was installed meanwhile may have brought the icon.
     m_icons.forgetMissing();

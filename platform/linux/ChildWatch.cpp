@@ -7,6 +7,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <memory>
 #include <utility>
 
@@ -18,8 +19,14 @@ namespace {
 constexpr QByteArrayView helperName = "gio-launch-desk";
 constexpr QByteArrayView shellName = "sh";
 
+using Clock = std::chrono::steady_clock;
+
+/// A program that ends within this time of its start shows nothing to its user.
+constexpr std::chrono::seconds atOnce{5};
+
 struct Watched {
     pid_t child;
+    Clock::time_point start;
     LaunchReport report;
 };
 
@@ -35,6 +42,16 @@ bool hasRun(const QByteArray& name, int status) {
     return name != helperName && !(name == shellName && isShellFailure);
 }
 
+/// Says what no one will have seen.
+void reportFailure(const QByteArray& name, int status) {
+    if (WIFSIGNALED(status)) {
+        qWarning("Quorvantel: %s ended at once, by signal %d", name.constData(), WTERMSIG(status));
+    } else if (WEXITSTATUS(status) != 0) {
+        qWarning("Quorvantel: %s ended at once, with status %d", name.constData(),
+                 WEXITSTATUS(status));
+    }
+}
+
 gboolean ended(gint descriptor, GIOCondition /*condition*/, gpointer data) {
     auto& watched = *static_cast<Watched*>(data);
     const QByteArray name = processName(watched.child);
@@ -43,6 +60,9 @@ gboolean ended(gint descriptor, GIOCondition /*condition*/, gpointer data) {
     close(descriptor);
     if (hasRun(name, status)) {
         watched.report.succeed();
+        if (Clock::now() - watched.start < atOnce) {
+            reportFailure(name, status);
+        }
     } else {
         watched.report.fail(QStringLiteral("the program could not be executed"));
     }
@@ -65,7 +85,7 @@ void watchChild(pid_t child, LaunchReport report) {
         return;
     }
     g_unix_fd_add_full(G_PRIORITY_DEFAULT, descriptor, G_IO_IN, ended,
-                       new Watched{child, std::move(report)}, discard);
+                       new Watched{child, Clock::now(), std::move(report)}, discard);
 }
 
 } // namespace quorvantel::platform

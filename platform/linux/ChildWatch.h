@@ -11,7 +11,7 @@ namespace quorvantel::platform {
 ///
 /// GIO executes a program through a helper, "gio-launch-desktop" or a shell, which takes the
 /// program's name when that is executed. A child that ends under the helper's own name never ran
-/// the program.
+/// the program. One line is logged about a program that ran and failed at once.
 void watchChild(pid_t child, LaunchReport report);
 
 } // namespace quorvantel::platform

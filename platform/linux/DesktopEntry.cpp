@@ -15,11 +15,17 @@ bool isIdleTranslation(QByteArrayView line) {
            !line.startsWith("Icon[");
 }
 
+/// Whether a line is needed to tell whether the entry is installed, and its icon.
+bool isAboutIcon(QByteArrayView line) {
+    return line.startsWith("Icon") || line.startsWith("Hidden") || line.startsWith("TryExec") ||
+           line.startsWith('[');
+}
+
 /// The main group of a desktop file and what precedes it. Most of a file, and of the time that
 /// parsing it takes, are translations of comments and of the further actions in other groups.
-QByteArray relevantPart(const QByteArray& content) {
+QByteArray relevantPart(const QByteArray& content, DesktopEntry::Part wanted) {
     QByteArray part;
-    part.reserve(content.size());
+    part.reserve(wanted == DesktopEntry::Part::Icon ? 0 : content.size());
     bool isInMainGroup = false;
     for (qsizetype begin = 0; begin < content.size();) {
         const qsizetype newline = content.indexOf('\n', begin);
@@ -31,7 +37,7 @@ QByteArray relevantPart(const QByteArray& content) {
             }
             isInMainGroup = line == "[Desktop Entry]";
         }
-        if (!isIdleTranslation(line)) {
+        if (wanted == DesktopEntry::Part::Icon ? isAboutIcon(line) : !isIdleTranslation(line)) {
             part.append(content.constData() + begin, end - begin);
         }
         begin = end;
@@ -51,8 +57,8 @@ QString themeName(const QString& icon) {
 
 } // namespace
 
-DesktopEntry::DesktopEntry(const QByteArray& content) : m_file(g_key_file_new()) {
-    const QByteArray part = relevantPart(content);
+DesktopEntry::DesktopEntry(const QByteArray& content, Part wanted) : m_file(g_key_file_new()) {
+    const QByteArray part = relevantPart(content, wanted);
     GError* error = nullptr;
     if (!g_key_file_load_from_data(m_file.get(), part.constData(), static_cast<gsize>(part.size()),
                                    G_KEY_FILE_NONE, &error)) {

@@ -13,9 +13,13 @@ namespace quorvantel::platform {
 /// Texts that a file lacks, or that are not UTF-8, are empty.
 class DesktopEntry {
 public:
+    /// How much of a file is read: what the catalogue lists, or only the icon with the keys Hidden
+    /// and TryExec, which takes a third of the time.
+    enum class Part { All, Icon };
+
     /// `content` is that of the whole file. A file that is none reads as an entry without anything
     /// in it, and says so in `syntaxError`.
-    explicit DesktopEntry(const QByteArray& content);
+    explicit DesktopEntry(const QByteArray& content, Part wanted = Part::All);
 
     /// What is wrong with the file's syntax, in words for a log line; empty when nothing is.
     const QString& syntaxError() const { return m_syntaxError; }

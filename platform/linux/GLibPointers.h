@@ -41,4 +41,10 @@ struct GKeyFileDeleter {
 
 using GKeyFilePointer = std::unique_ptr<GKeyFile, GKeyFileDeleter>;
 
+struct GDirDeleter {
+    void operator()(GDir* directory) const { g_dir_close(directory); }
+};
+
+using GDirPointer = std::unique_ptr<GDir, GDirDeleter>;
+
 } // namespace quorvantel::platform

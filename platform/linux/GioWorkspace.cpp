@@ -17,13 +17,18 @@
 #include <unistd.h>
 
 #include <array>
+#include <chrono>
 #include <utility>
 
 namespace quorvantel::platform {
 
 namespace {
 
+using Clock = std::chrono::steady_clock;
+
 constexpr qint64 maximumEntrySize = qint64{1024} * 1024;
+/// Later than this, the user no longer expects another panel than the one that did not open.
+constexpr std::chrono::seconds panelPatience{2};
 
 /// Milliseconds that an application has to start and to answer.
 constexpr int activationTimeout = 25'000;
@@ -104,9 +109,14 @@ bool isActivatable(GDesktopAppInfo* entry, const QString& path) {
            g_dbus_is_unique_name(name.constData()) == FALSE;
 }
 
+bool announcesStart(GDesktopAppInfo* entry, bool unlessDenied) {
+    constexpr const char* key = G_KEY_FILE_DESKTOP_KEY_STARTUP_NOTIFY;
+    return g_desktop_app_info_get_boolean(entry, key) != FALSE ||
+           (unlessDenied && g_desktop_app_info_has_key(entry, key) == FALSE);
+}
+
 QByteArray announce(StartupNotifier* notifier, GDesktopAppInfo* entry, const QString& path) {
-    if (notifier == nullptr ||
-        g_desktop_app_info_get_boolean(entry, G_KEY_FILE_DESKTOP_KEY_STARTUP_NOTIFY) == FALSE) {
+    if (notifier == nullptr) {
         return {};
     }
     const GText icon(g_desktop_app_info_get_string(entry, G_KEY_FILE_DESKTOP_KEY_ICON));
@@ -151,6 +161,7 @@ void execute(GDesktopAppInfo* entry, const QByteArray& startupId, LaunchReport r
     };
     // It takes the environment over as it is now, before the bus is hidden.
     const auto context = makeLaunchContext(startupId);
+    presentDesktop(context.get(), entry);
     const NullDevice null;
     const HiddenSessionBus hiddenBus;
     GError* error = nullptr;
@@ -166,26 +177,49 @@ void execute(GDesktopAppInfo* entry, const QByteArray& startupId, LaunchReport r
 } // namespace
 
 GioWorkspace::GioWorkspace(const BundleReader& bundles, StartupNotifier* notifier,
-                           SettingsPaneOpener* settings)
+                           const DesktopSettingsPanels& settingsPanels)
     : m_bundles(bundles),
       m_notifier(notifier),
-      m_settings(settings),
+      m_settingsPanels(settingsPanels),
       m_alive(std::make_shared<char>()) {}
 
 void GioWorkspace::openApplication(const QUrl& location, Completion completion) {
     const QString path = location.toLocalFile();
     if (path.endsWith(QStringLiteral(".desktop"))) {
-        openEntry(path, std::move(completion));
+        openEntry(path, StartupNotice::AsDeclared, std::move(completion));
     } else {
         openBundle(path, std::move(completion));
     }
 }
 
 bool GioWorkspace::openSettings(const QUrl& url) {
-    return m_settings != nullptr && m_settings->open(url);
+    QStringList entries = m_settingsPanels.entries(url);
+    if (entries.isEmpty()) {
+        qWarning("Quorvantel: no settings program here shows %s", qUtf8Printable(url.toString()));
+        return false;
+    }
+    openPanel(std::move(entries));
+    return true;
 }
 
-void GioWorkspace::openEntry(const QString& path, Completion completion) {
+void GioWorkspace::openPanel(QStringList entries) {
+    const QString path = entries.takeFirst();
+    const auto report = [this, path, entries, start = Clock::now()](const QString& error) {
+        if (error.isEmpty()) {
+            return;
+        }
+        if (!entries.isEmpty() && Clock::now() - start < panelPatience) {
+            openPanel(entries);
+            return;
+        }
+        qWarning("Quorvantel: failed to open %s: %s", qUtf8Printable(QFileInfo(path).fileName()),
+                 qUtf8Printable(error.simplified()));
+    };
+    // The toolkits of all desktops report the start, though not all of their entries say so.
+    openEntry(path, StartupNotice::UnlessDenied, report);
+}
+
+void GioWorkspace::openEntry(const QString& path, StartupNotice notice, Completion completion) {
     // GIO would wait for the writer of a FIFO.
     const GObjectPointer<GDesktopAppInfo> entry(
         QFileInfo(path).isFile()
@@ -195,7 +229,9 @@ void GioWorkspace::openEntry(const QString& path, Completion completion) {
         LaunchReport(m_alive, std::move(completion), nullptr, {}).fail(entryProblem(path));
         return;
     }
-    const QByteArray startupId = announce(m_notifier, entry.get(), path);
+    const bool isAnnounced = announcesStart(entry.get(), notice == StartupNotice::UnlessDenied);
+    const QByteArray startupId =
+        isAnnounced ? announce(m_notifier, entry.get(), path) : QByteArray();
     LaunchReport report(m_alive, std::move(completion), m_notifier, startupId);
     GDBusConnection* const bus = m_bus.get();
     if (bus != nullptr && isActivatable(entry.get(), path)) {

@@ -2,8 +2,8 @@
 
 #include "platform/BundleReader.h"
 #include "platform/Workspace.h"
+#include "platform/linux/DesktopSettingsPanels.h"
 #include "platform/linux/SessionBusConnection.h"
-#include "platform/linux/SettingsPaneOpener.h"
 #include "platform/linux/StartupNotifier.h"
 
 #include <memory>
@@ -19,21 +19,28 @@ namespace quorvantel::platform {
 /// when that helper ends.
 class GioWorkspace final : public Workspace {
 public:
-    /// `bundles`, and the others unless they are null, outlive the workspace.
+    /// All outlive the workspace; `notifier` may be null.
     GioWorkspace(const BundleReader& bundles, StartupNotifier* notifier,
-                 SettingsPaneOpener* settings);
+                 const DesktopSettingsPanels& settingsPanels);
 
     /// `location` is the file URL of a desktop entry or of a bundle.
     void openApplication(const QUrl& location, Completion completion) override;
+
+    /// Starts the first installed program that can show the address and can be started. When there
+    /// is none, one line is logged.
     bool openSettings(const QUrl& url) override;
 
 private:
-    void openEntry(const QString& path, Completion completion);
+    /// Whether a program whose entry does not say that it reports its start does so all the same.
+    enum class StartupNotice { AsDeclared, UnlessDenied };
+
+    void openEntry(const QString& path, StartupNotice notice, Completion completion);
+    void openPanel(QStringList entries);
     void openBundle(const QString& path, Completion completion);
 
     const BundleReader& m_bundles;
     StartupNotifier* m_notifier;
-    SettingsPaneOpener* m_settings;
+    const DesktopSettingsPanels& m_settingsPanels;
     SessionBusConnection m_bus;
     std::shared_ptr<const void> m_alive;
 };

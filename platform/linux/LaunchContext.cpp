@@ -1,5 +1,7 @@
 #include "platform/linux/LaunchContext.h"
 
+#include <QByteArrayList>
+
 namespace quorvantel::platform {
 
 GObjectPointer<GAppLaunchContext> makeLaunchContext(const QByteArray& startupId) {
@@ -13,6 +15,20 @@ GObjectPointer<GAppLaunchContext> makeLaunchContext(const QByteArray& startupId)
         }
     }
     return context;
+}
+
+void presentDesktop(GAppLaunchContext* context, GDesktopAppInfo* entry) {
+    const GTextList desktops(
+        g_desktop_app_info_get_string_list(entry, G_KEY_FILE_DESKTOP_KEY_ONLY_SHOW_IN, nullptr));
+    if (!desktops || desktops.get()[0] == nullptr) {
+        return;
+    }
+    for (const QByteArray& running : qgetenv("XDG_CURRENT_DESKTOP").split(':')) {
+        if (g_strv_contains(desktops.get(), running.constData()) != FALSE) {
+            return;
+        }
+    }
+    g_app_launch_context_setenv(context, "XDG_CURRENT_DESKTOP", desktops.get()[0]);
 }
 
 } // namespace quorvantel::platform

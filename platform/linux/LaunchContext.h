@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 
+#include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
 
 namespace quorvantel::platform {
@@ -14,5 +15,9 @@ namespace quorvantel::platform {
 /// The ID is that of the Startup Notification Protocol and goes to an entry that announces support
 /// for it (StartupNotify); an empty one means that the start was not announced.
 GObjectPointer<GAppLaunchContext> makeLaunchContext(const QByteArray& startupId);
+
+/// Has the program of an entry that is made for certain desktops alone (OnlyShowIn), and not for
+/// the running one, believe that it runs on its own: some settings programs end at once otherwise.
+void presentDesktop(GAppLaunchContext* context, GDesktopAppInfo* entry);
 
 } // namespace quorvantel::platform

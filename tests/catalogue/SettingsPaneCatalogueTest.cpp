@@ -1,6 +1,7 @@
 #include "catalogue/SettingsPaneCatalogue.h"
 
 #include "catalogue/FakeBundleReader.h"
+#include "catalogue/FakeSettingsPanels.h"
 
 #include <QSet>
 
@@ -23,7 +24,7 @@ const LaunchTarget& pane(const std::vector<LaunchTarget>& targets, const QString
 
 TEST(SettingsPaneCatalogueTest, ListsEveryPaneWithItsSymbolWhereThereAreNoExtensions) {
     const std::vector<LaunchTarget> targets =
-        buildSettingsPaneTargets(FakeBundleReader(), u"/no"_s);
+        buildSettingsPaneTargets(FakeBundleReader(), u"/no"_s, FakeSettingsPanels());
     ASSERT_EQ(targets.size(), 38U);
     EXPECT_EQ(targets.front().displayName(), u"Wi-Fi"_s);
     EXPECT_EQ(targets.back().displayName(), u"Transfer or Reset"_s);
@@ -44,7 +45,7 @@ TEST(SettingsPaneCatalogueTest, ListsEveryPaneWithItsSymbolWhereThereAreNoExtens
 
 TEST(SettingsPaneCatalogueTest, KeepsTheTextsThatUsersSearchFor) {
     const std::vector<LaunchTarget> targets =
-        buildSettingsPaneTargets(FakeBundleReader(), u"/no"_s);
+        buildSettingsPaneTargets(FakeBundleReader(), u"/no"_s, FakeSettingsPanels());
     EXPECT_EQ(pane(targets, u"Network"_s).searchKeys().back(), u"Wi-Fi"_s);
     EXPECT_EQ(pane(targets, u"Sharing"_s).searchKeys().size(), 9);
     EXPECT_EQ(pane(targets, u"Sharing"_s).searchKeys().back(), u"AirPlay Receiver"_s);
@@ -54,7 +55,7 @@ TEST(SettingsPaneCatalogueTest, KeepsTheTextsThatUsersSearchFor) {
               pane(targets, u"Game Controllers"_s).icon().name);
 }
 
-TEST(SettingsPaneCatalogueTest, TakesTheIconOfAnInstalledExtension) {
+TEST(SettingsPaneCatalogueTest, TakesTheIconOfAnInstalledExtensionOrPanel) {
     FakeBundleReader bundles;
     const auto add = [&](const QString& name, const QVariant& identifier) {
         bundles.add({u"/ext/"_s + name, {{u"CFBundleIdentifier"_s, identifier}}, {}});
@@ -64,20 +65,28 @@ TEST(SettingsPaneCatalogueTest, TakesTheIconOfAnInstalledExtension) {
     add(u"Broken.appex"_s, 5LL);
     bundles.addUnreadable(u"/ext/Siri.appex"_s);
 
-    const std::vector<LaunchTarget> targets = buildSettingsPaneTargets(bundles, u"/ext"_s);
+    FakeSettingsPanels panels;
+    for (const QString& name : {u"Sound"_s, u"Battery"_s}) {
+        panels.icons.insert(
+            u"x-apple.systempreferences:com.apple.%1-Settings.extension"_s.arg(name),
+            platform::Image::iconTheme(u"panel"_s));
+    }
+    const std::vector<LaunchTarget> targets = buildSettingsPaneTargets(bundles, u"/ext"_s, panels);
     EXPECT_EQ(targets.size(), 38U);
-    EXPECT_EQ(pane(targets, u"Sound"_s).icon(), platform::Image::file(u"/ext/Sound.appex"_s));
+    EXPECT_EQ(pane(targets, u"Sound"_s).icon().name, u"/ext/Sound.appex"_s);
+    EXPECT_EQ(pane(targets, u"Battery"_s).icon().name, u"panel"_s);
+    EXPECT_EQ(pane(targets, u"Battery"_s).icon().substitute, u"battery.100"_s);
     EXPECT_EQ(pane(targets, u"Focus"_s).icon(), platform::Image::symbol(u"moon"_s, u"Focus"_s));
     EXPECT_EQ(pane(targets, u"Siri"_s).icon(), platform::Image::symbol(u"waveform"_s, u"Siri"_s));
 }
 
 TEST(SettingsPaneCatalogueTest, IsBuiltOnceForTheProcess) {
     FakeBundleReader bundles;
-    const auto& first = settingsPaneTargets(bundles);
+    const auto& first = settingsPaneTargets(bundles, FakeSettingsPanels());
     bundles.add({settingsExtensionsDirectory.toString() + u"/Sound.appex"_s,
                  {{u"CFBundleIdentifier"_s, u"com.apple.Sound-Settings.extension"_s}},
                  {}});
-    const auto& second = settingsPaneTargets(bundles);
+    const auto& second = settingsPaneTargets(bundles, FakeSettingsPanels());
     EXPECT_EQ(&first, &second);
     EXPECT_TRUE(pane(second, u"Sound"_s).icon().isTemplate());
 }

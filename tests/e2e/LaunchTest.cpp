@@ -114,6 +114,23 @@ TEST_F(LaunchTest, TwoPicksOfTheSecondResultPutItOnTopEvenAfterARestart) {
     EXPECT_NEAR(launchWeight(zealionArc), 4.0, 1e-3);
 }
 
+TEST_F(LaunchTest, APaneOpensInTheSettingsOfTheDesktop) {
+    qputenv("XDG_CURRENT_DESKTOP", "XFCE");
+    for (const char* const entry : {"kcm_clock", "xfce-settings-manager"}) {
+        session.addApplication(QLatin1StringView(entry), zinc);
+    }
+    session.start();
+    session.summon();
+    session.keyboard().type("control center");
+    EXPECT_TRUE(session.waitForPanelHeight(panelHeight(1)));
+    session.keyboard().press({XK_Return});
+    EXPECT_THAT(session.waitForRuns(QStringLiteral("xfce-settings-manager"), 1), SizeIs(1));
+    EXPECT_TRUE(session.waitForDismissal());
+    EXPECT_DOUBLE_EQ(launchWeight(QStringLiteral(
+                         "x-apple.systempreferences:com.apple.ControlCenter-Settings.extension")),
+                     1.0);
+}
+
 TEST_F(LaunchTest, AClickOnARowLaunchesIt) {
     session.start();
     session.summon();

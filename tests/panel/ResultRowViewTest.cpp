@@ -43,12 +43,17 @@ TEST_F(ResultRowViewTest, ShowsAnIconAsItIsAndATemplateAsATintedTile) {
     setTarget(platform::Image::iconTheme(u"editor"_s));
     EXPECT_EQ(iconColor(), QColor(Qt::red));
     const QColor accent = look.theme.theme().accent.toQColor();
-    setTarget(platform::Image::symbol(u"wifi"_s, {}));
-    EXPECT_EQ(iconColor().rgb(), accent.rgb());
-    setTarget(platform::Image::iconTheme(u"missing"_s));
-    EXPECT_EQ(iconColor().rgb(), accent.rgb());
-    setTarget({});
-    EXPECT_EQ(iconColor().rgb(), accent.rgb());
+    for (const platform::Image& icon :
+         {platform::Image::symbol(u"wifi"_s, {}), platform::Image::iconTheme(u"wifi-symbolic"_s),
+          platform::Image::iconTheme(u"missing"_s), platform::Image()}) {
+        setTarget(icon);
+        EXPECT_EQ(iconColor().rgb(), accent.rgb()) << icon.name.toStdString();
+    }
+    const QRgb tile = colorAt({12 + 14, 24 - 12}).rgb();
+    platform::Image substituted = platform::Image::iconTheme(u"missing"_s);
+    substituted.substitute = u"missing"_s;
+    setTarget(substituted);
+    EXPECT_EQ(iconColor().rgb(), tile) << "its own substitute, which is missing as well";
 }
 
 TEST_F(ResultRowViewTest, TheTileAroundAGlyphStandsOutFromEveryRow) {

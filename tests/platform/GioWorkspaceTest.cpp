@@ -2,6 +2,7 @@
 
 #include "platform/linux/GLibPointers.h"
 #include "platform/linux/PropertyListBundleReader.h"
+#include "support/LogLines.h"
 #include "support/SessionBus.h"
 #include "support/TestFiles.h"
 #include "support/WaitUntil.h"
@@ -52,16 +53,6 @@ public:
 
     QByteArrayList begun;
     QByteArrayList failed;
-};
-
-class RecordingOpener final : public SettingsPaneOpener {
-public:
-    bool open(const QUrl& url) override {
-        opened.append(url);
-        return true;
-    }
-
-    QList<QUrl> opened;
 };
 
 /// An application's part in its activation: writes the call down and answers it.
@@ -144,8 +135,8 @@ protected:
 
     PropertyListBundleReader bundles;
     RecordingNotifier notifier;
-    RecordingOpener settings;
-    std::optional<GioWorkspace> workspace{std::in_place, bundles, &notifier, &settings};
+    const DesktopSettingsPanels panels{{}, {}};
+    std::optional<GioWorkspace> workspace{std::in_place, bundles, &notifier, panels};
     QStringList errors;
 };
 
@@ -237,7 +228,7 @@ TEST_F(GioWorkspaceTest, ActivatesAnEntryByTheSessionBus) {
                   " activated\n");
     const SessionBus bus(inHome({}));
     qputenv("DBUS_SESSION_BUS_ADDRESS", bus.address().toUtf8());
-    workspace.emplace(bundles, &notifier, nullptr);
+    workspace.emplace(bundles, &notifier, panels);
     for (const QString& name : {u"org.example.Silent"_s, u"org.example.Missing"_s}) {
         const QString path = inHome(name + u".desktop"_s);
         QFile::copy(writeEntry("sh -c 'exit 0'", "DBusActivatable=true"), path);
@@ -280,7 +271,7 @@ TEST_F(GioWorkspaceTest, ExecutesAnActivatableEntryWhereNoBusAnswers) {
     QFile::rename(writeEntry(recorder(), "DBusActivatable=true"), path);
     for (const QByteArray& address : {stopped.address().toUtf8(), QByteArray("unix:path=/none")}) {
         qputenv("DBUS_SESSION_BUS_ADDRESS", address);
-        workspace.emplace(bundles, &notifier, nullptr);
+        workspace.emplace(bundles, &notifier, panels);
         errors.clear();
         open(path);
         ASSERT_TRUE(hasReported());
@@ -291,11 +282,89 @@ TEST_F(GioWorkspaceTest, ExecutesAnActivatableEntryWhereNoBusAnswers) {
     stopped.signal(SIGCONT);
 }
 
-TEST_F(GioWorkspaceTest, HandsSettingsAddressesOn) {
-    const QUrl url(u"x-apple.systempreferences:com.apple.Sound-Settings.extension"_s);
-    EXPECT_TRUE(workspace->openSettings(url));
-    EXPECT_EQ(settings.opened, QList<QUrl>{url});
-    EXPECT_FALSE(GioWorkspace(bundles, nullptr, nullptr).openSettings(url));
+/// A desktop and the panel that shows its displays.
+struct DisplaysPanel {
+    QByteArray currentDesktops;
+    QString entry;
+    QByteArray command;
+};
+
+const DisplaysPanel displaysPanels[]{
+    {"KDE", u"kcm_kscreen"_s, "systemsettings kcm_kscreen"},
+    {"XFCE", u"xfce-display-settings"_s, "xfce4-display-settings\nOnlyShowIn=XFCE;"},
+    {"mate", u"mate-display-properties"_s, "mate-display-properties\nStartupNotify=true"},
+    {"LXQt", u"lxqt-config-monitor"_s, "lxqt-config-monitor"},
+    {"X-Cinnamon", u"cinnamon-display-panel"_s, "cinnamon-settings display"},
+    {"ubuntu:GNOME", u"gnome-display-panel"_s, "gnome-control-center display\nNoDisplay=true"},
+};
+
+class SettingsPanelTest : public GioWorkspaceTest {
+protected:
+    SettingsPanelTest() { qputenv("PATH", QFile::encodeName(inHome(u"bin"_s)) + ":/usr/bin:/bin"); }
+
+    /// Installs an entry, and its program unless that is to be missing.
+    static void install(const QString& entry, const QByteArray& command, bool hasProgram = true) {
+        writeFile(inHome(u"panels/"_s + entry + u".desktop"_s),
+                  "[Desktop Entry]\nType=Application\nName=Panel\nExec=" + command + '\n');
+        const QByteArray program = command.split('\n').front().split(' ').front();
+        if (hasProgram) {
+            writeProgram(inHome(u"bin/"_s + QFile::decodeName(program)), recordingScript);
+        }
+    }
+
+    bool openDisplays(const QByteArray& currentDesktops) {
+        QFile::remove(inHome(u"record/done"_s));
+        qputenv("XDG_CURRENT_DESKTOP", currentDesktops);
+        installed.emplace(QStringList{inHome(u"panels"_s)}, currentDesktops);
+        workspace.emplace(bundles, &notifier, *installed);
+        const QUrl url(u"x-apple.systempreferences:com.apple.Displays-Settings.extension"_s);
+        return workspace->openSettings(url);
+    }
+
+    bool hasRun() const {
+        return waitUntil([] { return QFile::exists(inHome(u"record/done"_s)) && !hasChildren(); });
+    }
+
+    std::optional<DesktopSettingsPanels> installed;
+    LogLines log{u"Quorvantel: "_s};
+};
+
+TEST_F(SettingsPanelTest, OpensThePanelOfTheRunningDesktop) {
+    for (const DisplaysPanel& panel : displaysPanels) {
+        install(panel.entry, panel.command);
+    }
+    for (const DisplaysPanel& panel : displaysPanels) {
+        ASSERT_TRUE(openDisplays(panel.currentDesktops));
+        ASSERT_TRUE(hasRun()) << panel.currentDesktops.toStdString();
+        const QByteArrayList command = panel.command.split('\n').front().split(' ');
+        EXPECT_EQ(record(u"arguments"_s), QByteArrayList{command.value(1)});
+        EXPECT_EQ(notifier.begun.back(), "Panel|" + panel.entry.toUtf8() + ".desktop|");
+        const QByteArrayList environment = record(u"environment"_s, '\0');
+        EXPECT_TRUE(environment.contains("XDG_ACTIVATION_TOKEN=startup-id_TIME7"));
+        EXPECT_TRUE(environment.contains("XDG_CURRENT_DESKTOP=" + panel.currentDesktops));
+        EXPECT_NE(record(u"session"_s).value(0).toInt(), getsid(0));
+    }
+    EXPECT_TRUE(log.lines().isEmpty());
+}
+
+TEST_F(SettingsPanelTest, PassesOverWhatCannotShowThePane) {
+    EXPECT_FALSE(openDisplays("GNOME"));
+    EXPECT_EQ(log.lines().size(), 1);
+
+    install(u"gnome-display-panel"_s, "gnome-control-center display", false);
+    EXPECT_TRUE(openDisplays("GNOME"));
+    EXPECT_EQ(log.lines().size(), 2) << "the program is missing";
+
+    install(u"arandr"_s, "arandr\nHidden=true");
+    install(u"systemsettings"_s, "systemsettings\nOnlyShowIn=KDE;\nStartupNotify=false");
+    qputenv("STATUS", "3");
+    EXPECT_TRUE(openDisplays("GNOME"));
+    ASSERT_TRUE(hasRun());
+    EXPECT_TRUE(record(u"environment"_s, '\0').contains("XDG_CURRENT_DESKTOP=KDE"));
+    EXPECT_EQ(notifier.begun.size(), 0)
+        << "the only entry with a program does not report its start";
+    EXPECT_EQ(log.lines().size(), 3) << "the program failed at once";
+    qunsetenv("STATUS");
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/FakeBundleReader.h"
+#include "catalogue/FakeSettingsPanels.h"
 #include "platform/Platform.h"
 #include "support/FakeHotKeys.h"
 #include "support/FakeLook.h"
@@ -90,6 +91,7 @@ class FakePlatform : public platform::Platform {
 public:
     platform::BundleReader& bundleReader() override { return bundles; }
     platform::InstalledApplications& installedApplications() override { return applications; }
+    platform::SettingsPanels& settingsPanels() override { return panels; }
     platform::Workspace& workspace() override { return fakeWorkspace; }
     platform::GlobalHotKeys& globalHotKeys() override { return hotKeys; }
     platform::ClickMonitor& clickMonitor() override { return clicks; }
@@ -103,6 +105,7 @@ public:
 
     FakeBundleReader bundles;
     FakeApplications applications;
+    FakeSettingsPanels panels;
     FakeWorkspace fakeWorkspace;
     FakeHotKeys hotKeys;
     FakeClicks clicks;

@@ -2,6 +2,7 @@
 
 #include "catalogue/SettingsPaneCatalogue.h"
 #include "panel/LauncherLayout.h"
+#include "platform/linux/DesktopSettingsPanels.h"
 #include "platform/linux/PropertyListBundleReader.h"
 #include "tools/gallery/Backdrop.h"
 #include "tools/gallery/PanelStage.h"
@@ -54,7 +55,8 @@ Targets desktopTargets() {
         {u"Podcasts", u"recorder"},
     });
     const platform::PropertyListBundleReader bundles;
-    const Targets panes = buildSettingsPaneTargets(bundles, {});
+    const platform::DesktopSettingsPanels noPanels({}, {});
+    const Targets panes = buildSettingsPaneTargets(bundles, {}, noPanels);
     result.insert(result.end(), panes.begin(), panes.end());
     return result;
 }

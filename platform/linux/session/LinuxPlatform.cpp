@@ -16,7 +16,7 @@ LinuxPlatform::LinuxPlatform(const X11Display& display)
       m_windowBackdrop(display),
       m_windowActivator(display, m_userTime),
       m_startupNotifier(display, m_userTime),
-      m_workspace(m_bundleReader, &m_startupNotifier, nullptr),
+      m_workspace(m_bundleReader, &m_startupNotifier, m_settingsPanels),
       m_screens(display) {}
 
 std::unique_ptr<Platform> makePlatform() {

@@ -2,6 +2,7 @@
 
 #include "platform/Platform.h"
 #include "platform/linux/DesktopEntryApplications.h"
+#include "platform/linux/DesktopSettingsPanels.h"
 #include "platform/linux/GioWorkspace.h"
 #include "platform/linux/PropertyListBundleReader.h"
 #include "platform/linux/gui/IconThemeImageLoader.h"
@@ -29,6 +30,7 @@ public:
 
     BundleReader& bundleReader() override { return m_bundleReader; }
     InstalledApplications& installedApplications() override { return m_installedApplications; }
+    SettingsPanels& settingsPanels() override { return m_settingsPanels; }
     Workspace& workspace() override { return m_workspace; }
     GlobalHotKeys& globalHotKeys() override { return m_hotKeys; }
     KeyCapture& keyCapture() override { return m_keyCapture; }
@@ -55,6 +57,7 @@ private:
     X11StartupNotifier m_startupNotifier;
     PropertyListBundleReader m_bundleReader;
     DesktopEntryApplications m_installedApplications;
+    DesktopSettingsPanels m_settingsPanels;
     GioWorkspace m_workspace;
     X11Screens m_screens;
     PaletteSystemAppearance m_paletteAppearance;
