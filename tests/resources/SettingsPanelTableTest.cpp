@@ -12,19 +12,12 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr const char* knownDesktops[]{"KDE", "XFCE", "MATE", "LXQt", "X-Cinnamon", "GNOME"};
-
-/// The desktop entries that are known to exist, those of Debian 12 or those of elsewhere.
-QSet<QString> recordedNames(bool isUpstream) {
-    QSet<QString> names;
-    for (const QString& line :
-         QString::fromUtf8(testing::readFile(QStringLiteral(PANEL_NAMES))).split(u'\n')) {
-        const QStringList words = line.split(u' ');
-        if (!line.startsWith(u'#') && line.startsWith(u"upstream:"_s) == isUpstream) {
-            names += QSet<QString>(words.begin(), words.end());
-        }
-    }
-    return names;
+/// The desktop entries that are known to exist: those of Debian 12, or those of elsewhere as well.
+QSet<QByteArray> recordedNames(bool withUpstream) {
+    const QByteArray text = testing::readFile(QStringLiteral(PANEL_NAMES));
+    const QByteArrayList names =
+        text.left(withUpstream ? text.size() : text.indexOf("upstream:")).simplified().split(' ');
+    return {names.begin(), names.end()};
 }
 
 class SettingsPanelTableTest : public ::testing::Test {
@@ -32,7 +25,7 @@ protected:
     /// What shows a pane on a desktop with all that Debian 12 has.
     SettingsPanel shown(const QString& pane, const QByteArray& desktops) const {
         for (const SettingsPanel& panel : table.panels(pane, desktops)) {
-            if (inDebian.contains(panel.entry)) {
+            if (inDebian.contains(panel.entry.toUtf8())) {
                 return panel;
             }
         }
@@ -44,33 +37,27 @@ protected:
     }
 
     const SettingsPanelTable table = SettingsPanelTable::builtIn();
-    const QSet<QString> inDebian = recordedNames(false);
+    const QSet<QByteArray> inDebian = recordedNames(false);
 };
 
 TEST_F(SettingsPanelTableTest, NamesEntriesThatExistForEveryPaneInTheCatalogue) {
-    QSet<QString> unknown;
+    const QSet<QByteArray> known = recordedNames(true);
     QStringList panes;
     for (const SettingsPaneRow& row : settingsPaneTable()) {
         panes.append(row.url.toString().remove(u"x-apple.systempreferences:com.apple."_s));
         for (const SettingsPanel& panel : table.panels(panes.back(), {})) {
-            unknown.insert(panel.entry);
+            EXPECT_TRUE(known.contains(panel.entry.toUtf8())) << panel.entry.toStdString();
         }
     }
     EXPECT_EQ(table.panes(), panes);
-    unknown -= inDebian;
-    unknown -= recordedNames(true);
-    EXPECT_TRUE(unknown.isEmpty()) << unknown.values().join(u' ').toStdString();
 }
 
 TEST_F(SettingsPanelTableTest, ShowsThePanesThatEveryDesktopHas) {
-    for (const char* const desktop : knownDesktops) {
-        for (const char* const pane :
-             {"wifi-settings-extension", "BluetoothSettings", "Notifications-Settings.extension",
-              "Sound-Settings.extension", "Appearance-Settings.extension",
-              "Displays-Settings.extension", "Battery-Settings.extension",
-              "Users-Groups-Settings.extension", "Date-Time-Settings.extension",
-              "Print-Scan-Settings.extension", "Mouse-Settings.extension"}) {
-            EXPECT_TRUE(shown(QLatin1StringView(pane), desktop).isPane) << desktop << ' ' << pane;
+    for (const char* const desktop : {"KDE", "XFCE", "MATE", "LXQt", "X-Cinnamon", "GNOME"}) {
+        for (const char* const name : {"Notifications", "Sound", "Appearance", "Displays",
+                                       "Battery", "Users-Groups", "Print-Scan", "Mouse"}) {
+            const QString pane = QLatin1StringView(name) + u"-Settings.extension"_s;
+            EXPECT_TRUE(shown(pane, desktop).isPane) << desktop << ' ' << name;
         }
         const SettingsPanel overview = shown(u"ControlCenter-Settings.extension"_s, desktop);
         EXPECT_FALSE(overview.entry.isEmpty() || overview.isPane) << desktop;
