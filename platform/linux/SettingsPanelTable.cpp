@@ -69,6 +69,8 @@ std::vector<SettingsPanel> SettingsPanelTable::panels(const QString& pane,
     if (found < 0) {
         return panels;
     }
+    // This is done for every pane while the launcher starts.
+    panels.reserve(64);
     const auto add = [&panels, row = static_cast<std::size_t>(found)](const Column& column,
                                                                       bool isPane) {
         std::ranges::copy_if(column.cells[row], std::back_inserter(panels),
