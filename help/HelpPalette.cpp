@@ -32,7 +32,7 @@ QPalette paletteFor(const HelpStyle& style) {
     palette.setColor(QPalette::Disabled, QPalette::Light, Qt::transparent);
     palette.setColor(QPalette::PlaceholderText, style.secondaryText);
     palette.setColor(QPalette::Highlight, style.accent);
-    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::HighlightedText, style.selectedText);
     palette.setColor(QPalette::Link, style.accent);
     palette.setColor(QPalette::LinkVisited, style.accent);
     palette.setColor(QPalette::Mid, style.separator);

@@ -19,8 +19,10 @@ struct HelpStyle {
     QColor secondaryText;
     /// Hairlines and borders.
     QColor separator;
-    /// Links and the focus ring.
+    /// Links, the focus ring and what is behind selected text.
     QColor accent;
+    /// Text that is selected, on the accent.
+    QColor selectedText;
     /// Behind the row of the topic that is shown.
     QColor selectionFill;
     /// Behind the row under the mouse.

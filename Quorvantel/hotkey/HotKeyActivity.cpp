@@ -3,12 +3,12 @@
 namespace quorvantel {
 
 void HotKeyActivity::set(const std::optional<HotKeyBinding>& active,
-                         const std::optional<HotKeyError>& error) {
-    if (active == m_active && error == m_error) {
+                         const std::optional<HotKeyError>& failure) {
+    if (active == m_active && failure == m_failure) {
         return;
     }
     m_active = active;
-    m_error = error;
+    m_failure = failure;
     Q_EMIT changed();
 }
 

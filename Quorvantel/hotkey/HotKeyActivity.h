@@ -9,8 +9,9 @@
 
 namespace quorvantel {
 
-/// Which hotkey summons the launcher now, and why the one in the settings does not. Whoever
-/// registers the hotkey keeps it up to date; the settings window shows it. Main thread only.
+/// Which hotkey summons the launcher now, and why the one in the settings does not, be it refused
+/// or lost later. Whoever registers the hotkey keeps it up to date; the settings window shows it.
+/// Main thread only.
 class HotKeyActivity : public QObject {
     Q_OBJECT
 
@@ -20,17 +21,17 @@ public:
     /// The hotkey that works; absent when none does.
     const std::optional<HotKeyBinding>& active() const { return m_active; }
 
-    /// Why the hotkey in the settings could not be registered; absent when it works.
-    const std::optional<HotKeyError>& error() const { return m_error; }
+    /// Why the hotkey in the settings does not work; absent when it does.
+    const std::optional<HotKeyError>& failure() const { return m_failure; }
 
-    void set(const std::optional<HotKeyBinding>& active, const std::optional<HotKeyError>& error);
+    void set(const std::optional<HotKeyBinding>& active, const std::optional<HotKeyError>& failure);
 
 Q_SIGNALS:
     void changed();
 
 private:
     std::optional<HotKeyBinding> m_active;
-    std::optional<HotKeyError> m_error;
+    std::optional<HotKeyError> m_failure;
 };
 
 } // namespace quorvantel

@@ -1,7 +1,9 @@
 #include "hotkey/HotKeyRecorderView.h"
 
 #include "drawing/ContinuousCorners.h"
+#include "settings/ControlColors.h"
 #include "settings/EaseInOut.h"
+#include "settings/FocusRing.h"
 #include "settings/InterfaceFont.h"
 
 #include <QPainter>
@@ -38,15 +40,12 @@ ThemeColor withOpacity(ThemeColor color, double opacity) {
 
 HotKeyRecorderView::HotKeyRecorderView(AppSettings& settings, platform::KeyCapture& keyCapture,
                                        const ThemedRoot& theme, IconCache& icons, QWidget* parent)
-    : QPushButton(parent),
+    : ThemedButton({}, theme, parent),
       m_settings(settings),
       m_keyCapture(keyCapture),
-      m_theme(theme),
       m_icons(icons) {
     setCursor(Qt::PointingHandCursor);
     setFocusPolicy(Qt::StrongFocus);
-    setAutoDefault(true); // Return presses it as well as Space.
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setAccessibleName(QStringLiteral("Summon hotkey"));
     m_pulse.setStartValue(1.0);
     m_pulse.setEndValue(faintestPulse);
@@ -62,7 +61,6 @@ HotKeyRecorderView::HotKeyRecorderView(AppSettings& settings, platform::KeyCaptu
     connect(this, &QPushButton::clicked, this, [this] { setState(m_state.clicked()); });
     connect(&settings, &AppSettings::hotKeyBindingChanged, this,
             &HotKeyRecorderView::describeToAssistiveTechnology);
-    connect(&theme, &ThemedRoot::themeChanged, this, qOverload<>(&QWidget::update));
     describeToAssistiveTechnology();
 }
 
@@ -94,33 +92,34 @@ void HotKeyRecorderView::cancelRecording() {
 
 platform::KeyCapture::Fate HotKeyRecorderView::handlePress(const platform::KeyPress& press) {
     const RecordedKey recorded = record(press);
-    if (recorded.binding) {
-        m_settings.setHotKeyBinding(*recorded.binding);
-    }
+    const bool isAgain = recorded.binding && !m_settings.setHotKeyBinding(*recorded.binding);
     setState(recorded.state);
+    if (isAgain) {
+        Q_EMIT recordedAgain();
+    }
     return recorded.fate;
 }
 
 void HotKeyRecorderView::enterEvent(QEnterEvent* event) {
-    QPushButton::enterEvent(event);
+    ThemedButton::enterEvent(event);
     m_isHovering = true;
     update();
 }
 
 void HotKeyRecorderView::leaveEvent(QEvent* event) {
-    QPushButton::leaveEvent(event);
+    ThemedButton::leaveEvent(event);
     m_isHovering = false;
     update();
 }
 
 void HotKeyRecorderView::hideEvent(QHideEvent* event) {
-    cancelRecording();
-    QPushButton::hideEvent(event);
+    showHotKey();
+    ThemedButton::hideEvent(event);
 }
 
 void HotKeyRecorderView::focusOutEvent(QFocusEvent* event) {
     cancelRecording();
-    QPushButton::focusOutEvent(event);
+    ThemedButton::focusOutEvent(event);
 }
 
 QString HotKeyRecorderView::shownText() const {
@@ -131,8 +130,13 @@ QString HotKeyRecorderView::shownText() const {
     return message == nullptr ? m_settings.hotKeyBinding().displayText() : *message;
 }
 
+void HotKeyRecorderView::setRemark(const QString& remark) {
+    m_remark = remark;
+    describeToAssistiveTechnology();
+}
+
 void HotKeyRecorderView::describeToAssistiveTechnology() {
-    setAccessibleDescription(shownText());
+    setAccessibleDescription(QStringList{shownText(), m_remark}.join(u'\n').trimmed());
     update();
 }
 
@@ -141,53 +145,65 @@ void HotKeyRecorderView::paintEvent(QPaintEvent* /*event*/) {
     painter.setRenderHint(QPainter::Antialiasing);
     drawField(painter);
 
-    const ResolvedTheme& theme = m_theme.theme();
     QRect text = rect().adjusted(horizontalPadding, 0, -horizontalPadding, 0);
     if (m_state.isRecording()) {
         drawIndicator(painter);
         text.adjust(static_cast<int>(indicatorSize) + indicatorSpacing, 0, 0, 0);
     }
     painter.setFont(interfaceFont(fontSize));
-    painter.setPen((m_state.isRecording() ? theme.secondaryText : theme.primaryText).toQColor());
+    const ThemeColor color =
+        m_state.isRecording() ? controlColors(theme()).secondary : theme().primaryText;
+    painter.setPen(color.toQColor());
     painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shownText());
-    if (m_state.errorMessage() == nullptr) {
-        drawGlyph(painter);
-    }
+    drawGlyph(painter);
 }
 
 void HotKeyRecorderView::drawField(QPainter& painter) const {
-    const ResolvedTheme& theme = m_theme.theme();
-    const bool isActive = m_state.isRecording() || m_state.errorMessage() != nullptr;
-    const ThemeColor fill =
-        isActive ? withOpacity(theme.accent, recordingTint)
-                 : withOpacity(theme.primaryText, m_isHovering ? hoverTint : idleTint);
+    const ControlColors colors = controlColors(theme());
+    ThemeColor fill = withOpacity(theme().primaryText, m_isHovering ? hoverTint : idleTint);
+    ThemeColor border = colors.outline;
+    if (m_state.isRecording()) {
+        fill = withOpacity(theme().accent, recordingTint);
+        border = colors.accent;
+    } else if (m_state.errorMessage() != nullptr) {
+        border = colors.warning;
+    }
     painter.fillPath(continuousRoundedRect(rect(), cornerRadius), fill.toQColor());
-
-    const bool showsFocus = hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange);
-    const double width = showsFocus ? 2 : 1;
-    painter.setPen(
-        QPen((isActive || showsFocus ? theme.accent : theme.separator).toQColor(), width));
-    painter.drawPath(continuousRoundedRect(
-        QRectF(rect()).adjusted(width / 2, width / 2, -width / 2, -width / 2), cornerRadius));
+    if (showsFocus(*this)) {
+        drawFocusRing(painter, rect(), cornerRadius,
+                      border == colors.outline ? colors.accent : border);
+        return;
+    }
+    painter.setPen(QPen(border.toQColor(), 1));
+    painter.drawPath(
+        continuousRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius));
 }
 
 void HotKeyRecorderView::drawIndicator(QPainter& painter) const {
     const QRectF dot(horizontalPadding, (height() - indicatorSize) / 2, indicatorSize,
                      indicatorSize);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(
-        withOpacity(m_theme.theme().accent, m_pulse.currentValue().toDouble()).toQColor());
+    painter.setBrush(withOpacity(theme().accent, m_pulse.currentValue().toDouble()).toQColor());
     painter.drawEllipse(dot);
     painter.setBrush(Qt::NoBrush);
 }
 
+QString HotKeyRecorderView::glyphName() const {
+    if (m_state.errorMessage() != nullptr) {
+        return QStringLiteral("exclamationmark.triangle");
+    }
+    return m_state.isRecording() ? QStringLiteral("xmark") : QStringLiteral("pencil");
+}
+
 void HotKeyRecorderView::drawGlyph(QPainter& painter) {
-    const QString name = m_state.isRecording() ? QStringLiteral("xmark") : QStringLiteral("pencil");
     const QPixmap pixmap =
-        m_icons.pixmapNow(platform::Image::symbol(name, {}), glyphSize, devicePixelRatioF());
+        m_icons.pixmapNow(platform::Image::symbol(glyphName(), {}), glyphSize, devicePixelRatioF());
     if (!pixmap.isNull()) {
+        const ControlColors colors = controlColors(theme());
+        const ThemeColor color =
+            m_state.errorMessage() == nullptr ? colors.secondary : colors.warning;
         const QPointF corner(width() - horizontalPadding - glyphSize, (height() - glyphSize) / 2.0);
-        painter.drawPixmap(corner, tinted(pixmap, m_theme.theme().secondaryText.toQColor()));
+        painter.drawPixmap(corner, tinted(pixmap, color.toQColor()));
     }
 }
 

@@ -3,10 +3,10 @@
 #include "drawing/IconCache.h"
 #include "hotkey/RecorderState.h"
 #include "platform/KeyCapture.h"
+#include "settings/ThemedButton.h"
 #include "settings/ThemedRoot.h"
 #include "shell/AppSettings.h"
 
-#include <QPushButton>
 #include <QVariantAnimation>
 
 #include <memory>
@@ -17,9 +17,10 @@ namespace quorvantel {
 /// starts the recording, the next key press ends it.
 ///
 /// The keyboard is captured exactly while the field records. The recording also ends, without a
-/// change, when the field is clicked again, loses the focus or disappears. A screen reader hears
-/// what the field shows as its description. 240 × 34 points.
-class HotKeyRecorderView : public QPushButton {
+/// change, when the field is clicked again, loses the focus or disappears; why a combination was
+/// refused is shown until the next click or until the field disappears. A screen reader hears what
+/// the field shows as its description. 240 × 34 points.
+class HotKeyRecorderView : public ThemedButton {
     Q_OBJECT
 
 public:
@@ -29,8 +30,18 @@ public:
 
     const RecorderState& state() const { return m_state; }
 
+    /// Shows the hotkey, whatever the field was recording or refusing.
+    void showHotKey() { setState(RecorderState::idle()); }
+
+    /// What a screen reader is to say beside what the field shows, such as that the hotkey does not
+    /// work; empty for nothing.
+    void setRemark(const QString& remark);
+
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
+
+Q_SIGNALS:
+    /// The combination that is the hotkey already was recorded once more.
+    void recordedAgain();
 
 protected:
     void enterEvent(QEnterEvent* event) override;
@@ -45,14 +56,15 @@ private:
     platform::KeyCapture::Fate handlePress(const platform::KeyPress& press);
     QString shownText() const;
     void describeToAssistiveTechnology();
+    QString glyphName() const;
     void drawField(QPainter& painter) const;
     void drawIndicator(QPainter& painter) const;
     void drawGlyph(QPainter& painter);
 
     AppSettings& m_settings;
     platform::KeyCapture& m_keyCapture;
-    const ThemedRoot& m_theme;
     IconCache& m_icons;
+    QString m_remark;
     RecorderState m_state = RecorderState::idle();
     /// Exists exactly while the view records, unless the system offers no capture.
     std::unique_ptr<platform::KeyCapture::Token> m_monitor;

@@ -1,6 +1,5 @@
 #include "settings/AppearancePane.h"
 
-#include "settings/SettingsPane.h"
 #include "settings/SettingsText.h"
 
 #include <QVBoxLayout>
@@ -52,11 +51,7 @@ std::optional<int> indexOf(const Options& options, Value value) {
 } // namespace
 
 AppearancePane::AppearancePane(ThemeManager& manager, const ThemedRoot& theme, QWidget* parent)
-    : QWidget(parent), m_manager(manager), m_theme(theme) {
-    auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(SettingsPane::padding, SettingsPane::padding, SettingsPane::padding,
-                               SettingsPane::padding);
-    layout->setSpacing(SettingsPane::spacing);
+    : DetailPane(parent), m_manager(manager), m_theme(theme) {
     bindAppearance(*addSection(
         QStringLiteral("Appearance"), labels(appearanceOptions),
         QStringLiteral("How Quorvantel looks. “Match System” follows your macOS appearance. "
@@ -64,7 +59,6 @@ AppearancePane::AppearancePane(ThemeManager& manager, const ThemedRoot& theme, Q
     bindPreset(*addSection(QStringLiteral("Surface"), labels(surfaceOptions),
                            QStringLiteral("The launcher panel’s tint. Graphite is a neutral dark; "
                                           "Teal applies the brand color.")));
-    layout->addStretch();
 }
 
 SegmentedPill* AppearancePane::addSection(const QString& heading, const QStringList& options,
@@ -77,7 +71,7 @@ SegmentedPill* AppearancePane::addSection(const QString& heading, const QStringL
     section->addWidget(new SettingsText(heading, SettingsText::Style::Heading, m_theme));
     section->addWidget(pill);
     section->addWidget(new SettingsText(explanation, SettingsText::Style::Hint, m_theme));
-    static_cast<QVBoxLayout*>(layout())->addLayout(section);
+    add(section);
     return pill;
 }
 

@@ -1,16 +1,15 @@
 #pragma once
 
+#include "settings/DetailPane.h"
 #include "settings/SegmentedPill.h"
 #include "settings/ThemeManager.h"
 #include "settings/ThemedRoot.h"
-
-#include <QWidget>
 
 namespace quorvantel {
 
 /// The detail area of the Appearance section: light, dark or as the system, and the tint of the
 /// launcher's surface. A choice takes effect and is stored at once.
-class AppearancePane : public QWidget {
+class AppearancePane : public DetailPane {
     Q_OBJECT
 
 public:

@@ -23,11 +23,29 @@ double contrastRatio(const ThemeColor& one, const ThemeColor& other) {
 }
 
 ThemeColor over(const ThemeColor& color, const ThemeColor& background) {
-    const auto mix = [&color](double below, double above) {
-        return std::lerp(below, above, color.opacity);
+    return between(background, color, color.opacity);
+}
+
+ThemeColor between(const ThemeColor& from, const ThemeColor& to, double share) {
+    const auto mix = [share](double a, double b) { return std::lerp(a, b, share); };
+    return {mix(from.red, to.red), mix(from.green, to.green), mix(from.blue, to.blue), 1};
+}
+
+ThemeColor legible(const ThemeColor& color, std::initializer_list<ThemeColor> backgrounds,
+                   double ratio) {
+    const auto isLegible = [&backgrounds, ratio](const ThemeColor& candidate) {
+        return std::ranges::all_of(backgrounds, [&](const ThemeColor& background) {
+            return contrastRatio(candidate, background) >= ratio;
+        });
     };
-    return {mix(background.red, color.red), mix(background.green, color.green),
-            mix(background.blue, color.blue), 1};
+    const ThemeColor end =
+        mostLegible({ThemeColor::black(1), ThemeColor::white(1)}, *backgrounds.begin());
+    constexpr double step = 1.0 / 64;
+    double share = 0;
+    while (share < 1 && !isLegible(between(color, end, share))) {
+        share += step;
+    }
+    return between(color, end, share);
 }
 
 ThemeColor mostLegible(std::initializer_list<ThemeColor> colors, const ThemeColor& background) {

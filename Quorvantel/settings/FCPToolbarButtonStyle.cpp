@@ -1,5 +1,6 @@
 #include "settings/FCPToolbarButtonStyle.h"
 
+#include "settings/ControlColors.h"
 #include "settings/EaseInOut.h"
 #include "settings/FocusRing.h"
 #include "settings/InterfaceFont.h"
@@ -43,13 +44,10 @@ QColor mixed(const QColor& from, const QColor& to, double share) {
 FCPToolbarButtonStyle::FCPToolbarButtonStyle(const QString& label, const platform::Image& symbol,
                                              const ThemedRoot& theme, IconCache& icons,
                                              QWidget* parent)
-    : QPushButton(label, parent),
+    : ThemedButton(label, theme, parent),
       m_symbol(symbol),
-      m_theme(theme),
       m_icons(icons),
       m_isOn(onSpring, tolerance) {
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    setAutoDefault(true); // Return presses it as well as Space.
     m_press.setStartValue(0.0);
     m_press.setEndValue(1.0);
     m_press.setDuration(static_cast<int>(std::chrono::milliseconds(pressDuration).count()));
@@ -58,7 +56,6 @@ FCPToolbarButtonStyle::FCPToolbarButtonStyle(const QString& label, const platfor
     connect(&m_isOn, &SpringAnimation::valueChanged, this, qOverload<>(&QWidget::update));
     connect(this, &QPushButton::pressed, this, &FCPToolbarButtonStyle::animatePress);
     connect(this, &QPushButton::released, this, &FCPToolbarButtonStyle::animatePress);
-    connect(&theme, &ThemedRoot::themeChanged, this, qOverload<>(&QWidget::update));
 }
 
 void FCPToolbarButtonStyle::setOn(bool isOn) {
@@ -88,10 +85,10 @@ void FCPToolbarButtonStyle::paintEvent(QPaintEvent* /*event*/) {
                                ? QPixmap()
                                : m_icons.pixmapNow(m_symbol, symbolSize, devicePixelRatioF());
     const StyledLabel label{
-        {text(), symbol, m_press.currentValue().toDouble()}, m_isOn.value(), m_theme.theme()};
+        {text(), symbol, m_press.currentValue().toDouble()}, m_isOn.value(), theme()};
     label.draw(painter, rect());
     if (showsFocus(*this)) {
-        drawFocusRing(painter, rect(), cornerRadius, m_theme.theme().accent);
+        drawFocusRing(painter, rect(), cornerRadius, controlColors(theme()).accent);
     }
 }
 

@@ -3,16 +3,15 @@
 #include "drawing/IconCache.h"
 #include "platform/Image.h"
 #include "settings/SpringAnimation.h"
-#include "settings/ThemedRoot.h"
+#include "settings/ThemedButton.h"
 
-#include <QPushButton>
 #include <QVariantAnimation>
 
 namespace quorvantel {
 
 /// A push button that looks like a toggle: filled with the accent colour while it is on. It behaves
 /// as any other push button; whether it shows as on is for its owner to say.
-class FCPToolbarButtonStyle : public QPushButton {
+class FCPToolbarButtonStyle : public ThemedButton {
     Q_OBJECT
 
 public:
@@ -42,7 +41,6 @@ public:
     void setOn(bool isOn);
 
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -51,7 +49,6 @@ private:
     void animatePress();
 
     platform::Image m_symbol;
-    const ThemedRoot& m_theme;
     IconCache& m_icons;
     SpringAnimation m_isOn;
     QVariantAnimation m_press;

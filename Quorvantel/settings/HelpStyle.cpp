@@ -1,34 +1,21 @@
 #include "settings/HelpStyle.h"
 
-#include <algorithm>
+#include "settings/Contrast.h"
 
 namespace quorvantel {
 
 namespace {
 
-/// What a colour looks like on an opaque background. Overlapping text and lines need opaque
-/// colours.
-QColor over(const ThemeColor& color, const ThemeColor& background, double opacity) {
-    const auto mix = [opacity](double above, double below) {
-        return std::clamp(above * opacity + below * (1 - opacity), 0.0, 1.0);
-    };
-    return QColor::fromRgbF(static_cast<float>(mix(color.red, background.red)),
-                            static_cast<float>(mix(color.green, background.green)),
-                            static_cast<float>(mix(color.blue, background.blue)));
-}
+/// Between a text and its background, by the Web Content Accessibility Guidelines 2.1.
+constexpr double textContrast = 4.5;
 
-QColor over(const ThemeColor& color, const ThemeColor& background) {
-    return over(color, background, color.opacity);
+ThemeColor faded(ThemeColor color, double opacity) {
+    color.opacity = opacity;
+    return color;
 }
 
 bool isDark(const ThemeColor& color) {
     return color.red + color.green + color.blue < 1.5;
-}
-
-/// Between two colours, `share` of the way from the first.
-ThemeColor between(const ThemeColor& from, const ThemeColor& to, double share) {
-    const auto mix = [share](double a, double b) { return a + (b - a) * share; };
-    return {mix(from.red, to.red), mix(from.green, to.green), mix(from.blue, to.blue), 1};
 }
 
 } // namespace
@@ -36,21 +23,32 @@ ThemeColor between(const ThemeColor& from, const ThemeColor& to, double share) {
 help::HelpStyle helpStyleFor(const ResolvedTheme& theme) {
     const ThemeColor page = theme.primaryBackground;
     const ThemeColor sidebar = between(page, theme.secondaryBackground, 0.45);
+    const ThemeColor field = between(page, ThemeColor::white(1), isDark(page) ? 0.03 : 0.7);
+    const ThemeColor selection = over(theme.selectionFill, sidebar);
+    const ThemeColor hover = over(faded(theme.secondaryText, 0.06), sidebar);
+    const ThemeColor tinted = over(faded(theme.primaryText, isDark(page) ? 0.08 : 0.055), page);
+    const ThemeColor match = isDark(page) ? ThemeColor::bytes(0x6B, 0x56, 0x14, 1)
+                                          : ThemeColor::bytes(0xFF, 0xE5, 0x8A, 1);
+    const auto readable = [&](const ThemeColor& color) {
+        return legible(color, {page, sidebar, field, selection, hover, tinted}, textContrast);
+    };
     // Help has much small text, for which the palette's own secondary opacity is too faint.
     constexpr double secondaryOpacity = 0.72;
+    const ThemeColor accent = readable(theme.accent);
     return {
         .background = page.toQColor(),
         .sidebarBackground = sidebar.toQColor(),
-        .fieldBackground =
-            between(page, ThemeColor::white(1), isDark(page) ? 0.03 : 0.7).toQColor(),
+        .fieldBackground = field.toQColor(),
         .text = theme.primaryText.toQColor(),
-        .secondaryText = over(theme.secondaryText, page, secondaryOpacity),
-        .separator = over(theme.secondaryText, page, isDark(page) ? 0.16 : 0.14),
-        .accent = between(theme.accent, ThemeColor::black(1), isDark(page) ? 0 : 0.2).toQColor(),
-        .selectionFill = over(theme.selectionFill, sidebar),
-        .hoverFill = over(theme.secondaryText, sidebar, 0.06),
-        .tintedBackground = over(theme.primaryText, page, isDark(page) ? 0.08 : 0.055),
-        .matchFill = isDark(page) ? QColor(0x6B, 0x56, 0x14) : QColor(0xFF, 0xE5, 0x8A),
+        .secondaryText =
+            readable(over(faded(theme.secondaryText, secondaryOpacity), page)).toQColor(),
+        .separator = over(faded(theme.secondaryText, isDark(page) ? 0.16 : 0.14), page).toQColor(),
+        .accent = accent.toQColor(),
+        .selectedText = mostLegible({theme.primaryText, page}, accent).toQColor(),
+        .selectionFill = selection.toQColor(),
+        .hoverFill = hover.toQColor(),
+        .tintedBackground = tinted.toQColor(),
+        .matchFill = match.toQColor(),
     };
 }
 

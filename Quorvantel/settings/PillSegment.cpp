@@ -1,5 +1,6 @@
 #include "settings/PillSegment.h"
 
+#include "settings/ControlColors.h"
 #include "settings/FocusRing.h"
 #include "settings/InterfaceFont.h"
 
@@ -38,8 +39,8 @@ void PillSegment::paintEvent(QPaintEvent* /*event*/) {
     painter.setPen(isChecked() ? QColor(Qt::white) : theme.secondaryText.toQColor());
     painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, text());
     if (showsFocus(*this)) {
-        drawFocusRing(painter, rect(), cornerRadius,
-                      isChecked() ? ThemeColor::white(1) : theme.accent);
+        const ControlColors colors = controlColors(theme);
+        drawFocusRing(painter, rect(), cornerRadius, isChecked() ? colors.onAccent : colors.accent);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "settings/PlainButton.h"
 
 #include "drawing/ContinuousCorners.h"
+#include "settings/ControlColors.h"
 #include "settings/FocusRing.h"
 #include "settings/InterfaceFont.h"
 
@@ -13,17 +14,13 @@ namespace {
 constexpr int fontSize = 13;
 constexpr int verticalPadding = 3;
 constexpr double cornerRadius = 4;
-constexpr double pressedOpacity = 0.6;
 
 } // namespace
 
 PlainButton::PlainButton(const QString& label, const ThemedRoot& theme, QWidget* parent)
-    : QPushButton(label, parent), m_theme(theme) {
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    setAutoDefault(true); // Return presses it as well as Space.
+    : ThemedButton(label, theme, parent) {
     setCursor(Qt::PointingHandCursor);
     setAttribute(Qt::WA_Hover);
-    connect(&theme, &ThemedRoot::themeChanged, this, qOverload<>(&QWidget::update));
 }
 
 QSize PlainButton::sizeHint() const {
@@ -35,18 +32,14 @@ void PlainButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const bool isFocused = showsFocus(*this);
-    if (isFocused) {
+    if (isFocused || isDown()) {
         painter.fillPath(continuousRoundedRect(rect(), cornerRadius),
-                         m_theme.theme().selectionFill.toQColor());
+                         theme().selectionFill.toQColor());
     }
     QFont font = interfaceFont(fontSize, QFont::Medium);
     font.setUnderline(underMouse() || isFocused);
     painter.setFont(font);
-    ThemeColor color = m_theme.theme().accent;
-    if (isDown()) {
-        color.opacity = pressedOpacity;
-    }
-    painter.setPen(color.toQColor());
+    painter.setPen(controlColors(theme()).accent.toQColor());
     painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text());
 }
 

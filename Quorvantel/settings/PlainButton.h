@@ -1,14 +1,12 @@
 #pragma once
 
-#include "settings/ThemedRoot.h"
-
-#include <QPushButton>
+#include "settings/ThemedButton.h"
 
 namespace quorvantel {
 
 /// A push button without a frame: its label in the accent colour, underlined under the pointer and
-/// on a tinted ground while it has the keyboard focus.
-class PlainButton : public QPushButton {
+/// on a tinted ground while it is pressed or has the keyboard focus.
+class PlainButton : public ThemedButton {
     Q_OBJECT
 
 public:
@@ -16,13 +14,9 @@ public:
     PlainButton(const QString& label, const ThemedRoot& theme, QWidget* parent = nullptr);
 
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-
-private:
-    const ThemedRoot& m_theme;
 };
 
 } // namespace quorvantel

@@ -21,6 +21,8 @@ struct SettingsServices {
     IconCache& icons;
     platform::KeyCapture& keyCapture;
     platform::WindowActivator& windowActivator;
+    /// Tries once more to register the hotkey in the settings, which is not at work.
+    std::function<void()> retryHotKey;
     /// Brings up the help window.
     std::function<void()> showHelp;
 };

@@ -1,5 +1,6 @@
 #include "settings/SettingsText.h"
 
+#include "settings/ControlColors.h"
 #include "settings/InterfaceFont.h"
 
 namespace quorvantel {
@@ -11,6 +12,7 @@ QFont fontFor(SettingsText::Style style) {
     case SettingsText::Style::Heading:
         return interfaceFont(15, QFont::Medium);
     case SettingsText::Style::Body:
+    case SettingsText::Style::Warning:
         return interfaceFont(13);
     case SettingsText::Style::Hint:
         return interfaceFont(11);
@@ -30,11 +32,22 @@ SettingsText::SettingsText(const QString& text, Style style, const ThemedRoot& t
     applyTheme();
 }
 
+ThemeColor SettingsText::color() const {
+    switch (m_style) {
+    case Style::Heading:
+    case Style::Body:
+        return m_theme.theme().primaryText;
+    case Style::Hint:
+        return m_theme.theme().secondaryText;
+    case Style::Warning:
+        return controlColors(m_theme.theme()).warning;
+    }
+    Q_UNREACHABLE();
+}
+
 void SettingsText::applyTheme() {
-    const ResolvedTheme& theme = m_theme.theme();
     QPalette colors = palette();
-    colors.setColor(QPalette::WindowText,
-                    (m_style == Style::Hint ? theme.secondaryText : theme.primaryText).toQColor());
+    colors.setColor(QPalette::WindowText, color().toQColor());
     setPalette(colors);
 }
 

@@ -15,7 +15,6 @@ namespace quorvantel {
 
 namespace {
 
-constexpr int minimumDetailWidth = 380;
 constexpr int idealDetailWidth = 460;
 constexpr int idealHeight = 360;
 
@@ -32,7 +31,6 @@ SettingsView::SettingsView(LearnedAbbreviationStore& learned, const SettingsServ
         pane->setObjectName(rawValue(section));
         m_detail->addWidget(pane);
     }
-    m_detail->setMinimumWidth(minimumDetailWidth);
 
     auto* const columns = new SidebarSplitter(services.theme);
     columns->addWidget(m_sidebar);

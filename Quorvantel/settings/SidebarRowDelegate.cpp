@@ -1,6 +1,7 @@
 #include "settings/SidebarRowDelegate.h"
 
 #include "drawing/ContinuousCorners.h"
+#include "settings/ControlColors.h"
 #include "settings/FocusRing.h"
 #include "settings/InterfaceFont.h"
 
@@ -31,6 +32,7 @@ QSize SidebarRowDelegate::sizeHint(const QStyleOptionViewItem& /*option*/,
 void SidebarRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                const QModelIndex& index) const {
     const ResolvedTheme& theme = m_theme.theme();
+    const ControlColors colors = controlColors(theme);
     const QRect row = option.rect.adjusted(0, 0, 0, -rowSpacing);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
@@ -39,7 +41,7 @@ void SidebarRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
         painter->fillPath(continuousRoundedRect(row, cornerRadius), theme.selectionFill.toQColor());
     }
     if (option.state.testFlag(QStyle::State_HasFocus) && showsFocus(*option.widget)) {
-        drawFocusRing(*painter, row, cornerRadius, theme.accent);
+        drawFocusRing(*painter, row, cornerRadius, colors.accent);
     }
 
     const QRect content = row.adjusted(horizontalPadding, 0, -horizontalPadding, 0);
@@ -48,7 +50,7 @@ void SidebarRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
                           symbolSize, option.widget->devicePixelRatioF());
     if (!symbol.isNull()) {
         const QPointF corner(content.left(), content.top() + (content.height() - symbolSize) / 2.0);
-        const ThemeColor color = isSelected ? theme.accent : theme.secondaryText;
+        const ThemeColor color = isSelected ? colors.accent : colors.secondary;
         painter->drawPixmap(corner, tinted(symbol, color.toQColor()));
     }
     painter->setFont(interfaceFont(fontSize));

@@ -40,7 +40,7 @@ AppDelegate::AppDelegate(platform::Platform& platform, AppSettings& settings,
                  helpStyleFor(m_theme.theme())),
       m_settingsWindowController({settings, m_hotKeyActivity, themeManager, m_theme, m_icons,
                                   platform.keyCapture(), platform.windowActivator(),
-                                  [this] { m_helpMenu.showHelp(); }}),
+                                  [this] { retryHotKey(); }, [this] { m_helpMenu.showHelp(); }}),
       m_indexer(AppIndexer::standardRoots(QDir::homePath()),
                 platform::launcherIdentifier.toString(), platform.bundleReader(),
                 platform.installedApplications()),
@@ -134,6 +134,11 @@ void AppDelegate::registerHotKey(const HotKeyBinding& binding, bool fallbackToDe
     // A combination that is not even tried leaves the earlier one at work.
     m_hotKeyActivity.set(m_hotKeyService.isRegistered() ? m_hotKeyActivity.active() : std::nullopt,
                          error);
+}
+
+void AppDelegate::retryHotKey() {
+    // What has worked instead is not to be lost over another failure.
+    registerHotKey(m_settings.hotKeyBinding(), m_hotKeyActivity.active().has_value());
 }
 
 void AppDelegate::togglePanel() {

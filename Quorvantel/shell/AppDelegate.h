@@ -80,6 +80,7 @@ private:
     void reindexIfNeeded(bool force);
     void runIndex();
     void registerHotKey(const HotKeyBinding& binding, bool fallbackToDefault);
+    void retryHotKey();
     void open(const LaunchTarget& target);
 
     platform::Platform& m_platform;

@@ -35,9 +35,9 @@ HotKeyBinding load(const platform::UserDefaults& defaults) {
 AppSettings::AppSettings(platform::UserDefaults& defaults, QObject* parent)
     : QObject(parent), m_defaults(defaults), m_hotKeyBinding(load(defaults)) {}
 
-void AppSettings::setHotKeyBinding(const HotKeyBinding& binding) {
+bool AppSettings::setHotKeyBinding(const HotKeyBinding& binding) {
     if (binding == m_hotKeyBinding) {
-        return;
+        return false;
     }
     m_hotKeyBinding = binding;
     Q_EMIT hotKeyBindingChanged();
@@ -46,6 +46,7 @@ void AppSettings::setHotKeyBinding(const HotKeyBinding& binding) {
     if (onHotKeyChange) {
         onHotKeyChange(binding);
     }
+    return true;
 }
 
 } // namespace quorvantel

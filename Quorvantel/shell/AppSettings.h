@@ -28,8 +28,8 @@ public:
     const HotKeyBinding& hotKeyBinding() const { return m_hotKeyBinding; }
 
     /// Stores another binding, tells the observers and calls `onHotKeyChange`. Does nothing for the
-    /// binding that is set already.
-    void setHotKeyBinding(const HotKeyBinding& binding);
+    /// binding that is set already; returns whether it was another.
+    bool setHotKeyBinding(const HotKeyBinding& binding);
 
     /// Called after every real change of the binding, once it is stored: a binding that then cannot
     /// be registered stays stored and is tried again at the next start.

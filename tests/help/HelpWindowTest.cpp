@@ -22,8 +22,8 @@ using ::testing::IsEmpty;
 
 HelpStyle style(int shade) {
     const QColor color(shade, shade, shade);
-    return {color,   color, color, Qt::red, Qt::red,   Qt::red,
-            Qt::red, color, color, color,   Qt::yellow};
+    return {color,   color,   color, Qt::red, Qt::red, Qt::red,
+            Qt::red, Qt::red, color, color,   color,   Qt::yellow};
 }
 
 class HelpWindowTest : public ::testing::Test {

@@ -10,6 +10,7 @@ using namespace Qt::StringLiterals;
 TEST(HotKeyBindingTest, ShowsModifiersInMenuOrderBeforeTheKey) {
     EXPECT_EQ(HotKeyBinding::defaultBinding().displayText(), u"⌥⌘Space"_s);
     EXPECT_EQ((HotKeyBinding{49, 0x1900}.displayText()), u"⌃⌥⌘Space"_s);
+    EXPECT_EQ((HotKeyBinding{38, 0x1B00}.displayText()), u"⌃⌥⇧⌘J"_s);
     EXPECT_EQ((HotKeyBinding{122, 0x300}.displayText()), u"⇧⌘F1"_s);
     EXPECT_EQ((HotKeyBinding{200, 0x1000}.displayText()), u"⌃key 200"_s);
 }

@@ -119,7 +119,15 @@ TEST_F(HotKeyRecorderViewTest, WorksByKeyboardAloneAndSaysWhatItIs) {
         QTest::keyClick(&recorder, key);
         EXPECT_TRUE(recorder.state().isRecording()) << key;
         keyboard.press({53, 0});
+        for (const Qt::KeyboardModifiers modifier :
+             {Qt::AltModifier | Qt::MetaModifier, Qt::KeyboardModifiers(Qt::ShiftModifier)}) {
+            QTest::keyClick(&recorder, key, modifier);
+            EXPECT_FALSE(recorder.state().isRecording()) << key;
+        }
     }
+    QTest::keyClick(&recorder, Qt::Key_Enter, Qt::KeypadModifier);
+    EXPECT_TRUE(recorder.state().isRecording());
+    keyboard.press({53, 0});
     const QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(&recorder);
     EXPECT_EQ(spoken->role(), QAccessible::Button);
     EXPECT_EQ(spoken->text(QAccessible::Name), u"Summon hotkey"_s);

@@ -39,6 +39,12 @@ protected:
         return found == buttons.end() ? nullptr : *found;
     }
 
+    HotKeyRecorderView& recorder() {
+        return *controller.window()->findChild<HotKeyRecorderView*>();
+    }
+
+    PlainButton* resetButton() { return button<PlainButton>(u"Reset to default (⌃⌥⌘Space)"_s); }
+
     bool shows(const QString& text) {
         const auto texts = controller.window()->findChildren<SettingsText*>();
         return std::ranges::any_of(texts, [&text](const SettingsText* candidate) {
@@ -61,9 +67,11 @@ protected:
     HotKeyActivity activity;
     testing::ScriptedKeyCapture keyboard;
     testing::FakeWindowActivator activator;
+    int retries = 0;
     int helpRequests = 0;
     SettingsWindowController controller{{settings, activity, look.manager, look.theme, look.icons,
-                                         keyboard, activator, [this] { ++helpRequests; }}};
+                                         keyboard, activator, [this] { ++retries; },
+                                         [this] { ++helpRequests; }}};
 };
 
 TEST_F(SettingsWindowTest, EveryRequestShowsTheSameWindowCentredAndInFront) {
@@ -119,27 +127,87 @@ TEST_F(SettingsWindowTest, TheHelpButtonAndF1AskForHelp) {
     EXPECT_EQ(helpRequests, 3);
 }
 
-TEST_F(SettingsWindowTest, ResetToDefaultStoresTheDefaultHotKey) {
+TEST_F(SettingsWindowTest, ResetToDefaultStoresTheDefaultHotKeyAndARefusalIsForgotten) {
     settings.setHotKeyBinding({40, 0x0300});
     show();
-    QTest::mouseClick(button<PlainButton>(u"Reset to default (⌃⌥⌘Space)"_s), Qt::LeftButton);
-    EXPECT_EQ(settings.hotKeyBinding(), HotKeyBinding::defaultBinding());
+    const auto refuse = [this] {
+        QTest::mouseClick(&recorder(), Qt::LeftButton);
+        keyboard.press({40, 0});
+        EXPECT_NE(recorder().state(), RecorderState::idle());
+    };
+    for (int round = 0; round < 2; ++round) {
+        refuse();
+        QTest::mouseClick(resetButton(), Qt::LeftButton);
+        EXPECT_EQ(settings.hotKeyBinding(), HotKeyBinding::defaultBinding());
+        EXPECT_EQ(recorder().state(), RecorderState::idle());
+    }
+    refuse();
+    controller.window()->close();
+    show();
+    EXPECT_EQ(recorder().state(), RecorderState::idle());
+    EXPECT_EQ(retries, 0);
 }
 
-TEST_F(SettingsWindowTest, ARefusedHotKeyIsExplainedWhileItIsRefused) {
-    const QString explanation = u"RegisterEventHotKey failed with OSStatus 10."_s;
-    activity.set(HotKeyBinding::defaultBinding(), HotKeyError::registrationFailed(10));
+TEST_F(SettingsWindowTest, AHotKeyThatDoesNotWorkIsExplainedBesideTheOneThatDoes) {
+    const QString refusal = u"RegisterEventHotKey failed with OSStatus 10."_s;
     show();
-    EXPECT_TRUE(shows(explanation));
-    activity.set(HotKeyBinding::defaultBinding(), std::nullopt);
-    EXPECT_FALSE(shows(explanation));
+    const auto expectExplained = [this](const QString& text) {
+        const auto texts = controller.window()->findChildren<SettingsText*>();
+        const auto warning =
+            std::ranges::find(texts, SettingsText::Style::Warning, &SettingsText::textStyle);
+        EXPECT_EQ((*warning)->isVisible() ? (*warning)->text() : QString(), text);
+        EXPECT_EQ(recorder().accessibleDescription().section(u'\n', 1), text);
+    };
+    expectExplained({});
+    activity.set(HotKeyBinding::defaultBinding(), HotKeyError::registrationFailed(10));
+    expectExplained(refusal + u"\n⌥⌘Space summons Quorvantel instead."_s);
     activity.set(std::nullopt, HotKeyError::registrationFailed(10));
-    EXPECT_TRUE(shows(explanation));
+    expectExplained(refusal + u"\nNo hotkey summons Quorvantel now."_s);
+    activity.set(settings.hotKeyBinding(), std::nullopt);
+    expectExplained({});
+}
+
+TEST_F(SettingsWindowTest, ChoosingTheSameHotKeyTriesAgainWhileItDoesNotWork) {
+    show();
+    const auto choose = [this] {
+        QTest::mouseClick(&recorder(), Qt::LeftButton);
+        keyboard.press({49, 0x0900});
+        QTest::mouseClick(resetButton(), Qt::LeftButton);
+    };
+    choose();
+    EXPECT_EQ(retries, 0);
+    activity.set(std::nullopt, HotKeyError::registrationFailed(10));
+    choose();
+    EXPECT_EQ(retries, 2);
+}
+
+TEST_F(SettingsWindowTest, EveryTextHasItsRoomInTheSmallestWindowAndHeadingsStandStill) {
+    activity.set(std::nullopt, HotKeyError::invalidModifiers());
+    SettingsView& window = show();
+    for (const int width : {0, 2000}) {
+        window.resize(width, 0);
+        for (const SettingsSection section : allSettingsSections) {
+            window.select(section);
+            QCoreApplication::processEvents();
+            std::vector<QPoint> corners;
+            for (const auto* const text : window.findChildren<SettingsText*>()) {
+                if (text->isVisible()) {
+                    EXPECT_GE(text->height(), text->heightForWidth(text->width()))
+                        << text->text().toStdString();
+                    corners.push_back(text->mapTo(&window, QPoint()));
+                }
+            }
+            EXPECT_EQ(corners.front().y(), 32) << rawValue(section).toStdString();
+            for (const auto* const pill : window.findChildren<SegmentedPill*>()) {
+                EXPECT_GE(pill->height(), pill->isVisible() ? pill->sizeHint().height() : 0);
+            }
+        }
+    }
 }
 
 TEST_F(SettingsWindowTest, LeavingTheSectionEndsTheRecording) {
     SettingsView& window = show();
-    QTest::mouseClick(window.findChild<HotKeyRecorderView*>(), Qt::LeftButton);
+    QTest::mouseClick(&recorder(), Qt::LeftButton);
     EXPECT_EQ(keyboard.captures, 1);
     window.select(SettingsSection::General);
     EXPECT_EQ(keyboard.captures, 0);

@@ -118,8 +118,11 @@ TEST_F(AccentMigrationTest, WithoutAColourItIsTriedAgain) {
 }
 
 TEST_F(AccentMigrationTest, AComponentBeyondAllNumbersEndsTheProgram) {
+    EXPECT_EQ(migrated({{0, -0x1p63 / 255, 0}}), u"#000000"_s);
+    defaults.values.remove(u"accentColorHex"_s);
+    defaults.values.remove(u"accentMigrated"_s);
     for (const double component : {std::numeric_limits<double>::infinity(),
-                                   std::numeric_limits<double>::quiet_NaN(), 1e17, -1e17}) {
+                                   std::numeric_limits<double>::quiet_NaN(), 0x1p63 / 255, -1e17}) {
         EXPECT_DEATH(migrated({{0, component, 0}}), "accent colour is out of range") << component;
     }
 }

@@ -1,8 +1,10 @@
 #include "shell/AppDelegate.h"
 
+#include "hotkey/HotKeyRecorderView.h"
 #include "shell/FakePlatform.h"
 #include "support/LogLines.h"
 
+#include <QApplication>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolTip>
@@ -184,6 +186,27 @@ TEST_F(AppDelegateTest, FallsBackToTheDefaultHotKeyOnceAndOnlyAtTheStart) {
     EXPECT_EQ(platform.hotKeys.registered, QStringList());
     settings.setHotKeyBinding({37, 0x1000});
     EXPECT_EQ(delegate.activeHotKey(), (HotKeyBinding{37, 0x1000}));
+}
+
+TEST_F(AppDelegateTest, RecordingTheRefusedHotKeyAgainRegistersItOnceItIsFree) {
+    settings.setHotKeyBinding({40, 0x1000});
+    platform.hotKeys.refused = {QStringLiteral("4096+40")};
+    start();
+    delegate.openSettings();
+    const auto recordAgain = [this] {
+        for (const QWidget* const window : QApplication::topLevelWidgets()) {
+            if (auto* const recorder = window->findChild<HotKeyRecorderView*>()) {
+                recorder->click();
+            }
+        }
+        platform.capture.press({40, 0x1000});
+    };
+    recordAgain();
+    EXPECT_EQ(delegate.activeHotKey(), HotKeyBinding::defaultBinding()) << "still at work";
+    platform.hotKeys.refused.clear();
+    recordAgain();
+    EXPECT_EQ(delegate.activeHotKey(), settings.hotKeyBinding());
+    EXPECT_EQ(platform.hotKeys.registered.last(), QStringLiteral("4096+40"));
 }
 
 TEST_F(AppDelegateTest, ARefusedDefaultIsTriedOnceAndLoggedOnce) {

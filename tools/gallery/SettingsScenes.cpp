@@ -60,8 +60,8 @@ struct Settings {
     OnePress keyboard;
     NoActivator activator;
     LearnedAbbreviationStore learned{directory.path()};
-    SettingsView view{learned,
-                      {settings, activity, manager, theme, icons, keyboard, activator, [] {}}};
+    SettingsView view{
+        learned, {settings, activity, manager, theme, icons, keyboard, activator, [] {}, [] {}}};
 };
 
 QString sceneName(const QString& what, ThemeManager::Appearance appearance) {
