@@ -12,6 +12,7 @@
 #include "platform/SystemAppearance.h"
 #include "platform/WindowActivator.h"
 #include "platform/WindowBackdrop.h"
+#include "platform/WindowFrame.h"
 #include "platform/Workspace.h"
 
 #include <memory>
@@ -33,6 +34,7 @@ public:
     virtual PanelHost& panelHost() = 0;
     virtual WindowActivator& windowActivator() = 0;
     virtual WindowBackdrop& windowBackdrop() = 0;
+    virtual WindowFrame& windowFrame() = 0;
     virtual Screens& screens() = 0;
     virtual SystemAppearance& systemAppearance() = 0;
     virtual ImageLoader& imageLoader() = 0;

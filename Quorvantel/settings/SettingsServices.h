@@ -4,6 +4,7 @@
 #include "hotkey/HotKeyActivity.h"
 #include "platform/KeyCapture.h"
 #include "platform/WindowActivator.h"
+#include "platform/WindowFrame.h"
 #include "settings/ThemeManager.h"
 #include "settings/ThemedRoot.h"
 #include "shell/AppSettings.h"
@@ -21,6 +22,7 @@ struct SettingsServices {
     IconCache& icons;
     platform::KeyCapture& keyCapture;
     platform::WindowActivator& windowActivator;
+    platform::WindowFrame& windowFrame;
     /// Tries once more to register the hotkey in the settings, which is not at work.
     std::function<void()> retryHotKey;
     /// Brings up the help window.

@@ -1,5 +1,7 @@
 #include "settings/SettingsWindowController.h"
 
+#include "settings/ThemedFrame.h"
+
 #include <QCoreApplication>
 #include <QCursor>
 #include <QGuiApplication>
@@ -29,6 +31,7 @@ void SettingsWindowController::show(LearnedAbbreviationStore& learned) {
 void SettingsWindowController::buildWindow(LearnedAbbreviationStore& learned) {
     m_window = std::make_unique<SettingsView>(learned, m_services);
     m_window->setWindowTitle(QStringLiteral("Quorvantel Settings"));
+    new ThemedFrame(*m_window, m_services.themeManager, m_services.windowFrame);
     SettingsView* const window = m_window.get();
     const auto addShortcut = [window](const QKeySequence& keys, auto action) {
         const auto* const shortcut = new QShortcut(keys, window);

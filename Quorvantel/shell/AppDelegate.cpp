@@ -1,9 +1,11 @@
 #include "shell/AppDelegate.h"
 
 #include "catalogue/SettingsPaneCatalogue.h"
+#include "help/HelpWindow.h"
 #include "platform/Directories.h"
 #include "settings/ControlPalette.h"
 #include "settings/HelpStyle.h"
+#include "settings/ThemedFrame.h"
 
 #include <QDebug>
 #include <QDir>
@@ -30,6 +32,7 @@ AppDelegate::AppDelegate(platform::Platform& platform, AppSettings& settings,
                          ThemeManager& themeManager, const QString& storeDirectory, Clock now)
     : m_platform(platform),
       m_settings(settings),
+      m_themeManager(themeManager),
       m_now(std::move(now)),
       m_frecency(storeDirectory),
       m_learned(storeDirectory),
@@ -40,7 +43,8 @@ AppDelegate::AppDelegate(platform::Platform& platform, AppSettings& settings,
                  helpStyleFor(m_theme.theme())),
       m_settingsWindowController({settings, m_hotKeyActivity, themeManager, m_theme, m_icons,
                                   platform.keyCapture(), platform.windowActivator(),
-                                  [this] { retryHotKey(); }, [this] { m_helpMenu.showHelp(); }}),
+                                  platform.windowFrame(), [this] { retryHotKey(); },
+                                  [this] { showHelp(); }}),
       m_indexer(AppIndexer::standardRoots(QDir::homePath()),
                 platform::launcherIdentifier.toString(), platform.bundleReader(),
                 platform.installedApplications()),
@@ -188,6 +192,14 @@ void AppDelegate::openSettings() {
     requireStarted();
     dismissPanel();
     m_settingsWindowController.show(m_learned);
+}
+
+void AppDelegate::showHelp() {
+    const bool isFirst = m_helpMenu.window() == nullptr;
+    m_helpMenu.showHelp();
+    if (isFirst) {
+        new ThemedFrame(*m_helpMenu.window(), m_themeManager, m_platform.windowFrame());
+    }
 }
 
 bool AppDelegate::isPanelVisible() const {

@@ -81,10 +81,12 @@ private:
     void runIndex();
     void registerHotKey(const HotKeyBinding& binding, bool fallbackToDefault);
     void retryHotKey();
+    void showHelp();
     void open(const LaunchTarget& target);
 
     platform::Platform& m_platform;
     AppSettings& m_settings;
+    const ThemeManager& m_themeManager;
     Clock m_now;
     FrecencyStore m_frecency;
     LearnedAbbreviationStore m_learned;

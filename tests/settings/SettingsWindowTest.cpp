@@ -6,6 +6,7 @@
 #include "settings/SettingsWindowController.h"
 #include "support/FakeLook.h"
 #include "support/FakeWindowActivator.h"
+#include "support/FakeWindowFrame.h"
 #include "support/ScriptedKeyCapture.h"
 
 #include <QAccessible>
@@ -67,10 +68,11 @@ protected:
     HotKeyActivity activity;
     testing::ScriptedKeyCapture keyboard;
     testing::FakeWindowActivator activator;
+    testing::FakeWindowFrame frame;
     int retries = 0;
     int helpRequests = 0;
     SettingsWindowController controller{{settings, activity, look.manager, look.theme, look.icons,
-                                         keyboard, activator, [this] { ++retries; },
+                                         keyboard, activator, frame, [this] { ++retries; },
                                          [this] { ++helpRequests; }}};
 };
 
@@ -269,12 +271,14 @@ TEST_F(AppearancePaneTest, ChoicesRecolourTheWindowAtOnce) {
     EXPECT_EQ(background(), QColor(0xF4, 0xF5, 0xF7));
     click(appearance(), 1);
     EXPECT_EQ(background(), QColor(0x16, 0x17, 0x19));
+    EXPECT_EQ(frame.appearance, platform::WindowFrame::Appearance::Dark);
     click(surface(), 1);
     EXPECT_EQ(background(), QColor(0x0F, 0x1C, 0x1A));
     click(appearance(), 0);
     EXPECT_EQ(background(), QColor(0xED, 0xF6, 0xF3));
     click(appearance(), 2);
     EXPECT_EQ(look.manager.appearance(), ThemeManager::Appearance::Auto);
+    EXPECT_EQ(frame.appearance, platform::WindowFrame::Appearance::System);
 }
 
 TEST_F(AppearancePaneTest, ARetiredPresetSelectsNoSegment) {

@@ -7,6 +7,7 @@
 #include "support/FakeLook.h"
 #include "support/FakeScreens.h"
 #include "support/FakeWindowActivator.h"
+#include "support/FakeWindowFrame.h"
 #include "support/ScriptedKeyCapture.h"
 
 namespace quorvantel::testing {
@@ -99,6 +100,7 @@ public:
     platform::KeyCapture& keyCapture() override { return capture; }
     platform::WindowActivator& windowActivator() override { return activator; }
     platform::WindowBackdrop& windowBackdrop() override { return backdrop; }
+    platform::WindowFrame& windowFrame() override { return frame; }
     platform::Screens& screens() override { return fakeScreens; }
     platform::SystemAppearance& systemAppearance() override { return appearance; }
     platform::ImageLoader& imageLoader() override { return loader; }
@@ -113,6 +115,7 @@ public:
     ScriptedKeyCapture capture;
     FakeWindowActivator activator;
     FakeBackdrop backdrop;
+    FakeWindowFrame frame;
     FakeScreens fakeScreens;
     FakeSystemAppearance appearance;
     FakeImageLoader loader;

@@ -33,6 +33,15 @@ std::vector<std::uint32_t> XConnection::property(xcb_window_t window,
     return {span.begin(), span.end()};
 }
 
+QByteArray XConnection::text(xcb_window_t window, const QByteArray& name) const {
+    const auto cookie =
+        xcb_get_property(get(), 0, window, atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0, 1024);
+    const XReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(get(), cookie, nullptr));
+    return reply ? QByteArray(static_cast<const char*>(xcb_get_property_value(reply.get())),
+                              xcb_get_property_value_length(reply.get()))
+                 : QByteArray();
+}
+
 void XConnection::synchronize() const {
     const XReply<xcb_get_input_focus_reply_t> reply(
         xcb_get_input_focus_reply(get(), xcb_get_input_focus(get()), nullptr));

@@ -34,6 +34,9 @@ public:
     /// A property that holds 32-bit values; empty when it is absent or of another format.
     std::vector<std::uint32_t> property(xcb_window_t window, const QByteArray& name) const;
 
+    /// A property that holds a text; empty when it is absent.
+    QByteArray text(xcb_window_t window, const QByteArray& name) const;
+
     /// Returns when the server has carried out every request of this connection.
     void synchronize() const;
 

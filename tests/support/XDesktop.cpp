@@ -15,17 +15,7 @@ xcb_window_t XDesktop::activeWindow() const {
 }
 
 QByteArray XDesktop::activeTitle() const {
-    constexpr std::uint32_t longest = 64;
-    const XReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
-        m_connection.get(),
-        xcb_get_property(m_connection.get(), 0, activeWindow(), m_connection.atom("_NET_WM_NAME"),
-                         m_connection.atom("UTF8_STRING"), 0, longest),
-        nullptr));
-    if (!reply) {
-        return {};
-    }
-    return QByteArray(static_cast<const char*>(xcb_get_property_value(reply.get())),
-                      xcb_get_property_value_length(reply.get()));
+    return m_connection.text(activeWindow(), "_NET_WM_NAME");
 }
 
 xcb_window_t XDesktop::inputFocus() const {

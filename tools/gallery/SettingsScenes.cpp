@@ -34,6 +34,11 @@ public:
     void activate(QWindow& /*window*/) override {}
 };
 
+class NoFrame : public platform::WindowFrame {
+public:
+    void setAppearance(QWindow& /*window*/, Appearance /*appearance*/) override {}
+};
+
 struct Settings {
     Settings(ThemeManager::Appearance appearance, ThemePreset preset) {
         manager.setAppearance(appearance);
@@ -59,9 +64,11 @@ struct Settings {
     HotKeyActivity activity;
     OnePress keyboard;
     NoActivator activator;
+    NoFrame frame;
     LearnedAbbreviationStore learned{directory.path()};
     SettingsView view{
-        learned, {settings, activity, manager, theme, icons, keyboard, activator, [] {}, [] {}}};
+        learned,
+        {settings, activity, manager, theme, icons, keyboard, activator, frame, [] {}, [] {}}};
 };
 
 QString sceneName(const QString& what, ThemeManager::Appearance appearance) {

@@ -14,6 +14,7 @@ LinuxPlatform::LinuxPlatform(const X11Display& display)
       m_keyCapture(display, m_hotKeys),
       m_clickMonitor(display, m_rawEvents),
       m_windowBackdrop(display),
+      m_windowFrame(display),
       m_windowActivator(display, m_userTime),
       m_startupNotifier(display, m_userTime),
       m_workspace(m_bundleReader, &m_startupNotifier, m_settingsPanels),

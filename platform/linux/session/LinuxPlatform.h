@@ -20,6 +20,7 @@
 #include "platform/linux/x11/X11UserTime.h"
 #include "platform/linux/x11/X11WindowActivator.h"
 #include "platform/linux/x11/X11WindowBackdrop.h"
+#include "platform/linux/x11/X11WindowFrame.h"
 
 namespace quorvantel::platform {
 
@@ -38,6 +39,7 @@ public:
     PanelHost& panelHost() override { return m_panelHost; }
     WindowActivator& windowActivator() override { return m_windowActivator; }
     WindowBackdrop& windowBackdrop() override { return m_windowBackdrop; }
+    WindowFrame& windowFrame() override { return m_windowFrame; }
     Screens& screens() override { return m_screens; }
     SystemAppearance& systemAppearance() override { return m_systemAppearance; }
     ImageLoader& imageLoader() override { return m_imageLoader; }
@@ -52,6 +54,7 @@ private:
     X11KeyCapture m_keyCapture;
     X11ClickMonitor m_clickMonitor;
     X11WindowBackdrop m_windowBackdrop;
+    X11WindowFrame m_windowFrame;
     X11UserTime m_userTime;
     X11WindowActivator m_windowActivator;
     X11StartupNotifier m_startupNotifier;

@@ -1,0 +1,23 @@
+#pragma once
+
+class QWindow;
+
+namespace quorvantel::platform {
+
+/// The frame and title bar that the desktop draws around ordinary windows. Main thread only.
+class WindowFrame {
+public:
+    enum class Appearance {
+        System, ///< As the desktop's user set it up.
+        Light,
+        Dark,
+    };
+
+    virtual ~WindowFrame() = default;
+
+    /// Asks for a window's frame in this appearance from now on, whether or not the window is
+    /// shown; a desktop that has no such choice goes on as it is.
+    virtual void setAppearance(QWindow& window, Appearance appearance) = 0;
+};
+
+} // namespace quorvantel::platform
