@@ -183,7 +183,8 @@ void HotKeyRecorderView::drawIndicator(QPainter& painter) const {
     const QRectF dot(horizontalPadding, (height() - indicatorSize) / 2, indicatorSize,
                      indicatorSize);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(withOpacity(theme().accent, m_pulse.currentValue().toDouble()).toQColor());
+    painter.setBrush(
+        withOpacity(controlColors(theme()).accent, m_pulse.currentValue().toDouble()).toQColor());
     painter.drawEllipse(dot);
     painter.setBrush(Qt::NoBrush);
 }

@@ -69,6 +69,7 @@ void HotkeySettingsPane::retry() {
 void HotkeySettingsPane::showActivity() {
     const QString text = explanation(m_activity);
     m_failure->setText(text);
+    m_failure->setAccessibleName(text);
     m_failure->setVisible(!text.isEmpty());
     m_recorder->setRemark(text);
 }

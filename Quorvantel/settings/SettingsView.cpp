@@ -5,6 +5,7 @@
 #include "settings/ControlPalette.h"
 #include "settings/GeneralSettingsPane.h"
 #include "settings/HotkeySettingsPane.h"
+#include "settings/SettingsAccessible.h"
 #include "settings/SettingsPane.h"
 #include "settings/SidebarSplitter.h"
 
@@ -26,9 +27,11 @@ SettingsView::SettingsView(LearnedAbbreviationStore& learned, const SettingsServ
       m_theme(services.theme),
       m_sidebar(new SettingsSidebar(services.theme, services.icons)),
       m_detail(new QStackedWidget) {
+    installSettingsAccessible();
     for (const SettingsSection section : allSettingsSections) {
         QWidget* const pane = makePane(section, learned, services);
         pane->setObjectName(rawValue(section));
+        pane->setAccessibleName(title(section));
         m_detail->addWidget(pane);
     }
 

@@ -33,7 +33,9 @@ SidebarSplitter::SidebarSplitter(const ThemedRoot& theme, QWidget* parent)
 }
 
 QSplitterHandle* SidebarSplitter::createHandle() {
-    return new Hairline(m_theme, this);
+    auto* const handle = new Hairline(m_theme, this);
+    handle->setAccessibleName(QStringLiteral("Width of the sections"));
+    return handle;
 }
 
 } // namespace quorvantel

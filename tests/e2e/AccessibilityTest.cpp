@@ -1,5 +1,6 @@
 #include "e2e/LauncherSession.h"
 #include "e2e/ScreenReader.h"
+#include "support/ForeignHotKey.h"
 #include "support/WaitUntil.h"
 
 #include <X11/keysym.h>
@@ -135,6 +136,22 @@ TEST_F(AccessibilityTest, PressLaunchesARowOutOfSight) {
     EXPECT_TRUE(find(list).child(19)->doAction());
     EXPECT_THAT(session.waitForRuns(QStringLiteral("zinc29"), 1), SizeIs(1));
     EXPECT_TRUE(session.waitForDismissal());
+}
+
+TEST_F(AccessibilityTest, TheSettingsAreAFrameOfNamedGroupsAndAnAlert) {
+    qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
+    const ForeignHotKey other(session.display(), XK_k, XCB_MOD_MASK_CONTROL);
+    constexpr int keyK = 40;
+    constexpr int control = 0x1000;
+    session.storeHotKey(keyK, control);
+    session.start();
+    session.summon();
+    session.keyboard().press({XK_Super_L, XK_comma});
+    EXPECT_EQ(find(QStringLiteral("frame")).name(), QStringLiteral("Quorvantel Settings"));
+    EXPECT_EQ(find(QStringLiteral("panel")).name(), QStringLiteral("General"));
+    const AccessibleObject alert = find(QStringLiteral("alert"));
+    EXPECT_TRUE(alert.name().endsWith(QStringLiteral("⌥⌘Space summons Quorvantel instead.")));
+    EXPECT_TRUE(alert.has("showing"));
 }
 
 TEST_F(AccessibilityTest, AReaderThatStartsLaterIsServedToo) {

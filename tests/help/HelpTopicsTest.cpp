@@ -220,14 +220,15 @@ TEST(HelpStyle, TextIsReadableInEveryPalette) {
                                          ThemePreset::Paper, ThemePreset::Glass}) {
             const help::HelpStyle style = helpStyleFor(resolve(scheme, preset));
             for (const QColor& ground :
-                 {style.background, style.sidebarBackground, style.selectionFill,
+                 {style.background, style.sidebarBackground, style.selectionFill, style.hoverFill,
                   style.fieldBackground, style.tintedBackground}) {
                 EXPECT_EQ(ground.alpha(), 255);
                 EXPECT_GE(contrast(style.text, ground), readable);
                 EXPECT_GE(contrast(style.secondaryText, ground), readable)
                     << ground.name().toStdString();
+                EXPECT_GE(contrast(style.accent, ground), readable) << ground.name().toStdString();
             }
-            EXPECT_GE(contrast(style.accent, style.background), readable);
+            EXPECT_GE(contrast(style.selectedText, style.accent), readable);
             EXPECT_GE(contrast(style.text, style.matchFill), readable);
         }
     }

@@ -1,6 +1,7 @@
 #include "settings/ControlPalette.h"
 
 #include "settings/Contrast.h"
+#include "settings/ControlColors.h"
 
 #include <gtest/gtest.h>
 
@@ -38,6 +39,35 @@ TEST(ControlPaletteTest, TextIsLegibleInEveryTheme) {
             EXPECT_GE(contrast(palette, QPalette::Text, QPalette::Base), 7);
             EXPECT_GE(contrast(palette, QPalette::ButtonText, QPalette::Button), 7);
             EXPECT_GE(contrast(palette, QPalette::ToolTipText, QPalette::ToolTipBase), 7);
+        }
+    }
+}
+
+TEST(ControlColorsTest, AreLegibleWhereverControlsLieInEveryTheme) {
+    for (const ColorScheme scheme : {ColorScheme::Light, ColorScheme::Dark}) {
+        for (const ThemePreset preset : {ThemePreset::Graphite, ThemePreset::Teal, ThemePreset::Ink,
+                                         ThemePreset::Paper, ThemePreset::Glass}) {
+            const ResolvedTheme theme = resolve(scheme, preset);
+            const ControlColors colors = controlColors(theme);
+            for (const ThemeColor& ground : {theme.primaryBackground, theme.secondaryBackground}) {
+                const ThemeColor selected = over(theme.selectionFill, ground);
+                for (const ThemeColor& text :
+                     {colors.accent, colors.secondary, colors.warning, theme.primaryText}) {
+                    EXPECT_GE(contrastRatio(text, ground), 4.5);
+                    EXPECT_GE(contrastRatio(text, selected), 4.5);
+                }
+            }
+            EXPECT_GE(contrastRatio(colors.outline, theme.primaryBackground), 3);
+            EXPECT_GE(contrastRatio(colors.onAccent, theme.accent), 3);
+            // A field that records is tinted with the accent, any other with the text's colour.
+            for (ThemeColor fill : {theme.accent, theme.primaryText}) {
+                fill.opacity = 0.1;
+                const ThemeColor field = over(fill, theme.primaryBackground);
+                EXPECT_GE(contrastRatio(colors.secondary, field), 4.5);
+                EXPECT_GE(contrastRatio(colors.warning, field), 3);
+                EXPECT_GE(contrastRatio(colors.accent, field), 3);
+                EXPECT_GE(contrastRatio(theme.primaryText, field), 4.5);
+            }
         }
     }
 }
