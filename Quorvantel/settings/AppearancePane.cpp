@@ -66,11 +66,14 @@ SegmentedPill* AppearancePane::addSection(const QString& heading, const QStringL
     auto* const pill = new SegmentedPill(options, m_theme);
     pill->setAccessibleName(heading);
     pill->setMaximumWidth(maximumPillWidth);
-    auto* const section = new QVBoxLayout;
-    section->setSpacing(sectionSpacing);
-    section->addWidget(new SettingsText(heading, SettingsText::Style::Heading, m_theme));
-    section->addWidget(pill);
-    section->addWidget(new SettingsText(explanation, SettingsText::Style::Hint, m_theme));
+    // A widget, since a layout within a layout gets more height than its texts need.
+    auto* const section = new QWidget;
+    auto* const layout = new QVBoxLayout(section);
+    layout->setContentsMargins({});
+    layout->setSpacing(sectionSpacing);
+    layout->addWidget(new SettingsText(heading, SettingsText::Style::Heading, m_theme));
+    layout->addWidget(pill);
+    layout->addWidget(new SettingsText(explanation, SettingsText::Style::Hint, m_theme));
     add(section);
     return pill;
 }

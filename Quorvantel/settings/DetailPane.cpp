@@ -13,13 +13,10 @@ constexpr int spacing = 24;
 
 } // namespace
 
-DetailPane::DetailPane(QWidget* parent) : QWidget(parent), m_stack(new QVBoxLayout) {
-    m_stack->setContentsMargins({});
-    m_stack->setSpacing(spacing);
-    auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(padding, padding, padding, padding);
-    layout->addLayout(m_stack);
-    layout->addStretch(1);
+DetailPane::DetailPane(QWidget* parent) : QWidget(parent), m_layout(new QVBoxLayout(this)) {
+    m_layout->setContentsMargins(padding, padding, padding, padding);
+    m_layout->setSpacing(spacing);
+    m_layout->addStretch(1);
 }
 
 QSize DetailPane::minimumSizeHint() const {
@@ -29,11 +26,8 @@ QSize DetailPane::minimumSizeHint() const {
 }
 
 void DetailPane::add(QWidget* widget) {
-    m_stack->addWidget(widget);
-}
-
-void DetailPane::add(QLayout* section) {
-    m_stack->addLayout(section);
+    const int stretch = m_layout->count() - 1;
+    m_layout->insertWidget(stretch, widget);
 }
 
 } // namespace quorvantel

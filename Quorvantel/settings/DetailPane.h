@@ -20,12 +20,11 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
-    /// Puts something below all that is there.
+    /// Puts something below all that is there, and takes ownership of it.
     void add(QWidget* widget);
-    void add(QLayout* section);
 
 private:
-    QVBoxLayout* m_stack;
+    QVBoxLayout* m_layout;
 };
 
 } // namespace quorvantel

@@ -186,15 +186,15 @@ TEST_F(SettingsWindowTest, ChoosingTheSameHotKeyTriesAgainWhileItDoesNotWork) {
 TEST_F(SettingsWindowTest, EveryTextHasItsRoomInTheSmallestWindowAndHeadingsStandStill) {
     activity.set(std::nullopt, HotKeyError::invalidModifiers());
     SettingsView& window = show();
-    for (const int width : {0, 2000}) {
-        window.resize(width, 0);
+    for (const QSize size : {QSize(0, 0), QSize(645, 360), QSize(2000, 1000)}) {
+        window.resize(size);
         for (const SettingsSection section : allSettingsSections) {
             window.select(section);
             QCoreApplication::processEvents();
             std::vector<QPoint> corners;
             for (const auto* const text : window.findChildren<SettingsText*>()) {
                 if (text->isVisible()) {
-                    EXPECT_GE(text->height(), text->heightForWidth(text->width()))
+                    EXPECT_EQ(text->height(), text->heightForWidth(text->width()))
                         << text->text().toStdString();
                     corners.push_back(text->mapTo(&window, QPoint()));
                 }
