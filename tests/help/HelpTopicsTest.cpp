@@ -9,6 +9,7 @@
 #include "settings/SettingsWindowController.h"
 #include "support/FakeLook.h"
 #include "support/FakeWindowActivator.h"
+#include "support/FakeWindowFrame.h"
 #include "support/ScriptedKeyCapture.h"
 
 #include <QAccessible>
@@ -132,8 +133,9 @@ protected:
     HotKeyActivity activity;
     testing::ScriptedKeyCapture keyboard;
     testing::FakeWindowActivator activator;
-    SettingsWindowController settingsWindow{
-        {settings, activity, look.manager, look.theme, look.icons, keyboard, activator, [] {}}};
+    testing::FakeWindowFrame frame;
+    SettingsWindowController settingsWindow{{settings, activity, look.manager, look.theme,
+                                             look.icons, keyboard, activator, frame, [] {}, [] {}}};
 };
 
 TEST_F(HelpTopicsTruth, TheHotKeyIsTheDefault) {

@@ -207,14 +207,6 @@ TEST_F(SettingsWindowTest, EveryTextHasItsRoomInTheSmallestWindowAndHeadingsStan
     }
 }
 
-TEST_F(SettingsWindowTest, LeavingTheSectionEndsTheRecording) {
-    SettingsView& window = show();
-    QTest::mouseClick(&recorder(), Qt::LeftButton);
-    EXPECT_EQ(keyboard.captures, 1);
-    window.select(SettingsSection::General);
-    EXPECT_EQ(keyboard.captures, 0);
-}
-
 TEST_F(SettingsWindowTest, TheResetAsksFirstWithTheSafeAnswerAtHand) {
     learned.learn(u"ch"_s, u"org.example.Chess"_s, 0);
     const auto stored = [this] { return LearnedAbbreviationStore(directory.path()).table(); };
