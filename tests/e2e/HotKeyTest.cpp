@@ -57,17 +57,5 @@ TEST(HotKeyTest, AStoredHotKeySummonsInPlaceOfTheDefault) {
     EXPECT_TRUE(waitUntil([&session] { return session.panel().has_value(); }));
 }
 
-TEST(HotKeyTest, AStoredHotKeyHeldElsewhereFallsBackToTheDefault) {
-    LauncherSession session;
-    const ForeignHotKey other(session.display(), XK_k, XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_4);
-    constexpr int keyK = 40;
-    constexpr int commandAndShift = 0x300;
-    session.storeHotKey(keyK, commandAndShift);
-    session.start();
-    EXPECT_TRUE(session.output().contains("Quorvantel: hotkey registration failed: "
-                                          "RegisterEventHotKey failed with OSStatus 10."));
-    session.summon();
-}
-
 } // namespace
 } // namespace quorvantel
