@@ -38,30 +38,48 @@ FileError errorOf(int code) {
     }
 }
 
-/// Opens a regular file for reading; otherwise the file stays closed.
-std::optional<FileError> openRegular(QFile& file, const QByteArray& path) {
-    struct stat status {};
-    if (::stat(path.constData(), &status) != 0) {
-        return errorOf(errno);
+/// An open file, closed with this object.
+class Descriptor {
+public:
+    explicit Descriptor(int number) : m_number(number) {}
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor() {
+        if (m_number >= 0) {
+            ::close(m_number);
+        }
     }
-    if (!S_ISREG(status.st_mode)) {
-        return FileError::NotRegular;
+
+    int number() const { return m_number; }
+
+private:
+    int m_number;
+};
+
+/// A file's bytes to its end, or more than `limit` of them if there are so many. Nothing if it
+/// cannot be read. `size` is what the file claims to have: it may grow, and those in /proc claim to
+/// be empty.
+std::optional<QByteArray> readUpTo(qint64 limit, const Descriptor& file, qint64 size) {
+    constexpr qint64 chunkSize = 64LL * 1024;
+
+    QByteArray content(size + 1, Qt::Uninitialized);
+    qint64 length = 0;
+    while (length <= limit) {
+        if (length == content.size()) {
+            content.resize(length + chunkSize);
+        }
+        const ssize_t count = ::read(file.number(), content.data() + length,
+                                     static_cast<size_t>(content.size() - length));
+        if (count < 0 && errno != EINTR) {
+            return std::nullopt;
+        }
+        if (count == 0) {
+            break;
+        }
+        length += std::max<ssize_t>(count, 0);
     }
-    // What was a file a moment ago may have become a FIFO, whose opening would wait for a writer.
-    const int descriptor = ::open(path.constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-    if (descriptor < 0) {
-        return errorOf(errno);
-    }
-    if (!file.open(descriptor, QIODevice::ReadOnly | QIODevice::Unbuffered,
-                   QFileDevice::AutoCloseHandle)) {
-        ::close(descriptor);
-        return FileError::Unreadable;
-    }
-    if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) {
-        file.close();
-        return FileError::NotRegular;
-    }
-    return std::nullopt;
+    content.truncate(length);
+    return content;
 }
 
 /// The path behind a chain of links, whether or not anything is there; nothing for a loop.
@@ -158,32 +176,30 @@ fs::path nativePath(const QString& path) {
 } // namespace
 
 FileContent readRegularFile(const QString& path, qint64 limit) {
-    constexpr qint64 chunkSize = 64LL * 1024;
-
-    QFile file;
-    if (const auto error = openRegular(file, QFile::encodeName(path))) {
-        return *error;
+    const QByteArray native = QFile::encodeName(path);
+    struct stat status {};
+    if (::stat(native.constData(), &status) != 0) {
+        return errorOf(errno);
     }
-    if (file.size() > limit) {
+    if (!S_ISREG(status.st_mode)) {
+        return FileError::NotRegular;
+    }
+    // What was a file a moment ago may have become a FIFO, whose opening would wait for a writer.
+    const Descriptor file(::open(native.constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (file.number() < 0) {
+        return errorOf(errno);
+    }
+    if (::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode)) {
+        return FileError::NotRegular;
+    }
+    if (status.st_size > limit) {
         return FileError::TooLarge;
     }
-    QByteArray content;
-    content.reserve(file.size());
-    // Not by the size alone: the file may grow, and those in /proc claim to be empty.
-    while (content.size() <= limit) {
-        const QByteArray chunk = file.read(std::min(chunkSize, limit - content.size()) + 1);
-        if (chunk.isEmpty()) {
-            break;
-        }
-        content += chunk;
-    }
-    if (file.error() != QFileDevice::NoError) {
+    const auto content = readUpTo(limit, file, status.st_size);
+    if (!content) {
         return FileError::Unreadable;
     }
-    if (content.size() > limit) {
-        return FileError::TooLarge;
-    }
-    return content;
+    return content->size() > limit ? FileContent(FileError::TooLarge) : FileContent(*content);
 }
 
 bool replacePrivateFile(const QString& path, const QByteArray& content) {
