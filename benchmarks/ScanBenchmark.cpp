@@ -29,13 +29,14 @@ void addTranslations(QByteArray& text, const QByteArray& key, const QByteArray& 
     }
 }
 
-/// An entry of three to ten kibibytes.
+/// An entry of four to thirteen kibibytes.
 QByteArray entryText(int number) {
     const int count = 20 + number % 48;
     QByteArray text = "[Desktop Entry]\nType=Application\nTerminal=false\n";
     addTranslations(text, "Name", "Application " + QByteArray::number(number), count);
     addTranslations(text, "GenericName", "Some Kind of Program", count);
     addTranslations(text, "Comment", "Does this and that with documents and pictures", count);
+    addTranslations(text, "Keywords", "write;read;paper;office;print;", count);
     text += "Exec=program-" + QByteArray::number(number) + " %U\nIcon=program\n" +
             "Categories=Utility;GTK;\nStartupNotify=true\nMimeType=text/plain;image/png;\n" +
             "Actions=new-window;\n\n[Desktop Action new-window]\nExec=program --new\n";
@@ -43,14 +44,23 @@ QByteArray entryText(int number) {
     return text;
 }
 
-void writeEntries(const QString& folder, int count) {
-    QDir().mkpath(folder);
-    for (int number = 0; number < count; ++number) {
-        QFile file(folder + QStringLiteral("/org.example.App%1.desktop").arg(number));
-        if (!file.open(QIODevice::WriteOnly) || file.write(entryText(number)) < 0) {
-            throw std::runtime_error("cannot write the entries");
-        }
+void write(const QString& path, const QByteArray& content) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) < 0 ||
+        !file.setPermissions(file.permissions() | QFile::ExeOwner)) {
+        throw std::runtime_error("cannot write the entries");
     }
+}
+
+/// Entries and their programs, which are in the second folder that is searched for them.
+void writeEntries(const QString& folder, const QString& programs, int count) {
+    QDir().mkpath(folder);
+    QDir().mkpath(programs);
+    for (int number = 0; number < count; ++number) {
+        write(folder + QStringLiteral("/org.example.App%1.desktop").arg(number), entryText(number));
+        write(programs + QStringLiteral("/program-%1").arg(number), {});
+    }
+    qputenv("PATH", "/usr/local/bin:" + QFile::encodeName(programs));
 }
 
 /// One scan as the launcher makes it whenever the panel is shown, with files that the system has in
@@ -59,7 +69,7 @@ void scan(benchmark::State& state) {
     const auto count = static_cast<int>(state.range(0));
     const QTemporaryDir home;
     const QString folder = home.filePath(QStringLiteral("applications"));
-    writeEntries(folder, count);
+    writeEntries(folder, home.filePath(QStringLiteral("bin")), count);
     const platform::DesktopEntryApplications installed({folder});
     const platform::PropertyListBundleReader bundles;
     const AppIndexer indexer(AppIndexer::standardRoots(home.path()), {}, bundles, installed);

@@ -3,6 +3,7 @@
 #include "platform/Image.h"
 
 #include <QString>
+#include <QStringList>
 #include <QUrl>
 
 #include <vector>
@@ -21,7 +22,13 @@ struct InstalledApplication {
     QString name;
     /// What a user would type for its file name; may be empty.
     QString fileName;
-    /// Not to be shown: it is one half of another application, or not meant for this desktop.
+    /// Further texts of one or more words that users search by although they are none of its names:
+    /// words for its kind and purpose, in the user's language and in none, and the name of its
+    /// program. Any of them may be empty or among the names above. On Linux they come from
+    /// "GenericName", "Keywords" and "Exec".
+    QStringList secondaryNames;
+    /// Not to be shown: it is one half of another application, or not meant for this desktop. Such
+    /// a one may have nothing but its identifier.
     bool isBackgroundOnly = false;
     Image icon;
 };

@@ -1,5 +1,7 @@
 #include "catalogue/AppCandidate.h"
 
+#include "catalogue/SecondaryKey.h"
+
 namespace quorvantel {
 
 namespace {
@@ -7,6 +9,22 @@ namespace {
 QString withoutBundleExtension(const QString& name) {
     const QLatin1StringView extension(".app");
     return name.endsWith(extension) ? name.chopped(extension.size()) : name;
+}
+
+QStringList searchKeys(const AppCandidate& candidate, const QString& displayName) {
+    QStringList keys{displayName};
+    for (const QString& name : {candidate.name, candidate.fileName}) {
+        if (!name.isEmpty() && !keys.contains(name)) {
+            keys.append(name);
+        }
+    }
+    for (const QString& words : candidate.secondaryNames) {
+        const QString key = secondaryKey(words);
+        if (!key.isEmpty() && !keys.contains(words, Qt::CaseInsensitive) && !keys.contains(key)) {
+            keys.append(key);
+        }
+    }
+    return keys;
 }
 
 } // namespace
@@ -21,13 +39,8 @@ std::optional<LaunchTarget> makeAppTarget(const AppCandidate& candidate,
     if (displayName.isEmpty()) {
         return std::nullopt;
     }
-    QStringList searchKeys{displayName};
-    for (const QString& key : {candidate.name, candidate.fileName}) {
-        if (!key.isEmpty() && !searchKeys.contains(key)) {
-            searchKeys.append(key);
-        }
-    }
-    return LaunchTarget(candidate.identifier, displayName, searchKeys, candidate.icon,
+    return LaunchTarget(candidate.identifier, displayName, searchKeys(candidate, displayName),
+                        candidate.icon,
                         LaunchTarget::App{candidate.location, candidate.identifier});
 }
 

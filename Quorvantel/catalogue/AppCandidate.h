@@ -4,6 +4,7 @@
 #include "platform/Image.h"
 
 #include <QString>
+#include <QStringList>
 #include <QUrl>
 #include <QVariant>
 
@@ -22,11 +23,16 @@ struct AppCandidate {
     QString name;
     /// The file name without its extension; may be empty.
     QString fileName;
+    /// Further words to be found by, which are none of its names; any may be empty.
+    QStringList secondaryNames;
     platform::Image icon;
 };
 
 /// The launch target of an application, or none when it is not to be listed: it has no identifier
 /// or no display name, works in the background only, or is the launcher itself.
+///
+/// Its search keys are its names, then its secondary names, each text once. A secondary name that
+/// is a name in another letter case is no further key.
 std::optional<LaunchTarget> makeAppTarget(const AppCandidate& candidate,
                                           const QString& launcherIdentifier);
 

@@ -31,6 +31,7 @@ AppCandidate bundleCandidate(const platform::BundleReader& bundles, const QStrin
         .name = stringValue(info, QStringLiteral("CFBundleName")),
         .fileName =
             path.mid(path.lastIndexOf(QLatin1Char('/')) + 1).chopped(bundleExtension.size()),
+        .secondaryNames = {},
         .icon = bundles.icon(path, info),
     };
 }
@@ -44,6 +45,7 @@ AppCandidate installedCandidate(const platform::InstalledApplication& applicatio
             application.localizedName.isEmpty() ? application.name : application.localizedName,
         .name = application.name,
         .fileName = application.fileName,
+        .secondaryNames = application.secondaryNames,
         .icon = application.icon,
     };
 }

@@ -1,6 +1,10 @@
 #include "platform/linux/DesktopEntry.h"
 
 #include <QDir>
+#include <QFile>
+
+#include <algorithm>
+#include <vector>
 
 namespace quorvantel::platform {
 
@@ -8,11 +12,15 @@ namespace {
 
 constexpr const char* group = G_KEY_FILE_DESKTOP_GROUP;
 
-/// Whether a line translates a text that nobody asks for here.
-bool isIdleTranslation(QByteArrayView line) {
-    const qsizetype locale = line.indexOf('[');
-    return locale > 0 && locale < line.indexOf('=') && !line.startsWith("Name[") &&
-           !line.startsWith("Icon[");
+using Languages = std::vector<QByteArrayView>;
+
+/// The user's languages by name, with and without country and encoding.
+Languages userLanguages() {
+    Languages languages;
+    for (const gchar* const* name = g_get_language_names(); *name != nullptr; ++name) {
+        languages.emplace_back(*name);
+    }
+    return languages;
 }
 
 /// Whether a line is needed to tell whether the entry is installed, and its icon.
@@ -21,28 +29,58 @@ bool isAboutIcon(QByteArrayView line) {
            line.startsWith('[');
 }
 
-/// The main group of a desktop file and what precedes it. Most of a file, and of the time that
-/// parsing it takes, are translations of comments and of the further actions in other groups.
+bool startsGroup(QByteArrayView line) {
+    const auto isSpace = [](char unit) { return unit == ' ' || (unit >= '\t' && unit <= '\r'); };
+    const auto first = std::ranges::find_if_not(line, isSpace);
+    return first != line.end() && *first == '[';
+}
+
+/// Whether a line holds a translation into another language than the user's.
+bool isForeign(QByteArrayView line, const Languages& languages) {
+    const QByteArrayView key = line.first(std::max<qsizetype>(line.indexOf('='), 0));
+    const qsizetype begin = key.indexOf('[') + 1;
+    const qsizetype end = begin > 0 ? key.lastIndexOf(']') : -1;
+    return end > begin &&
+           std::ranges::find(languages, key.sliced(begin, end - begin)) == languages.end();
+}
+
+/// A file up to the end of its first group, without the translations into foreign languages. Most
+/// of a file, and of the time that parsing it takes, are these and the further actions in other
+/// groups.
 QByteArray relevantPart(const QByteArray& content, DesktopEntry::Part wanted) {
+    const Languages languages = userLanguages();
     QByteArray part;
     part.reserve(wanted == DesktopEntry::Part::Icon ? 0 : content.size());
-    bool isInMainGroup = false;
+    bool isInGroup = false;
     for (qsizetype begin = 0; begin < content.size();) {
         const qsizetype newline = content.indexOf('\n', begin);
         const qsizetype end = newline < 0 ? content.size() : newline + 1;
-        const QByteArrayView line = QByteArrayView(content).sliced(begin, end - begin).trimmed();
-        if (line.startsWith('[')) {
-            if (isInMainGroup) {
+        const QByteArrayView line = QByteArrayView(content).sliced(begin, end - begin);
+        if (startsGroup(line)) {
+            if (isInGroup) {
                 break;
             }
-            isInMainGroup = line == "[Desktop Entry]";
+            isInGroup = true;
         }
-        if (wanted == DesktopEntry::Part::Icon ? isAboutIcon(line) : !isIdleTranslation(line)) {
+        if (wanted == DesktopEntry::Part::Icon ? isAboutIcon(line) : !isForeign(line, languages)) {
             part.append(content.constData() + begin, end - begin);
         }
         begin = end;
     }
     return part;
+}
+
+/// Whether there is no such program, which is a path or a name in PATH.
+bool isMissing(const QString& program) {
+    return GText(g_find_program_in_path(QFile::encodeName(program).constData())) == nullptr;
+}
+
+QStringList textList(const GTextList& texts) {
+    QStringList list;
+    for (gchar** text = texts.get(); text != nullptr && *text != nullptr; ++text) {
+        list.append(QString::fromUtf8(*text));
+    }
+    return list;
 }
 
 /// An icon's name in the theme, which has no extension. Many entries give a file name in its place.
@@ -55,6 +93,14 @@ QString themeName(const QString& icon) {
     return icon;
 }
 
+/// The words of a command line; none when its quoting is broken.
+QStringList parsedCommand(const QByteArray& line) {
+    gchar** words = nullptr;
+    return g_shell_parse_argv(line.constData(), nullptr, &words, nullptr) != FALSE
+               ? textList(GTextList(words))
+               : QStringList();
+}
+
 } // namespace
 
 DesktopEntry::DesktopEntry(const QByteArray& content, Part wanted) : m_file(g_key_file_new()) {
@@ -63,22 +109,41 @@ DesktopEntry::DesktopEntry(const QByteArray& content, Part wanted) : m_file(g_ke
     if (!g_key_file_load_from_data(m_file.get(), part.constData(), static_cast<gsize>(part.size()),
                                    G_KEY_FILE_NONE, &error)) {
         m_syntaxError = QString::fromUtf8(GErrorPointer(error)->message);
-    } else if (!g_key_file_has_group(m_file.get(), group)) {
-        m_syntaxError = QStringLiteral("no group \"%1\"").arg(QLatin1StringView(group));
+    } else if (g_strcmp0(GText(g_key_file_get_start_group(m_file.get())).get(), group) != 0) {
+        m_syntaxError =
+            QStringLiteral("does not begin with \"[%1]\"").arg(QLatin1StringView(group));
     }
+    m_command = parsedCommand(text(G_KEY_FILE_DESKTOP_KEY_EXEC).toUtf8());
+}
+
+// GLib words an error message for each key that is missing, even if nobody asks for it.
+
+bool DesktopEntry::has(const char* key) const {
+    return g_key_file_has_key(m_file.get(), group, key, nullptr) != FALSE;
 }
 
 QString DesktopEntry::text(const char* key) const {
-    return QString::fromUtf8(GText(g_key_file_get_string(m_file.get(), group, key, nullptr)).get());
+    return has(key) ? QString::fromUtf8(
+                          GText(g_key_file_get_string(m_file.get(), group, key, nullptr)).get())
+                    : QString();
 }
 
 QString DesktopEntry::localizedText(const char* key) const {
-    return QString::fromUtf8(
-        GText(g_key_file_get_locale_string(m_file.get(), group, key, nullptr, nullptr)).get());
+    return text(localizedKey(key).constData());
+}
+
+QStringList DesktopEntry::texts(const char* key) const {
+    return has(key) ? textList(GTextList(
+                          g_key_file_get_string_list(m_file.get(), group, key, nullptr, nullptr)))
+                    : QStringList();
+}
+
+QStringList DesktopEntry::localizedTexts(const char* key) const {
+    return texts(localizedKey(key).constData());
 }
 
 bool DesktopEntry::flag(const char* key) const {
-    return g_key_file_get_boolean(m_file.get(), group, key, nullptr) != FALSE;
+    return has(key) && g_key_file_get_boolean(m_file.get(), group, key, nullptr) != FALSE;
 }
 
 bool DesktopEntry::isHidden() const {
@@ -94,13 +159,16 @@ bool DesktopEntry::isShownIn(const QByteArray& currentDesktops) const {
             return false;
         }
     }
-    return g_key_file_has_key(m_file.get(), group, G_KEY_FILE_DESKTOP_KEY_ONLY_SHOW_IN, nullptr) ==
-           FALSE;
+    return !has(G_KEY_FILE_DESKTOP_KEY_ONLY_SHOW_IN);
 }
 
 bool DesktopEntry::lacksProgram() const {
-    const QByteArray program = text(G_KEY_FILE_DESKTOP_KEY_TRY_EXEC).toUtf8();
-    return !program.isEmpty() && GText(g_find_program_in_path(program.constData())) == nullptr;
+    const QString condition = text(G_KEY_FILE_DESKTOP_KEY_TRY_EXEC);
+    if (!condition.isEmpty() && isMissing(condition)) {
+        return true;
+    }
+    return !m_command.isEmpty() && !flag(G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE) &&
+           isMissing(m_command.front());
 }
 
 Image DesktopEntry::icon() const {
@@ -111,9 +179,23 @@ Image DesktopEntry::icon() const {
     return QDir::isAbsolutePath(icon) ? Image::file(icon) : Image::iconTheme(themeName(icon));
 }
 
+/// The key of the translation into the user's language that is there, else the key itself. An entry
+/// translates only what it has in no particular language as well.
+QByteArray DesktopEntry::localizedKey(const char* key) const {
+    if (!has(key)) {
+        return key;
+    }
+    for (const gchar* const* language = g_get_language_names(); *language != nullptr; ++language) {
+        QByteArray translation = QByteArray(key) + '[' + *language + ']';
+        if (has(translation.constData())) {
+            return translation;
+        }
+    }
+    return key;
+}
+
 bool DesktopEntry::lists(const char* key, const QByteArray& desktop) const {
-    const GTextList names(g_key_file_get_string_list(m_file.get(), group, key, nullptr, nullptr));
-    return names && g_strv_contains(names.get(), desktop.constData()) != FALSE;
+    return texts(key).contains(QString::fromUtf8(desktop));
 }
 
 } // namespace quorvantel::platform

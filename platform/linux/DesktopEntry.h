@@ -5,12 +5,15 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 namespace quorvantel::platform {
 
-/// The main group of a desktop file (Desktop Entry Specification).
+/// The main group of a desktop file, which is its first one (Desktop Entry Specification).
 ///
-/// Texts that a file lacks, or that are not UTF-8, are empty.
+/// Texts that a file lacks, or that are not UTF-8, are empty. "In the user's language" is that of
+/// the environment (LANGUAGE, LC_ALL, LC_MESSAGES, LANG), or no particular one where the file lacks
+/// a translation.
 class DesktopEntry {
 public:
     /// How much of a file is read: what the catalogue lists, or only the icon with the keys Hidden
@@ -26,8 +29,17 @@ public:
 
     QString text(const char* key) const;
 
-    /// The text in the language of the environment (LANGUAGE, LC_ALL, LC_MESSAGES, LANG).
+    /// The text in the user's language.
     QString localizedText(const char* key) const;
+
+    QStringList texts(const char* key) const;
+
+    /// The texts in the user's language.
+    QStringList localizedTexts(const char* key) const;
+
+    /// The program to execute and its arguments (Exec), field codes included; empty when there is
+    /// none or its quoting is broken.
+    const QStringList& command() const { return m_command; }
 
     bool flag(const char* key) const;
 
@@ -38,17 +50,22 @@ public:
     /// separated by colons.
     bool isShownIn(const QByteArray& currentDesktops) const;
 
-    /// Whether the program that the entry makes its condition is missing (TryExec).
+    /// Whether a program is missing without which the entry is of no use: the one that it makes its
+    /// condition (TryExec), or the one to execute, unless a message on the session bus takes the
+    /// place of that.
     bool lacksProgram() const;
 
     /// An image file, or a name in the icon theme; null when the entry names no icon.
     Image icon() const;
 
 private:
+    bool has(const char* key) const;
+    QByteArray localizedKey(const char* key) const;
     bool lists(const char* key, const QByteArray& desktop) const;
 
     GKeyFilePointer m_file;
     QString m_syntaxError;
+    QStringList m_command;
 };
 
 } // namespace quorvantel::platform

@@ -2,6 +2,7 @@
 
 #include "platform/Directories.h"
 #include "platform/PrivateFile.h"
+#include "platform/linux/TypedNames.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -17,6 +18,7 @@ namespace {
 constexpr qint64 maximumEntrySize = qint64{1024} * 1024;
 constexpr int maximumFolderDepth = 10;
 constexpr QLatin1StringView extension(".desktop");
+constexpr const char* keywords = "Keywords";
 
 /// A desktop file and its desktop file ID without the extension.
 struct EntryFile {
@@ -56,14 +58,6 @@ private:
     std::vector<EntryFile> m_files;
 };
 
-/// What a user would type for the file's name: of a reverse domain name such as
-/// "org.example.Viewer.desktop", the program's own part.
-QString typedName(const QString& path) {
-    const QString name = QFileInfo(path).fileName().chopped(extension.size());
-    return name.count(QLatin1Char('.')) < 2 ? name
-                                            : name.mid(name.lastIndexOf(QLatin1Char('.')) + 1);
-}
-
 bool isApplication(const DesktopEntry& entry) {
     return entry.text(G_KEY_FILE_DESKTOP_KEY_TYPE) ==
            QLatin1StringView(G_KEY_FILE_DESKTOP_TYPE_APPLICATION);
@@ -83,23 +77,48 @@ QString defect(const DesktopEntry& entry) {
             return QStringLiteral("no valid \"%1\"").arg(QLatin1StringView(key));
         }
     }
-    if (isApplication(entry) && entry.text(G_KEY_FILE_DESKTOP_KEY_EXEC).isEmpty() &&
-        !entry.flag(G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE)) {
+    const bool isCommandOptional =
+        !isApplication(entry) || (entry.text(G_KEY_FILE_DESKTOP_KEY_EXEC).isEmpty() &&
+                                  entry.flag(G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE));
+    if (!isCommandOptional && entry.command().isEmpty()) {
         return QStringLiteral("no valid \"Exec\"");
     }
     return {};
 }
 
+/// The words for the kind of application and for what it is used for.
+QString descriptiveWords(const DesktopEntry& entry) {
+    QString words = entry.localizedText(G_KEY_FILE_DESKTOP_KEY_GENERIC_NAME) + u' ' +
+                    entry.text(G_KEY_FILE_DESKTOP_KEY_GENERIC_NAME);
+    for (const QStringList& texts : {entry.localizedTexts(keywords), entry.texts(keywords)}) {
+        for (const QString& text : texts) {
+            words += u' ' + text;
+        }
+    }
+    return words;
+}
+
+/// A program that is not installed is no fault: others that come later may do without it.
+bool isUsable(const DesktopEntry& entry) {
+    return isApplication(entry) && !entry.lacksProgram();
+}
+
 InstalledApplication application(const EntryFile& file, const DesktopEntry& entry,
                                  const QByteArray& currentDesktops) {
+    if (entry.isHidden() || !entry.isShownIn(currentDesktops)) {
+        InstalledApplication hidden;
+        hidden.identifier = file.identifier;
+        hidden.isBackgroundOnly = true;
+        return hidden;
+    }
     return {
         .location = QUrl::fromLocalFile(file.path),
         .identifier = file.identifier,
         .localizedName = entry.localizedText(G_KEY_FILE_DESKTOP_KEY_NAME),
         .name = entry.text(G_KEY_FILE_DESKTOP_KEY_NAME),
-        .fileName = typedName(file.path),
-        .isBackgroundOnly =
-            entry.isHidden() || !entry.isShownIn(currentDesktops) || entry.lacksProgram(),
+        .fileName = typedFileName(QFileInfo(file.path).fileName().chopped(extension.size())),
+        .secondaryNames = {descriptiveWords(entry), typedProgram(entry.command())},
+        .isBackgroundOnly = false,
         .icon = entry.icon(),
     };
 }
@@ -132,7 +151,7 @@ std::vector<InstalledApplication> DesktopEntryApplications::list() const {
         const EntryFinder finder(directory);
         for (const EntryFile& file : finder.files()) {
             const std::optional<DesktopEntry> entry = read(file.path);
-            if (entry && (entry->isHidden() || isApplication(*entry))) {
+            if (entry && (entry->isHidden() || isUsable(*entry))) {
                 applications.push_back(application(file, *entry, currentDesktops));
             }
         }

@@ -14,8 +14,9 @@ namespace quorvantel::platform {
 ///
 /// The entries are those of the files "*.desktop" in the application directories and the folders in
 /// them. An entry that its author, its user or the running desktop (XDG_CURRENT_DESKTOP) does not
-/// want shown, or whose program is not installed (TryExec), is background-only. A broken entry is
-/// left out, which one line is logged about, once.
+/// want shown is background-only. One whose program is not installed (TryExec, Exec) is left out,
+/// and so is a broken one, which one line is logged about, once; neither keeps a working entry of
+/// the same ID in a later directory from the list.
 class DesktopEntryApplications final : public InstalledApplications {
 public:
     /// The directories of the XDG Base Directory Specification, "applications" in $XDG_DATA_HOME

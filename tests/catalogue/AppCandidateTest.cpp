@@ -16,6 +16,7 @@ AppCandidate editor() {
             u"Texteditor"_s,
             u"Editor"_s,
             u"TextEdit"_s,
+            {},
             {}};
 }
 
@@ -30,6 +31,23 @@ TEST(AppCandidateTest, SearchesByEveryNameOnceInOrderOfPreference) {
               (QStringList{u"Texteditor"_s, u"Editor"_s, u"TextEdit"_s}));
     EXPECT_EQ(keys(u"Editor"_s, u"Texteditor"_s), (QStringList{u"Texteditor"_s, u"Editor"_s}));
     EXPECT_EQ(keys({}, u"texteditor"_s), (QStringList{u"Texteditor"_s, u"texteditor"_s}));
+}
+
+TEST(AppCandidateTest, SearchesByFurtherWordsThatEarnNothingForABeginning) {
+    const auto keys = [](const QStringList& secondaryNames) {
+        AppCandidate candidate = editor();
+        candidate.secondaryNames = secondaryNames;
+        return makeAppTarget(candidate, launcher)->searchKeys().mid(3);
+    };
+    EXPECT_EQ(keys({u"Write e-mail Plain/Text  write"_s, u"text_editor.bin"_s}),
+              (QStringList{u"·write ·e-·mail ·plain/·text"_s, u"·text_·editor.·bin"_s}));
+    EXPECT_EQ(keys({u"a b"_s, {}, u" "_s, u"A b"_s, u"textEDIT"_s}), QStringList{u"·a ·b"_s});
+    QString words;
+    for (int number = 100; number < 1000; ++number) {
+        words += u' ' + QString::number(number);
+    }
+    EXPECT_EQ(keys({words}).value(0).size(), 249);
+    EXPECT_TRUE(keys({QString(1000, u'a')}).isEmpty());
 }
 
 TEST(AppCandidateTest, TakesOneBundleExtensionOffTheDisplayName) {

@@ -117,6 +117,8 @@ TEST_F(AppIndexerTest, LetsAHiddenEntryButNotABackgroundBundleStandBeforeOthers)
         installedApplication({}, u"Anonymous"_s),
         installedApplication(u"org.example.Launcher"_s, u"Launcher"_s),
     };
+    installed.applications[2].secondaryNames = {u"Spy"_s};
+    EXPECT_EQ(scan().front().searchKeys(), (QStringList{u"Agent"_s, u"·spy"_s}));
     EXPECT_THAT(scan(), ElementsAre(::testing::Property(&LaunchTarget::displayName, u"Agent"_s),
                                     ::testing::Property(&LaunchTarget::displayName, u"Named"_s)));
 }

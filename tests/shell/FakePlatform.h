@@ -19,10 +19,12 @@ public:
         ++scans;
         std::vector<platform::InstalledApplication> applications;
         for (const QString& name : names) {
-            applications.push_back(
-                {QUrl::fromLocalFile(QStringLiteral("/apps/%1.desktop").arg(name)),
-                 QStringLiteral("org.example.") + name, name, name, name, false,
-                 platform::Image::iconTheme(QStringLiteral("missing"))});
+            platform::InstalledApplication& application = applications.emplace_back();
+            application.location =
+                QUrl::fromLocalFile(QStringLiteral("/apps/%1.desktop").arg(name));
+            application.identifier = QStringLiteral("org.example.") + name;
+            application.name = name;
+            application.icon = platform::Image::iconTheme(QStringLiteral("missing"));
         }
         return applications;
     }
