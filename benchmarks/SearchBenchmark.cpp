@@ -1,3 +1,4 @@
+#include "catalogue/SecondaryKey.h"
 #include "search/FrecencyStore.h"
 #include "search/FuzzyScorer.h"
 #include "search/LearnedAbbreviationStore.h"
@@ -35,7 +36,8 @@ QString word(std::mt19937& random) {
     return text;
 }
 
-/// Targets with two keys each: a name of one to three words and a bundle identifier.
+/// Targets with three keys each: a name of one to three words, a bundle identifier, and eight words
+/// for their purpose.
 std::vector<LaunchTarget> catalogue(std::int64_t size) {
     std::mt19937 random(42);
     std::vector<LaunchTarget> targets;
@@ -46,7 +48,12 @@ std::vector<LaunchTarget> catalogue(std::int64_t size) {
             name += u' ' + word(random);
         }
         const QString id = u"org.example." + word(random) + QString::number(i);
-        targets.push_back({id, name, {name, id}, {}, LaunchTarget::App{QUrl(), id}});
+        QString purpose;
+        for (int words = 0; words < 8; ++words) {
+            purpose += word(random) + u' ';
+        }
+        targets.push_back(
+            {id, name, {name, id, secondaryKey(purpose)}, {}, LaunchTarget::App{QUrl(), id}});
     }
     return targets;
 }
