@@ -18,6 +18,11 @@ public:
     /// factor, its device pixel ratio set accordingly. A null pixmap when the image is missing or
     /// cannot be decoded. Of a template image only the alpha channel counts.
     virtual QPixmap load(const Image& image, int points, qreal scale) = 0;
+
+    /// Takes in the icons and the choice of an icon theme that changed since the last call. Returns
+    /// whether any did, so that images which were loaded earlier may look different now. Too slow
+    /// for a moment in which somebody waits.
+    virtual bool refresh() { return false; }
 };
 
 } // namespace quorvantel::platform

@@ -36,8 +36,12 @@ QPixmap IconCache::pixmapNow(const platform::Image& image, int points, qreal sca
     return *m_pixmaps.insert(key, m_loader.load(image, points, scale));
 }
 
-void IconCache::forgetMissing() {
-    m_pixmaps.removeIf([](const auto& entry) { return entry.value().isNull(); });
+void IconCache::refresh() {
+    const bool haveIconsChanged = m_loader.refresh();
+    m_pixmaps.removeIf([haveIconsChanged](const auto& entry) {
+        return entry.value().isNull() ||
+               (haveIconsChanged && entry.key().image.source == platform::Image::Source::IconTheme);
+    });
 }
 
 void IconCache::decodeNext() {

@@ -33,8 +33,9 @@ public:
     /// Like `pixmap`, but decodes at once: for the few symbols of the interface itself.
     QPixmap pixmapNow(const platform::Image& image, int points, qreal scale);
 
-    /// Has images that were missing looked for again.
-    void forgetMissing();
+    /// Has images that were missing looked for again, and those of the icon theme when the theme or
+    /// its icons changed.
+    void refresh();
 
 Q_SIGNALS:
     void decoded(const platform::Image& image);

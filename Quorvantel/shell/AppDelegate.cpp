@@ -117,7 +117,7 @@ void AppDelegate::runIndex() {
     const auto& panes = settingsPaneTargets(m_platform.bundleReader(), m_platform.settingsPanels());
     targets.insert(targets.end(), panes.begin(), panes.end());
     // An application that was installed meanwhile may have brought the icon.
-    m_icons.forgetMissing();
+    m_icons.refresh();
     m_engine->setTargets(std::move(targets));
 }
 

@@ -7,7 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstring>
+#include <filesystem>
 #include <stdexcept>
 
 namespace quorvantel::platform {
@@ -141,6 +143,37 @@ TEST_F(IconThemeImageLoaderTest, WhatIsNoIconGivesNone) {
         const auto file = Image::file(path(QString::fromLatin1(name)));
         EXPECT_TRUE(loader.load(file, iconSize, 1).isNull()) << name;
     }
+}
+
+TEST_F(IconThemeImageLoaderTest, SeesWhatIsInstalledLater) {
+    // A cache of the theme's icons that lists none.
+    write(path(QStringLiteral("icon-theme.cache")),
+          QByteArray::fromHex("00010000 0000000c 00000014 00000001 ffffffff 00000000"));
+    const auto past = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1);
+    std::filesystem::last_write_time(path(QStringLiteral("icon-theme.cache")).toStdString(), past);
+    std::filesystem::last_write_time(path({}).toStdString(), past);
+    const QTemporaryDir user;
+    QIcon::setThemeSearchPaths({user.path(), directory.path()});
+    loader.refresh();
+    EXPECT_TRUE(loader.load(Image::iconTheme(QStringLiteral("app")), iconSize, 1).isNull());
+    EXPECT_FALSE(loader.refresh());
+
+    addImage(QStringLiteral("app"), 32);
+    EXPECT_TRUE(loader.load(Image::iconTheme(QStringLiteral("app")), iconSize, 1).isNull());
+    QFile::remove(path(QStringLiteral("icon-theme.cache")));
+    EXPECT_TRUE(loader.refresh());
+    EXPECT_TRUE(isFilled(load(QStringLiteral("app"), 1), colorOfSize(32)));
+    EXPECT_FALSE(loader.refresh());
+
+    QDir(user.path()).mkpath(QStringLiteral("sizes/32"));
+    QFile::copy(path(QStringLiteral("32/app.png")),
+                user.filePath(QStringLiteral("sizes/32/mine.png")));
+    EXPECT_TRUE(loader.load(Image::iconTheme(QStringLiteral("mine")), iconSize, 1).isNull());
+    EXPECT_TRUE(loader.refresh());
+    EXPECT_TRUE(isFilled(load(QStringLiteral("mine"), 1), colorOfSize(32)));
+
+    QIcon::setThemeName(QStringLiteral("another"));
+    EXPECT_TRUE(loader.refresh());
 }
 
 } // namespace

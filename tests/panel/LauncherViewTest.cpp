@@ -273,9 +273,14 @@ TEST_F(LauncherViewTest, IconsAreDecodedOnceAndNotWhileTyping) {
     EXPECT_EQ(look.loader.loads, 0);
     const auto rows = rowsInSight().size();
     EXPECT_TRUE(QTest::qWaitFor([&] { return look.loader.loads == rows; }));
+    look.icons.refresh();
     view.grab();
     QTest::qWait(20);
     EXPECT_EQ(look.loader.loads, rows);
+    look.loader.hasChanged = true;
+    look.icons.refresh();
+    view.grab();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return look.loader.loads == 2 * rows; }));
 }
 
 } // namespace

@@ -10,6 +10,8 @@
 #include <QImage>
 #include <QPainter>
 
+#include <utility>
+
 namespace quorvantel::testing {
 
 /// A desktop whose scheme the test chooses.
@@ -37,8 +39,11 @@ public:
         return pixmap;
     }
 
+    bool refresh() override { return std::exchange(hasChanged, false); }
+
     int loads = 0;
     int misses = 0;
+    bool hasChanged = false;
 };
 
 /// What a fill looks like that is painted on an opaque background.

@@ -6,7 +6,6 @@
 #include <QPainter>
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace quorvantel::platform {
@@ -17,14 +16,6 @@ namespace {
 constexpr qint64 maximumFileSize = qint64{8} * 1024 * 1024;
 /// Larger images in pixels are no icons either.
 constexpr int maximumSourcePixels = 2048;
-
-constexpr std::array<QStringView, 3> widespreadThemes{u"Adwaita", u"breeze", u"Papirus"};
-
-bool isInstalled(QStringView theme) {
-    return std::ranges::any_of(QIcon::themeSearchPaths(), [theme](const QString& path) {
-        return QFileInfo::exists(path + u'/' + theme + QStringLiteral("/index.theme"));
-    });
-}
 
 /// The image as large as fits into a square of `pixels`, in the middle of it.
 QPixmap fitted(const QImage& image, int pixels, qreal scale) {
@@ -89,12 +80,8 @@ QImage sharpestImage(const QIcon& icon, int points, qreal scale) {
 
 } // namespace
 
-IconThemeImageLoader::IconThemeImageLoader() {
-    const auto* const theme = std::ranges::find_if(widespreadThemes, isInstalled);
-    if (theme != widespreadThemes.end()) {
-        QIcon::setFallbackThemeName(theme->toString());
-    }
-}
+IconThemeImageLoader::IconThemeImageLoader(IconThemes::DesktopTheme desktopTheme)
+    : m_themes(std::move(desktopTheme)) {}
 
 QPixmap IconThemeImageLoader::load(const Image& image, int points, qreal scale) {
     switch (image.source) {
@@ -109,6 +96,10 @@ QPixmap IconThemeImageLoader::load(const Image& image, int points, qreal scale) 
         return loadFile(QStringLiteral(":/symbols/%1.svg").arg(image.name), points, scale);
     }
     Q_UNREACHABLE();
+}
+
+bool IconThemeImageLoader::refresh() {
+    return m_themes.refresh();
 }
 
 } // namespace quorvantel::platform

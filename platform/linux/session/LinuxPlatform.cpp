@@ -1,6 +1,7 @@
 #include "platform/linux/session/LinuxPlatform.h"
 
 #include "platform/linux/session/SessionManagerLoss.h"
+#include "platform/linux/x11/XSettings.h"
 
 #include <QDebug>
 
@@ -18,7 +19,8 @@ LinuxPlatform::LinuxPlatform(const X11Display& display)
       m_windowActivator(display, m_userTime),
       m_startupNotifier(display, m_userTime),
       m_workspace(m_bundleReader, &m_startupNotifier, m_settingsPanels),
-      m_screens(display) {}
+      m_screens(display),
+      m_imageLoader([display] { return desktopIconTheme(display); }) {}
 
 std::unique_ptr<Platform> makePlatform() {
     surviveSessionManagerLoss();
