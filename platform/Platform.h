@@ -1,11 +1,13 @@
 #pragma once
 
+#include "platform/ApplicationRequests.h"
 #include "platform/BundleReader.h"
 #include "platform/ClickMonitor.h"
 #include "platform/GlobalHotKeys.h"
 #include "platform/ImageLoader.h"
 #include "platform/InstalledApplications.h"
 #include "platform/KeyCapture.h"
+#include "platform/LoginItem.h"
 #include "platform/PanelHost.h"
 #include "platform/Screens.h"
 #include "platform/SettingsPanels.h"
@@ -38,10 +40,19 @@ public:
     virtual Screens& screens() = 0;
     virtual SystemAppearance& systemAppearance() = 0;
     virtual ImageLoader& imageLoader() = 0;
+    virtual ApplicationRequests& applicationRequests() = 0;
+    virtual LoginItem& loginItem() = 0;
 };
+
+/// What the system left to the process when it started it. Each platform has its own.
+struct StartContext;
+
+/// Takes what was left to this process, so that neither the toolkit nor a launched program does. To
+/// be called once, before the application object exists.
+std::shared_ptr<StartContext> takeStartContext();
 
 /// The platform that this program was built for; null when the session has no display that the
 /// launcher can work on, which one log line tells. The application object must exist.
-std::unique_ptr<Platform> makePlatform();
+std::unique_ptr<Platform> makePlatform(std::shared_ptr<StartContext> start);
 
 } // namespace quorvantel::platform

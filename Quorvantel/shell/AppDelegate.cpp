@@ -7,8 +7,11 @@
 #include "settings/HelpStyle.h"
 #include "settings/ThemedFrame.h"
 
+#include <QCoreApplication>
 #include <QDebug>
 #include <QDir>
+#include <QGuiApplication>
+#include <QStyleHints>
 #include <QToolTip>
 
 #include <limits>
@@ -48,7 +51,8 @@ AppDelegate::AppDelegate(platform::Platform& platform, AppSettings& settings,
       m_indexer(AppIndexer::standardRoots(QDir::homePath()),
                 platform::launcherIdentifier.toString(), platform.bundleReader(),
                 platform.installedApplications()),
-      m_lastIndexStart(-std::numeric_limits<double>::infinity()) {}
+      m_lastIndexStart(-std::numeric_limits<double>::infinity()),
+      m_lastSummon(-std::numeric_limits<double>::infinity()) {}
 
 AppDelegate::~AppDelegate() {
     applicationWillTerminate();
@@ -199,6 +203,36 @@ void AppDelegate::showHelp() {
     m_helpMenu.showHelp();
     if (isFirst) {
         new ThemedFrame(*m_helpMenu.window(), m_themeManager, m_platform.windowFrame());
+    }
+}
+
+void AppDelegate::answer(platform::ApplicationRequest request) {
+    switch (request) {
+    case platform::ApplicationRequest::Summon:
+        summon();
+        return;
+    case platform::ApplicationRequest::OpenSettings:
+        openSettings();
+        return;
+    case platform::ApplicationRequest::ShowHelp:
+        dismissPanel();
+        showHelp();
+        m_platform.windowActivator().activate(*m_helpMenu.window()->windowHandle());
+        return;
+    case platform::ApplicationRequest::ToggleStartAtLogin:
+        m_platform.loginItem().setEnabled(!m_platform.loginItem().isEnabled());
+        return;
+    case platform::ApplicationRequest::Quit:
+        QCoreApplication::quit();
+        return;
+    }
+}
+
+void AppDelegate::summon() {
+    const double sinceLast = m_now() - std::exchange(m_lastSummon, m_now());
+    const double repetition = QGuiApplication::styleHints()->mouseDoubleClickInterval() / 1000.0;
+    if (!isPanelVisible() || sinceLast < 0 || sinceLast >= repetition) {
+        togglePanel();
     }
 }
 

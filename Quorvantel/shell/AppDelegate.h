@@ -62,6 +62,11 @@ public:
     /// Hides the panel and brings the settings window to the front.
     void openSettings();
 
+    /// Does what the user asked for from outside the launcher's windows. Summoning is what the
+    /// hotkey does, since the desktop may bind a key of its own to it, but requests that follow
+    /// each other as the clicks of a double click do leave the panel shown.
+    void answer(platform::ApplicationRequest request);
+
     bool isPanelVisible() const;
 
     /// The hotkey that summons the panel now; absent when none could be registered.
@@ -83,6 +88,7 @@ private:
     void retryHotKey();
     void showHelp();
     void open(const LaunchTarget& target);
+    void summon();
 
     platform::Platform& m_platform;
     AppSettings& m_settings;
@@ -101,6 +107,8 @@ private:
     std::unique_ptr<LauncherPanelController> m_panelController;
     /// When the last scan began; before it, the distant past.
     double m_lastIndexStart;
+    /// When the panel was last asked for from outside; before that, the distant past.
+    double m_lastSummon;
 };
 
 } // namespace quorvantel

@@ -9,7 +9,8 @@
 namespace quorvantel {
 
 QuorvantelApp::QuorvantelApp(platform::Platform& platform)
-    : m_delegate(platform, AppSettings::shared(), ThemeManager::shared(),
+    : m_platform(platform),
+      m_delegate(platform, AppSettings::shared(), ThemeManager::shared(),
                  platform::applicationSupportDirectory() + QStringLiteral("/Quorvantel")) {}
 
 int QuorvantelApp::run() {
@@ -21,6 +22,8 @@ int QuorvantelApp::run() {
         qInfo().noquote()
             << QStringLiteral("Quorvantel: press %1 to search").arg(hotKey->displayText());
     }
+    m_platform.applicationRequests().receive(
+        [this](platform::ApplicationRequest request) { m_delegate.answer(request); });
     return QApplication::exec();
 }
 

@@ -16,6 +16,7 @@ public:
     int run();
 
 private:
+    platform::Platform& m_platform;
     AppDelegate m_delegate;
 };
 

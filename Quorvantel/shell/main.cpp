@@ -23,6 +23,7 @@ void writeMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/,
 
 int main(int argc, char** argv) {
     qInstallMessageHandler(writeMessage);
+    const auto start = quorvantel::platform::takeStartContext();
     // Global hotkeys and the panel's keyboard grab need X11, also in a session that offers Wayland
     // besides. As an argument, unlike as a variable, this is not handed on to launched programs.
     std::array<char, 10> platformOption{"-platform"};
@@ -39,7 +40,7 @@ int main(int argc, char** argv) {
     // Launched programs begin where the user's files are, wherever the launcher was started.
     QDir::setCurrent(QDir::homePath());
 
-    const auto platform = quorvantel::platform::makePlatform();
+    const auto platform = quorvantel::platform::makePlatform(start);
     if (!platform) {
         return EXIT_FAILURE;
     }

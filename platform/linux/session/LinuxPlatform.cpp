@@ -1,13 +1,28 @@
 #include "platform/linux/session/LinuxPlatform.h"
 
+#include "platform/linux/portal/DesktopNotification.h"
 #include "platform/linux/session/SessionManagerLoss.h"
 #include "platform/linux/x11/XSettings.h"
 
+#include <QCoreApplication>
 #include <QDebug>
 
 namespace quorvantel::platform {
 
-LinuxPlatform::LinuxPlatform(const X11Display& display)
+namespace {
+
+QString loginProgram() {
+    return QCoreApplication::applicationDirPath() + QStringLiteral("/start-in-session");
+}
+
+void tellAndLog(const QString& text) {
+    qInfo().noquote() << text;
+    notifyUser(QDBusConnection::sessionBus(), text);
+}
+
+} // namespace
+
+LinuxPlatform::LinuxPlatform(const X11Display& display, StartContext& start)
     : m_displayLossReport(display),
       m_rawEvents(display),
       m_panelHost(display),
@@ -20,16 +35,21 @@ LinuxPlatform::LinuxPlatform(const X11Display& display)
       m_startupNotifier(display, m_userTime),
       m_workspace(m_bundleReader, &m_startupNotifier, m_settingsPanels),
       m_screens(display),
-      m_imageLoader([display] { return desktopIconTheme(display); }) {}
+      m_imageLoader([display] { return desktopIconTheme(display); }),
+      m_callerActivation(display, m_userTime),
+      m_requests(start, m_callerActivation),
+      m_loginItem(loginProgram(), tellAndLog) {}
 
-std::unique_ptr<Platform> makePlatform() {
+std::unique_ptr<Platform> makePlatform(std::shared_ptr<StartContext> start) {
     surviveSessionManagerLoss();
     const auto display = X11Display::current();
     if (!display) {
         qWarning("Quorvantel: this session offers no X server, which the launcher needs");
         return nullptr;
     }
-    return std::make_unique<LinuxPlatform>(*display);
+    auto platform = std::make_unique<LinuxPlatform>(*display, *start);
+    restoreBusAddress(*start);
+    return platform;
 }
 
 } // namespace quorvantel::platform

@@ -5,10 +5,13 @@
 #include "platform/linux/DesktopSettingsPanels.h"
 #include "platform/linux/GioWorkspace.h"
 #include "platform/linux/PropertyListBundleReader.h"
+#include "platform/linux/XdgLoginItem.h"
 #include "platform/linux/gui/IconThemeImageLoader.h"
 #include "platform/linux/gui/PaletteSystemAppearance.h"
 #include "platform/linux/portal/PortalSystemAppearance.h"
 #include "platform/linux/session/DisplayLossReport.h"
+#include "platform/linux/session/LinuxApplicationRequests.h"
+#include "platform/linux/x11/X11CallerActivation.h"
 #include "platform/linux/x11/X11ClickMonitor.h"
 #include "platform/linux/x11/X11Display.h"
 #include "platform/linux/x11/X11HotKeys.h"
@@ -27,7 +30,7 @@ namespace quorvantel::platform {
 /// A Linux desktop session on an X server.
 class LinuxPlatform : public Platform {
 public:
-    explicit LinuxPlatform(const X11Display& display);
+    LinuxPlatform(const X11Display& display, StartContext& start);
 
     BundleReader& bundleReader() override { return m_bundleReader; }
     InstalledApplications& installedApplications() override { return m_installedApplications; }
@@ -43,6 +46,8 @@ public:
     Screens& screens() override { return m_screens; }
     SystemAppearance& systemAppearance() override { return m_systemAppearance; }
     ImageLoader& imageLoader() override { return m_imageLoader; }
+    ApplicationRequests& applicationRequests() override { return m_requests; }
+    LoginItem& loginItem() override { return m_loginItem; }
 
 private:
     DisplayLossReport m_displayLossReport;
@@ -66,6 +71,9 @@ private:
     PaletteSystemAppearance m_paletteAppearance;
     PortalSystemAppearance m_systemAppearance{QDBusConnection::sessionBus(), m_paletteAppearance};
     IconThemeImageLoader m_imageLoader;
+    X11CallerActivation m_callerActivation;
+    LinuxApplicationRequests m_requests;
+    XdgLoginItem m_loginItem;
 };
 
 } // namespace quorvantel::platform

@@ -17,6 +17,9 @@ public:
     /// Server time in milliseconds; `XCB_CURRENT_TIME` before the first press.
     xcb_timestamp_t last() const { return m_last; }
 
+    /// Counts a deed of the user's in another program that was meant for the launcher.
+    void note(xcb_timestamp_t time) { m_last = time; }
+
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
 private:

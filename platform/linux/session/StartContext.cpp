@@ -1,0 +1,44 @@
+#include "platform/linux/session/StartContext.h"
+
+#include "platform/linux/start/BusProbe.h"
+#include "platform/linux/start/StartRequest.h"
+
+#include <QtGlobal>
+
+namespace quorvantel::platform {
+
+namespace {
+
+constexpr auto busVariable = "DBUS_SESSION_BUS_ADDRESS";
+constexpr std::chrono::milliseconds busPatience{500};
+
+} // namespace
+
+std::shared_ptr<StartContext> takeStartContext() {
+    auto start = std::make_shared<StartContext>();
+    start->instance = FirstInstance::takeOver();
+    start->startupId = QByteArray::fromStdString(StartRequest::fromEnvironment().startupId);
+    for (const char* const variable : {"DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN"}) {
+        qunsetenv(variable);
+    }
+    if (isBusSilent(sessionBusAddress(), busPatience)) {
+        // A null text for a variable that was not set.
+        start->silentBus =
+            qEnvironmentVariableIsSet(busVariable) ? qgetenv(busVariable) : QByteArray();
+        qputenv(busVariable, "unix:path=/dev/null");
+    }
+    return start;
+}
+
+void restoreBusAddress(const StartContext& start) {
+    if (!start.silentBus) {
+        return;
+    }
+    if (start.silentBus->isNull()) {
+        qunsetenv(busVariable);
+    } else {
+        qputenv(busVariable, *start.silentBus);
+    }
+}
+
+} // namespace quorvantel::platform

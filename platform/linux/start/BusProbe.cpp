@@ -1,0 +1,91 @@
+#include "platform/linux/start/BusProbe.h"
+
+#include "platform/linux/start/FileDescriptor.h"
+
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <cstddef>
+#include <cstdlib>
+#include <optional>
+#include <string_view>
+
+namespace quorvantel::platform {
+
+namespace {
+
+/// Undoes the escapes of an address, "%" with two hexadecimal digits.
+std::string unescaped(std::string_view value) {
+    std::string result;
+    while (!value.empty()) {
+        unsigned char character = 0;
+        const bool isEscape =
+            value.front() == '%' && value.size() >= 3 &&
+            std::from_chars(value.data() + 1, value.data() + 3, character, 16).ptr ==
+                value.data() + 3;
+        result += isEscape ? static_cast<char>(character) : value.front();
+        value.remove_prefix(isEscape ? 3 : 1);
+    }
+    return result;
+}
+
+std::optional<std::string> valueOf(std::string_view address, std::string_view key) {
+    const std::size_t found = address.find(key);
+    if (found == std::string_view::npos) {
+        return std::nullopt;
+    }
+    const std::string_view value = address.substr(found + key.size());
+    return unescaped(value.substr(0, value.find_first_of(",;")));
+}
+
+/// The socket's name as the kernel has it, where a leading zero byte stands for an abstract one.
+std::optional<std::string> socketName(std::string_view address) {
+    if (const auto path = valueOf(address, "unix:path=")) {
+        return path;
+    }
+    const auto name = valueOf(address, "unix:abstract=");
+    return name ? std::optional('\0' + *name) : std::nullopt;
+}
+
+FileDescriptor connectedTo(const std::string& name) {
+    FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    if (name.size() >= sizeof address.sun_path) {
+        return FileDescriptor();
+    }
+    name.copy(address.sun_path, name.size());
+    const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + name.size());
+    const bool isConnected =
+        ::connect(socket.get(), reinterpret_cast<const sockaddr*>(&address), length) == 0;
+    return isConnected ? std::move(socket) : FileDescriptor();
+}
+
+} // namespace
+
+std::string sessionBusAddress() {
+    if (const char* const address = std::getenv("DBUS_SESSION_BUS_ADDRESS")) {
+        return address;
+    }
+    const char* const runtimeFolder = std::getenv("XDG_RUNTIME_DIR");
+    return runtimeFolder == nullptr ? "" : std::string("unix:path=") + runtimeFolder + "/bus";
+}
+
+bool isBusSilent(const std::string& address, std::chrono::milliseconds patience) {
+    const auto name = socketName(address);
+    const FileDescriptor socket = name ? connectedTo(*name) : FileDescriptor();
+    // Asks for the mechanisms of authentication, which needs no identity.
+    constexpr std::string_view question("\0AUTH\r\n", 7);
+    if (!socket.isOpen() ||
+        ::send(socket.get(), question.data(), question.size(), MSG_NOSIGNAL) < 0) {
+        return false;
+    }
+    pollfd waiting{socket.get(), POLLIN, 0};
+    return ::poll(&waiting, 1, static_cast<int>(patience.count())) == 0;
+}
+
+} // namespace quorvantel::platform

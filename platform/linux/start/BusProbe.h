@@ -1,0 +1,18 @@
+#pragma once
+
+#include <chrono>
+#include <string>
+
+namespace quorvantel::platform {
+
+/// Where programs look for the session bus (D-Bus Specification): DBUS_SESSION_BUS_ADDRESS or,
+/// without it, the bus of the user in `$XDG_RUNTIME_DIR`.
+std::string sessionBusAddress();
+
+/// Whether a bus accepts connections and then says nothing for as long as `patience`. The libraries
+/// for D-Bus would wait for it without end.
+///
+/// Only of sockets on this machine can that be told; false for others, and where there is no bus.
+bool isBusSilent(const std::string& address, std::chrono::milliseconds patience);
+
+} // namespace quorvantel::platform
