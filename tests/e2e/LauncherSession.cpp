@@ -77,8 +77,7 @@ void LauncherSession::setKeyboardLayout(const QStringList& arguments) const {
     require(exit && !exit->crashed && exit->status == 0, "setxkbmap failed");
 }
 
-void LauncherSession::start(const QByteArray& expected) {
-    QFile::remove(homeFile(QStringLiteral("output")));
+ChildProcess::Launch LauncherSession::launch() const {
     ChildProcess::Launch launch{
         .program = QStringLiteral(QUORVANTEL_PROGRAM),
         .outputPath = homeFile(QStringLiteral("output")),
@@ -88,7 +87,16 @@ void LauncherSession::start(const QByteArray& expected) {
     launch.environment.insert(QStringLiteral("DESKTOP_AUTOSTART_ID"),
                               QStringLiteral("autostarted"));
     launch.environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
-    m_launcher.emplace(launch);
+    return launch;
+}
+
+void LauncherSession::start(const QByteArray& expected, const QMap<QString, QString>& environment) {
+    QFile::remove(homeFile(QStringLiteral("output")));
+    ChildProcess::Launch prepared = launch();
+    for (const auto& [name, value] : environment.asKeyValueRange()) {
+        prepared.environment.insert(name, value);
+    }
+    m_launcher.emplace(prepared);
     require(waitUntil([&] { return !isRunning() || output().contains(expected); }) && isRunning(),
             "the launcher did not start; it printed: " + output());
 }

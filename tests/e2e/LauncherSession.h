@@ -12,6 +12,7 @@
 #include "support/XServer.h"
 
 #include <QJsonObject>
+#include <QMap>
 #include <QRect>
 #include <QString>
 #include <QStringList>
@@ -46,9 +47,13 @@ public:
     /// Gives the keyboard the layouts that these arguments of setxkbmap name.
     void setKeyboardLayout(const QStringList& arguments) const;
 
-    /// Starts the launcher and returns when it has printed `expected`, by default the line that
-    /// says how to summon it.
-    void start(const QByteArray& expected = "Quorvantel: press ");
+    /// How a program is started in this session: the launcher, unless it is changed.
+    ChildProcess::Launch launch() const;
+
+    /// Starts the launcher, with these variables besides, and returns when it has printed
+    /// `expected`, by default the line that says how to summon it.
+    void start(const QByteArray& expected = "Quorvantel: press ",
+               const QMap<QString, QString>& environment = {});
 
     /// Ends the launcher as the session does at logout, and says how it ended.
     std::optional<ChildProcess::Exit> terminate();

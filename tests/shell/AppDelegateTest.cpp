@@ -253,6 +253,26 @@ TEST_F(AppDelegateTest, HidesThePanelBeforeItShowsTheSettings) {
     EXPECT_EQ(delegate.engine().query(), QString());
 }
 
+TEST_F(AppDelegateTest, RequestsFromOutsideToggleButADoubleClickDoesNotUndoItself) {
+    using enum platform::ApplicationRequest;
+    start();
+    for (const bool isShown : {true, false, true}) {
+        now += 1;
+        delegate.answer(Summon);
+        EXPECT_EQ(delegate.isPanelVisible(), isShown);
+    }
+    now += 0.1;
+    delegate.answer(Summon);
+    EXPECT_TRUE(delegate.isPanelVisible());
+    now -= 60;
+    delegate.answer(Summon);
+    EXPECT_FALSE(delegate.isPanelVisible());
+    for (const bool isEnabled : {true, false}) {
+        delegate.answer(ToggleStartAtLogin);
+        EXPECT_EQ(platform.item.enabled, isEnabled);
+    }
+}
+
 TEST_F(AppDelegateTest, TheEndReleasesTheHotKeyAndTheKeyboard) {
     {
         AppDelegate ending(platform, settings, themeManager, directory.path());

@@ -89,6 +89,19 @@ public:
     void setBlurBehind(QWindow& /*window*/, const QRegion& /*region*/) override {}
 };
 
+class FakeRequests : public platform::ApplicationRequests {
+public:
+    void receive(Handler /*handler*/) override {}
+};
+
+class FakeLoginItem : public platform::LoginItem {
+public:
+    bool isEnabled() const override { return enabled; }
+    void setEnabled(bool isEnabled) override { enabled = isEnabled; }
+
+    bool enabled = false;
+};
+
 /// A desktop that the test controls.
 class FakePlatform : public platform::Platform {
 public:
@@ -106,6 +119,8 @@ public:
     platform::Screens& screens() override { return fakeScreens; }
     platform::SystemAppearance& systemAppearance() override { return appearance; }
     platform::ImageLoader& imageLoader() override { return loader; }
+    platform::ApplicationRequests& applicationRequests() override { return requests; }
+    platform::LoginItem& loginItem() override { return item; }
 
     FakeBundleReader bundles;
     FakeApplications applications;
@@ -121,6 +136,8 @@ public:
     FakeScreens fakeScreens;
     FakeSystemAppearance appearance;
     FakeImageLoader loader;
+    FakeRequests requests;
+    FakeLoginItem item;
 };
 
 } // namespace quorvantel::testing

@@ -1,0 +1,163 @@
+#include "e2e/LauncherSession.h"
+#include "platform/linux/start/FileDescriptor.h"
+
+#include <X11/keysym.h>
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+
+#include <algorithm>
+#include <chrono>
+#include <deque>
+#include <thread>
+#include <utility>
+
+namespace quorvantel {
+namespace {
+
+using namespace ::quorvantel::testing;
+
+const QByteArray withoutBus =
+    "Quorvantel: no session bus answers, so the desktop's menus do not reach it\n";
+
+/// A socket that accepts, as its queue does, and never says anything.
+class SilentSocket {
+public:
+    explicit SilentSocket(const QByteArray& path) {
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        path.toStdString().copy(address.sun_path, sizeof address.sun_path - 1);
+        ::bind(m_socket.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address);
+        ::listen(m_socket.get(), 8);
+    }
+
+private:
+    platform::FileDescriptor m_socket{::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)};
+};
+
+class InstanceTest : public ::testing::Test {
+protected:
+    /// Runs a program to its end; -1 when it has none or crashes.
+    static int run(const ChildProcess::Launch& launch) {
+        const auto exit = ChildProcess(launch).waitForExit(patience);
+        return exit && !exit->crashed ? exit->status : -1;
+    }
+
+    /// Starts the launcher once more.
+    int startAgain() { return run(session.launch()); }
+
+    bool waitForPanel() {
+        return waitUntil(
+            [this] { return session.panel() && session.desktop().isKeyboardGrabbed(); });
+    }
+
+    /// Has the desktop ask the launcher for something, as its icon's menu does.
+    int askFor(const QString& action) {
+        ChildProcess::Launch launch = session.launch();
+        launch.program = QStringLiteral("gapplication");
+        launch.arguments = QStringList{QStringLiteral("action"),
+                                       QStringLiteral("org.quorvantel.Quorvantel"), action};
+        return run(launch);
+    }
+
+    bool waitForWindow(const QByteArray& title) {
+        return waitUntil([&] { return session.desktop().activeTitle() == title; });
+    }
+
+    LauncherSession session;
+};
+
+TEST_F(InstanceTest, AFurtherStartDoesWhatTheHotKeyDoesAndEnds) {
+    session.addApplication(QStringLiteral("zebra"), QStringLiteral("Zebra"));
+    session.addApplication(QStringLiteral("quagga"), QStringLiteral("Quagga"));
+    session.start();
+    for (const auto& [name, count] : {std::pair("zebra", 1), std::pair("quagga", 2)}) {
+        EXPECT_EQ(startAgain(), 0);
+        ASSERT_TRUE(waitForPanel());
+        session.search(name, 1);
+        session.keyboard().press({XK_Return});
+        EXPECT_EQ(session.waitForRuns(QString::fromLatin1(name), 1).size(), 1U);
+        EXPECT_TRUE(waitUntil([&, expected = count] {
+            const auto history = session.dataFile(QStringLiteral("frecency.json"));
+            return history && history->size() == expected;
+        })) << "a launch is lost";
+    }
+
+    EXPECT_EQ(startAgain(), 0);
+    ASSERT_TRUE(waitForPanel());
+    // Else it would be the second click of a double click.
+    std::this_thread::sleep_for(std::chrono::milliseconds(600));
+    EXPECT_EQ(startAgain(), 0);
+    EXPECT_TRUE(session.waitForDismissal());
+
+    ChildProcess::Launch elsewhere = session.launch();
+    elsewhere.environment.insert(QStringLiteral("DISPLAY"), QStringLiteral(":999"));
+    EXPECT_EQ(run(elsewhere), 1);
+    const QByteArray refusal = "\nQuorvantel: the launcher already runs on display ";
+    EXPECT_TRUE(session.output().contains(refusal)) << session.output().toStdString();
+    EXPECT_FALSE(session.panel());
+}
+
+TEST_F(InstanceTest, OneOfFiftyStartsAtOnceStays) {
+    std::deque<ChildProcess> starts;
+    for (int count = 0; count < 50; ++count) {
+        starts.emplace_back(session.launch());
+    }
+    const auto running = [&starts] {
+        return std::ranges::count_if(starts, [](ChildProcess& start) { return start.isRunning(); });
+    };
+    EXPECT_TRUE(waitUntil([&] { return running() == 1; })) << running();
+    EXPECT_TRUE(waitForPanel()) << session.output().toStdString();
+    EXPECT_EQ(session.output().count("Quorvantel: press "), 1) << session.output().toStdString();
+    EXPECT_EQ(running(), 1);
+}
+
+TEST_F(InstanceTest, AKilledLauncherIsNotInTheWayAndAStoppedOneKeepsItsFiles) {
+    session.start();
+    session.signal(SIGKILL);
+    EXPECT_TRUE(session.waitForExit());
+    session.start();
+    session.signal(SIGSTOP);
+    EXPECT_EQ(startAgain(), 1);
+    EXPECT_TRUE(session.output().endsWith("\nQuorvantel: the launcher that runs does not answer\n"))
+        << session.output().toStdString();
+    session.signal(SIGCONT);
+    EXPECT_TRUE(waitForPanel()) << "the request is lost";
+}
+
+TEST_F(InstanceTest, GoesOnWithoutABusThatIsAbsentOrSilent) {
+    const QByteArray silent = qgetenv("XDG_RUNTIME_DIR") + "/silent";
+    const SilentSocket socket(silent);
+    for (const QByteArray& path : {silent, QByteArrayLiteral("/absent")}) {
+        session.start(withoutBus, {{QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
+                                    QStringLiteral("unix:path=") + QString::fromLocal8Bit(path)}});
+        EXPECT_EQ(session.output().count('\n'), 2) << session.output().toStdString();
+        EXPECT_EQ(startAgain(), 0);
+        EXPECT_TRUE(waitForPanel());
+        session.terminate();
+    }
+}
+
+TEST_F(InstanceTest, AStartThatTheUserWaitsForShowsThePanel) {
+    session.start("Quorvantel: press ",
+                  {{QStringLiteral("DESKTOP_STARTUP_ID"), QStringLiteral("desktop_TIME1")}});
+    EXPECT_TRUE(waitForPanel());
+}
+
+TEST_F(InstanceTest, TheIconsMenuOpensWindowsInFrontAndQuits) {
+    session.start();
+    EXPECT_EQ(askFor(QStringLiteral("settings")), 0);
+    EXPECT_TRUE(waitForWindow("Quorvantel Settings"));
+    EXPECT_EQ(askFor(QStringLiteral("help")), 0);
+    EXPECT_TRUE(waitForWindow("Quorvantel Help"));
+    EXPECT_EQ(askFor(QStringLiteral("settings")), 0);
+    EXPECT_TRUE(waitForWindow("Quorvantel Settings"));
+    EXPECT_EQ(askFor(QStringLiteral("quit")), 0);
+    const auto exit = session.waitForExit();
+    ASSERT_TRUE(exit);
+    EXPECT_FALSE(exit->crashed);
+    EXPECT_EQ(exit->status, 0);
+}
+
+} // namespace
+} // namespace quorvantel

@@ -1,0 +1,64 @@
+#include "platform/linux/start/BusProbe.h"
+#include "platform/linux/start/InstanceFolder.h"
+#include "platform/linux/start/StartRequest.h"
+#include "support/SessionBus.h"
+#include "support/TestFiles.h"
+#include "support/WaitUntil.h"
+
+#include <gtest/gtest.h>
+
+namespace quorvantel::platform {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace quorvantel::testing;
+
+QString placeOf(const FileDescriptor& folder) {
+    return QFile::symLinkTarget(u"/proc/self/fd/%1"_s.arg(folder.get()));
+}
+
+TEST(StartTest, AFolderThatOthersCouldChangeIsNotUsed) {
+    const QString folder = inHome(u"quorvantel"_s);
+    EXPECT_EQ(placeOf(openInstanceFolder()), folder);
+    EXPECT_EQ(modeOf(folder), 0700U);
+    QFile::setPermissions(folder, QFile::permissions(folder) | QFile::WriteOther);
+    EXPECT_NE(placeOf(openInstanceFolder()), folder);
+    QDir().rename(folder, inHome(u"elsewhere"_s));
+    QFile::setPermissions(inHome(u"elsewhere"_s),
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    QFile::link(inHome(u"elsewhere"_s), folder);
+    EXPECT_NE(placeOf(openInstanceFolder()), inHome(u"elsewhere"_s));
+}
+
+TEST(StartTest, ReadsOnlyWholeRequests) {
+    const StartRequest request{":1", "id_TIME5"};
+    EXPECT_EQ(StartRequest::decoded(request.encoded()), request);
+    EXPECT_EQ(StartRequest::decoded(request.encoded() + "of a later version"), request);
+    for (const std::string& message : {std::string(), std::string(":1\0id", 5)}) {
+        EXPECT_FALSE(StartRequest::decoded(message));
+    }
+}
+
+TEST(StartTest, ScreensOfOneDisplayAreTheSame) {
+    EXPECT_TRUE(isSameDisplay(":0", ":0.1"));
+    EXPECT_FALSE(isSameDisplay(":0", ":1"));
+    EXPECT_FALSE(isSameDisplay("10.0.0.1:0", "10.0.0.2:0"));
+}
+
+TEST(StartTest, ABusIsSilentOnlyWhenItTakesAConnectionAndSaysNothing) {
+    constexpr std::chrono::milliseconds shortTime{200};
+    SessionBus bus(inHome(u""_s));
+    std::string address = bus.address().toStdString();
+    EXPECT_FALSE(isBusSilent(address, patience));
+    bus.signal(SIGSTOP);
+    EXPECT_TRUE(isBusSilent(address, shortTime));
+    address.replace(address.rfind('/'), 1, "%2f");
+    EXPECT_TRUE(isBusSilent(address, shortTime));
+    bus.signal(SIGCONT);
+    for (const char* const other : {"", "unix:path=/absent", "tcp:host=localhost,port=1", "%"}) {
+        EXPECT_FALSE(isBusSilent(other, shortTime)) << other;
+    }
+}
+
+} // namespace
+} // namespace quorvantel::platform

@@ -1,0 +1,123 @@
+#include "platform/linux/portal/ApplicationService.h"
+
+#include "support/LogLines.h"
+#include "support/SessionBus.h"
+#include "support/WaitUntil.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusPendingCall>
+#include <QDBusVirtualObject>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace quorvantel::platform {
+namespace {
+
+using testing::waitUntil;
+
+const QString name = QStringLiteral("org.quorvantel.Quorvantel");
+
+/// A launcher on a connection of its own, and what it was asked for.
+struct Launcher {
+    Launcher(const QString& address, const QString& connection)
+        : bus(QDBusConnection::connectToBus(address, connection)), service(bus) {}
+    ~Launcher() { QDBusConnection::disconnectFromBus(bus.name()); }
+    Launcher(const Launcher&) = delete;
+    Launcher& operator=(const Launcher&) = delete;
+
+    void receive() {
+        service.receive([this](ApplicationRequest request, const QByteArray& startupId) {
+            requests.emplace_back(request, startupId);
+        });
+    }
+
+    QDBusConnection bus;
+    ApplicationService service;
+    std::vector<std::pair<ApplicationRequest, QByteArray>> requests;
+};
+
+/// Takes every call and answers none.
+class Deaf : public QDBusVirtualObject {
+public:
+    QString introspect(const QString& /*path*/) const override { return {}; }
+    bool handleMessage(const QDBusMessage& /*message*/,
+                       const QDBusConnection& /*connection*/) override {
+        return true;
+    }
+};
+
+class ApplicationServiceTest : public ::testing::Test {
+protected:
+    /// Calls the launcher as a desktop does and returns the error's name, empty for success.
+    QString call(const QString& method, const QVariantList& arguments) {
+        QDBusMessage message =
+            QDBusMessage::createMethodCall(name, QStringLiteral("/org/quorvantel/Quorvantel"),
+                                           QStringLiteral("org.freedesktop.Application"), method);
+        message.setArguments(arguments);
+        const QDBusPendingCall call = second.bus.asyncCall(message);
+        waitUntil([&call] { return call.isFinished(); });
+        return call.error().name();
+    }
+
+    bool isNameTaken() const {
+        return waitUntil([this] { return first.bus.interface()->isServiceRegistered(name); });
+    }
+
+    QTemporaryDir directory;
+    testing::SessionBus bus{directory.path()};
+    Launcher first{bus.address(), QStringLiteral("first")};
+    Launcher second{bus.address(), QStringLiteral("second")};
+};
+
+TEST_F(ApplicationServiceTest, HandsOverEveryRequestWithTheCallersToken) {
+    first.receive();
+    ASSERT_TRUE(isNameTaken());
+    const QVariantMap token{{QStringLiteral("activation-token"), QStringLiteral("token")}};
+    QVariantMap both = token;
+    both[QStringLiteral("desktop-startup-id")] = QStringLiteral("id_TIME1");
+    EXPECT_EQ(call(QStringLiteral("Activate"), {token}), QString());
+    EXPECT_EQ(call(QStringLiteral("Open"), {QStringList{QStringLiteral("file:///")}, both}),
+              QString());
+    for (const char* const action : {"settings", "help", "start-at-login", "quit"}) {
+        EXPECT_EQ(call(QStringLiteral("ActivateAction"),
+                       {QString::fromLatin1(action), QVariantList(), QVariantMap()}),
+                  QString());
+    }
+    EXPECT_EQ(call(QStringLiteral("ActivateAction"),
+                   {QStringLiteral("fly"), QVariantList(), QVariantMap()}),
+              QStringLiteral("org.freedesktop.DBus.Error.InvalidArgs"));
+    using enum ApplicationRequest;
+    const decltype(first.requests) expected{{Summon, "token"},        {Summon, "id_TIME1"},
+                                            {OpenSettings, {}},       {ShowHelp, {}},
+                                            {ToggleStartAtLogin, {}}, {Quit, {}}};
+    EXPECT_EQ(first.requests, expected);
+}
+
+TEST_F(ApplicationServiceTest, ALauncherThatHasTheNameIsSummonedAndThisOneEnds) {
+    first.receive();
+    ASSERT_TRUE(isNameTaken());
+    second.receive();
+    EXPECT_TRUE(waitUntil([this] { return !second.requests.empty(); }));
+    EXPECT_EQ(second.requests.at(0).first, ApplicationRequest::Quit);
+    EXPECT_EQ(first.requests.at(0).first, ApplicationRequest::Summon);
+}
+
+TEST_F(ApplicationServiceTest, GoesOnAloneWhenWhatHasTheNameDoesNotAnswer) {
+    Deaf deaf;
+    first.bus.registerVirtualObject(QStringLiteral("/"), &deaf, QDBusConnection::SubPath);
+    first.bus.registerService(name);
+    const testing::LogLines log(QStringLiteral("Quorvantel: "));
+    second.receive();
+    EXPECT_TRUE(waitUntil([&log] { return !log.lines().isEmpty(); }));
+    EXPECT_EQ(log.lines(), QStringList{QStringLiteral(
+                               "Quorvantel: what holds the name org.quorvantel.Quorvantel on the "
+                               "session bus does not answer, so this launcher goes on alone")});
+    EXPECT_TRUE(second.requests.empty());
+}
+
+} // namespace
+} // namespace quorvantel::platform
