@@ -17,6 +17,7 @@
 #include <chrono>
 #include <cstdio>
 #include <functional>
+#include <optional>
 #include <stdexcept>
 #include <string_view>
 #include <thread>
@@ -121,6 +122,21 @@ QRect listStrip(const QRect& panel) {
     return {panel.x() + 56, panel.y() + LauncherSession::emptyPanelHeight + 20, 40, 124};
 }
 
+/// Has the desktop start the launcher once more in every round, and hides the panel again.
+std::vector<Milliseconds> timesOfFurtherStarts(LauncherSession& session, const QRect& corner) {
+    std::vector<Milliseconds> times;
+    for (int round = 0; round < rounds; ++round) {
+        std::this_thread::sleep_for(1s);
+        std::optional<ChildProcess> start;
+        times.push_back(
+            timeToChange(session.desktop(), corner, [&] { start.emplace(session.launch()); }));
+        start->waitForExit(patience);
+        session.keyboard().press({XK_Escape});
+        session.waitForDismissal();
+    }
+    return times;
+}
+
 void measureLauncher() {
     LauncherSession session;
     for (int index = 0; index < applications; ++index) {
@@ -165,6 +181,7 @@ void measureLauncher() {
         session.waitForDismissal();
     }
     report("hotkey to panel", showing);
+    report("further start to panel", timesOfFurtherStarts(session, corner));
     report("first letter to list", firstLetters);
     report("second letter to list", secondLetters);
 }

@@ -20,70 +20,56 @@ protected:
         ASSERT_TRUE(waitUntil([this] { return manager.saves() == 1; }));
     }
 
-    void openSettings() {
-        session.summon();
-        session.keyboard().press({XK_Super_L, XK_comma});
-        ASSERT_TRUE(
-            waitUntil([this] { return session.desktop().activeTitle() == "Quorvantel Settings"; }));
-        ASSERT_TRUE(session.waitForDismissal());
+    void beginLogout() {
+        const int earlier = manager.saves();
+        manager.beginLogout();
+        EXPECT_TRUE(waitUntil([&] { return manager.saves() == earlier + 1; }));
+        EXPECT_FALSE(manager.hasHeldUpLogout());
+        EXPECT_TRUE(manager.isNeverRestarted());
     }
 
-    void logOut() {
-        manager.beginLogout();
-        EXPECT_TRUE(waitUntil([this] { return manager.saves() == 2; }));
-        EXPECT_FALSE(manager.hasHeldUpLogout());
-        EXPECT_EQ(manager.restartStyle(), SessionManager::RestartStyle::Never);
-        manager.completeLogout();
-
-        const auto exit = session.waitForExit();
-        ASSERT_TRUE(exit) << "it stays after the logout";
+    void expectOrderlyEnd(const std::optional<ChildProcess::Exit>& exit) {
+        ASSERT_TRUE(exit) << "it stays";
         EXPECT_FALSE(exit->crashed) << exit->status;
         EXPECT_EQ(exit->status, 0);
         EXPECT_TRUE(waitUntil([this] { return !manager.hasClient(); }));
+        EXPECT_TRUE(session.waitForDismissal());
+        constexpr std::uint16_t altAndSuper = XCB_MOD_MASK_1 | XCB_MOD_MASK_4;
+        EXPECT_TRUE(ForeignHotKey(session.display(), XK_space, altAndSuper).isHeld());
     }
 
     SessionManager manager;
     LauncherSession session;
 };
 
-TEST_F(SessionEndTest, TheLogoutEndsTheShownLauncherInOrder) {
-    constexpr std::uint16_t altAndSuper = XCB_MOD_MASK_1 | XCB_MOD_MASK_4;
+TEST_F(SessionEndTest, ACancelledLogoutChangesNothingAndACompletedOneEndsTheShownLauncher) {
     session.summon();
-    logOut();
-    EXPECT_TRUE(session.waitForDismissal());
-    EXPECT_TRUE(ForeignHotKey(session.display(), XK_space, altAndSuper).isHeld());
-    EXPECT_EQ(session.output().count('\n'), 1) << session.output().toStdString();
-}
-
-TEST_F(SessionEndTest, ARecordingSettingsWindowDoesNotHoldUpTheLogout) {
-    openSettings();
-    session.keyboard().press({XK_Tab});
-    session.keyboard().press({XK_space});
-    ASSERT_TRUE(waitUntil([this] { return session.desktop().isKeyboardGrabbed(); }));
-    logOut();
-    EXPECT_TRUE(waitUntil([this] { return !session.desktop().isKeyboardGrabbed(); }));
-}
-
-TEST_F(SessionEndTest, AManagerThatWaitsForNobodyIsObeyed) {
-    manager.beginLogout();
-    EXPECT_TRUE(waitUntil([this] { return manager.saves() == 2; }));
-    manager.completeLogout();
-    manager.crash();
-    const auto exit = session.waitForExit();
-    ASSERT_TRUE(exit) << "it stays after the logout";
-    EXPECT_FALSE(exit->crashed) << exit->status;
-    EXPECT_EQ(exit->status, 0);
-}
-
-TEST_F(SessionEndTest, ACancelledLogoutLeavesTheLauncherAsItWas) {
-    session.summon();
-    manager.beginLogout();
-    EXPECT_TRUE(waitUntil([this] { return manager.saves() == 2; }));
+    beginLogout();
     manager.cancelLogout();
     EXPECT_TRUE(session.panel());
     session.pressDefaultHotKey();
     EXPECT_TRUE(session.waitForDismissal());
     session.summon();
+
+    beginLogout();
+    manager.completeLogout();
+    expectOrderlyEnd(session.waitForExit());
+    EXPECT_EQ(session.output().count('\n'), 1) << session.output().toStdString();
+}
+
+TEST_F(SessionEndTest, NeitherARecordingWindowNorAManagerInAHurryKeepsItFromEnding) {
+    session.summon();
+    session.keyboard().press({XK_Super_L, XK_comma});
+    ASSERT_TRUE(
+        waitUntil([this] { return session.desktop().activeTitle() == "Quorvantel Settings"; }));
+    ASSERT_TRUE(session.waitForDismissal());
+    session.keyboard().press({XK_Tab});
+    session.keyboard().press({XK_space});
+    ASSERT_TRUE(waitUntil([this] { return session.desktop().isKeyboardGrabbed(); }));
+    beginLogout();
+    manager.completeLogout();
+    manager.crash();
+    expectOrderlyEnd(session.waitForExit());
 }
 
 TEST_F(SessionEndTest, ACrashOfTheSessionManagerLeavesTheLauncherAtItsWork) {
@@ -95,11 +81,7 @@ TEST_F(SessionEndTest, ACrashOfTheSessionManagerLeavesTheLauncherAtItsWork) {
     session.keyboard().press({XK_Escape});
     EXPECT_TRUE(session.waitForDismissal());
     EXPECT_TRUE(session.waitForRest()) << "the loss keeps it busy";
-
-    const auto exit = session.terminate();
-    ASSERT_TRUE(exit) << "it hangs without the session manager";
-    EXPECT_FALSE(exit->crashed) << exit->status;
-    EXPECT_EQ(exit->status, 0);
+    expectOrderlyEnd(session.terminate());
 }
 
 } // namespace
