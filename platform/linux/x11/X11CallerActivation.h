@@ -29,8 +29,9 @@ private:
         void operator()(SnDisplay* display) const;
     };
 
+    X11Display m_display;
     X11UserTime& m_userTime;
-    std::unique_ptr<SnDisplay, Unref> m_display;
+    std::unique_ptr<SnDisplay, Unref> m_notifications;
 };
 
 } // namespace quorvantel::platform
