@@ -21,6 +21,9 @@ LauncherPanelController::LauncherPanelController(LauncherView* view, platform::P
     connect(&m_panel, &LauncherPanel::dragged, this, &LauncherPanelController::panelDragged);
     connect(&m_panel, &LauncherPanel::closing, this, [this] {
         if (isVisible()) {
+            if (onClose) {
+                onClose();
+            }
             hide();
         }
     });

@@ -36,6 +36,10 @@ public:
     /// Called at the end of each hiding.
     std::function<void()> onDismiss;
 
+    /// Called before a hiding that no one asked this object for: the window system closes the
+    /// panel, as when it hands a chord over to the desktop.
+    std::function<void()> onClose;
+
     /// Places the panel, brings it to the front, gives it the keyboard and watches for clicks
     /// elsewhere.
     void show();

@@ -52,7 +52,8 @@ AppDelegate::AppDelegate(platform::Platform& platform, AppSettings& settings,
                 platform::launcherIdentifier.toString(), platform.bundleReader(),
                 platform.installedApplications()),
       m_lastIndexStart(-std::numeric_limits<double>::infinity()),
-      m_lastSummon(-std::numeric_limits<double>::infinity()) {}
+      m_lastSummon(m_lastIndexStart),
+      m_lastClosing(m_lastIndexStart) {}
 
 AppDelegate::~AppDelegate() {
     applicationWillTerminate();
@@ -101,6 +102,7 @@ void AppDelegate::buildLauncher() {
     launcherView->onHeightChange = [this](double height) {
         m_panelController->updateHeight(height);
     };
+    m_panelController->onClose = [this] { m_lastClosing = m_now(); };
     m_panelController->onDismiss = [this] { m_engine->reset(); };
 }
 
@@ -229,9 +231,14 @@ void AppDelegate::answer(platform::ApplicationRequest request) {
 }
 
 void AppDelegate::summon() {
-    const double sinceLast = m_now() - std::exchange(m_lastSummon, m_now());
-    const double repetition = QGuiApplication::styleHints()->mouseDoubleClickInterval() / 1000.0;
-    if (!isPanelVisible() || sinceLast < 0 || sinceLast >= repetition) {
+    const auto wasJustNow = [now = m_now()](double time) {
+        const double interval = QGuiApplication::styleHints()->mouseDoubleClickInterval() / 1000.0;
+        return now >= time && now - time < interval;
+    };
+    const bool isRepetition = wasJustNow(std::exchange(m_lastSummon, m_now()));
+    // The chord that the desktop answers with a summon has closed the panel on its way there.
+    const bool isDoneAlready = isPanelVisible() ? isRepetition : wasJustNow(m_lastClosing);
+    if (!isDoneAlready) {
         togglePanel();
     }
 }

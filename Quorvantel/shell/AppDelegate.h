@@ -109,6 +109,8 @@ private:
     double m_lastIndexStart;
     /// When the panel was last asked for from outside; before that, the distant past.
     double m_lastSummon;
+    /// When the window system last closed the panel; before that, the distant past.
+    double m_lastClosing;
 };
 
 } // namespace quorvantel

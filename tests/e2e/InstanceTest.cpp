@@ -1,6 +1,10 @@
 #include "e2e/LauncherSession.h"
 #include "platform/linux/start/FileDescriptor.h"
 
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
 #include <X11/keysym.h>
 #include <gtest/gtest.h>
 #include <sys/socket.h>
@@ -46,9 +50,9 @@ protected:
     /// Starts the launcher once more.
     int startAgain() { return run(session.launch()); }
 
-    bool waitForPanel() {
+    bool waitForPanel(std::chrono::milliseconds timeout = patience) {
         return waitUntil(
-            [this] { return session.panel() && session.desktop().isKeyboardGrabbed(); });
+            [this] { return session.panel() && session.desktop().isKeyboardGrabbed(); }, timeout);
     }
 
     /// Has the desktop ask the launcher for something, as its icon's menu does.
@@ -96,6 +100,31 @@ TEST_F(InstanceTest, AFurtherStartDoesWhatTheHotKeyDoesAndEnds) {
     const QByteArray refusal = "\nQuorvantel: the launcher already runs on display ";
     EXPECT_TRUE(session.output().contains(refusal)) << session.output().toStdString();
     EXPECT_FALSE(session.panel());
+}
+
+TEST_F(InstanceTest, AKeyOfTheDesktopsOwnShowsAndHidesThePanel) {
+    QFile settings(QString::fromLocal8Bit(qgetenv("XDG_CONFIG_HOME") + "/openbox/rc.xml"));
+    QDir().mkpath(QFileInfo(settings).path());
+    ASSERT_TRUE(settings.open(QIODevice::WriteOnly));
+    settings.write("<openbox_config xmlns='http://openbox.org/3.4/rc'><keyboard>"
+                   "<keybind key='W-r'><action name='Execute'><command>" QUORVANTEL_PROGRAM
+                   "</command></action></keybind></keyboard></openbox_config>");
+    settings.close();
+    session.start();
+    ChildProcess::Launch openbox = session.launch();
+    openbox.program = QStringLiteral("openbox");
+    openbox.arguments = QStringList{QStringLiteral("--reconfigure")};
+    EXPECT_EQ(run(openbox), 0);
+    // The window manager takes a moment to know the key.
+    ASSERT_TRUE(waitUntil([this] {
+        session.keyboard().press({XK_Super_L, XK_r});
+        return waitForPanel(std::chrono::seconds(1));
+    }));
+    session.search("wifi", 2);
+    session.keyboard().press({XK_Super_L, XK_r});
+    EXPECT_TRUE(session.waitForDismissal());
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    EXPECT_FALSE(session.panel()) << "it comes back";
 }
 
 TEST_F(InstanceTest, OneOfFiftyStartsAtOnceStays) {
