@@ -1,5 +1,4 @@
 #include "e2e/LauncherSession.h"
-#include "platform/linux/start/FileDescriptor.h"
 
 #include <QDir>
 #include <QFile>
@@ -7,8 +6,6 @@
 
 #include <X11/keysym.h>
 #include <gtest/gtest.h>
-#include <sys/socket.h>
-#include <sys/un.h>
 
 #include <algorithm>
 #include <chrono>
@@ -23,21 +20,6 @@ using namespace ::quorvantel::testing;
 
 const QByteArray withoutBus =
     "Quorvantel: no session bus answers, so the desktop's menus do not reach it\n";
-
-/// A socket that accepts, as its queue does, and never says anything.
-class SilentSocket {
-public:
-    explicit SilentSocket(const QByteArray& path) {
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
-        path.toStdString().copy(address.sun_path, sizeof address.sun_path - 1);
-        ::bind(m_socket.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address);
-        ::listen(m_socket.get(), 8);
-    }
-
-private:
-    platform::FileDescriptor m_socket{::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)};
-};
 
 class InstanceTest : public ::testing::Test {
 protected:
@@ -155,16 +137,16 @@ TEST_F(InstanceTest, AKilledLauncherIsNotInTheWayAndAStoppedOneKeepsItsFiles) {
 }
 
 TEST_F(InstanceTest, GoesOnWithoutABusThatIsAbsentOrSilent) {
-    const QByteArray silent = qgetenv("XDG_RUNTIME_DIR") + "/silent";
-    const SilentSocket socket(silent);
-    for (const QByteArray& path : {silent, QByteArrayLiteral("/absent")}) {
-        session.start(withoutBus, {{QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
-                                    QStringLiteral("unix:path=") + QString::fromLocal8Bit(path)}});
+    const SessionBus silent(QString::fromLocal8Bit(qgetenv("XDG_RUNTIME_DIR")));
+    silent.signal(SIGSTOP);
+    for (const QString& address : {silent.address(), QStringLiteral("unix:path=/absent")}) {
+        session.start(withoutBus, {{QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), address}});
         EXPECT_EQ(session.output().count('\n'), 2) << session.output().toStdString();
         EXPECT_EQ(startAgain(), 0);
         EXPECT_TRUE(waitForPanel());
         session.terminate();
     }
+    silent.signal(SIGCONT);
 }
 
 TEST_F(InstanceTest, AStartThatTheUserWaitsForShowsThePanel) {

@@ -101,14 +101,12 @@ private:
     static Status accept(SmsConn client, SmPointer manager, unsigned long* mask,
                          SmsCallbacks* callbacks, char** /*failureReason*/) {
         self(manager).m_client = client;
-        *mask = SmsRegisterClientProcMask | SmsSaveYourselfP2RequestProcMask |
-                SmsDeletePropertiesProcMask | SmsInteractRequestProcMask |
-                SmsSaveYourselfDoneProcMask | SmsCloseConnectionProcMask | SmsSetPropertiesProcMask;
+        *mask = SmsRegisterClientProcMask | SmsDeletePropertiesProcMask |
+                SmsInteractRequestProcMask | SmsSaveYourselfDoneProcMask |
+                SmsCloseConnectionProcMask | SmsSetPropertiesProcMask;
         callbacks->register_client = {enroll, manager};
         callbacks->interact_request = {
             [](SmsConn, SmPointer data, int) { self(data).m_hasHeldUpLogout = true; }, manager};
-        callbacks->save_yourself_phase2_request = {
-            [](SmsConn conn, SmPointer) { SmsSaveYourselfPhase2(conn); }, manager};
         callbacks->delete_properties = {
             [](SmsConn, SmPointer, int count, char** names) { SmFreeReasons(count, names); },
             manager};

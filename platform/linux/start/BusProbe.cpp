@@ -44,7 +44,7 @@ std::optional<std::string> valueOf(std::string_view address, std::string_view ke
 
 /// The socket's name as the kernel has it, where a leading zero byte stands for an abstract one.
 std::optional<std::string> socketName(std::string_view address) {
-    if (const auto path = valueOf(address, "unix:path=")) {
+    if (auto path = valueOf(address, "unix:path=")) {
         return path;
     }
     const auto name = valueOf(address, "unix:abstract=");
