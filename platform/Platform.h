@@ -53,6 +53,6 @@ std::shared_ptr<StartContext> takeStartContext();
 
 /// The platform that this program was built for; null when the session has no display that the
 /// launcher can work on, which one log line tells. The application object must exist.
-std::unique_ptr<Platform> makePlatform(std::shared_ptr<StartContext> start);
+std::unique_ptr<Platform> makePlatform(StartContext& start);
 
 } // namespace quorvantel::platform

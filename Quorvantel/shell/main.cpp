@@ -40,7 +40,7 @@ int main(int argc, char** argv) {
     // Launched programs begin where the user's files are, wherever the launcher was started.
     QDir::setCurrent(QDir::homePath());
 
-    const auto platform = quorvantel::platform::makePlatform(start);
+    const auto platform = quorvantel::platform::makePlatform(*start);
     if (!platform) {
         return EXIT_FAILURE;
     }

@@ -40,15 +40,15 @@ LinuxPlatform::LinuxPlatform(const X11Display& display, StartContext& start)
       m_requests(start, m_callerActivation),
       m_loginItem(loginProgram(), tellAndLog) {}
 
-std::unique_ptr<Platform> makePlatform(std::shared_ptr<StartContext> start) {
+std::unique_ptr<Platform> makePlatform(StartContext& start) {
     surviveSessionManagerLoss();
     const auto display = X11Display::current();
     if (!display) {
         qWarning("Quorvantel: this session offers no X server, which the launcher needs");
         return nullptr;
     }
-    auto platform = std::make_unique<LinuxPlatform>(*display, *start);
-    restoreBusAddress(*start);
+    auto platform = std::make_unique<LinuxPlatform>(*display, start);
+    restoreBusAddress(start);
     return platform;
 }
 
