@@ -1,10 +1,5 @@
 #include "platform/linux/x11/X11ClickMonitor.h"
 
-#include <QCoreApplication>
-
-#include <xcb/xinput.h>
-
-#include <optional>
 #include <utility>
 
 namespace quorvantel::platform {
@@ -20,35 +15,17 @@ private:
     std::unique_ptr<X11RawEvents::Observation> m_observation;
 };
 
-/// Whether the event tells that the pointer came into a window of this connection, or that it went;
-/// absent for any other event. Crossings come from the core protocol or from the extension.
-std::optional<bool> crossing(const xcb_generic_event_t& event, std::uint8_t inputOpcode) {
-    const unsigned int type = event.response_type & 0x7FU;
-    if (type == XCB_ENTER_NOTIFY || type == XCB_LEAVE_NOTIFY) {
-        return type == XCB_ENTER_NOTIFY;
-    }
-    if (type != XCB_GE_GENERIC) {
-        return std::nullopt;
-    }
-    const auto& generic = reinterpret_cast<const xcb_ge_generic_event_t&>(event);
-    const bool isCrossing =
-        generic.extension == inputOpcode &&
-        (generic.event_type == XCB_INPUT_ENTER || generic.event_type == XCB_INPUT_LEAVE);
-    return isCrossing ? std::optional(generic.event_type == XCB_INPUT_ENTER) : std::nullopt;
+/// The child of a window that the pointer is in; none when it is in the window itself or elsewhere.
+xcb_window_t childUnderPointer(xcb_connection_t* connection, xcb_window_t window) {
+    const XcbPointer<xcb_query_pointer_reply_t> reply(
+        xcb_query_pointer_reply(connection, xcb_query_pointer(connection, window), nullptr));
+    return reply ? reply->child : xcb_window_t{XCB_WINDOW_NONE};
 }
 
 } // namespace
 
 X11ClickMonitor::X11ClickMonitor(const X11Display& display, X11RawEvents& rawEvents)
-    : m_rawEvents(rawEvents), m_inputOpcode(display.extensionOpcode(&xcb_input_id)) {
-    qApp->installNativeEventFilter(this);
-}
-
-X11ClickMonitor::~X11ClickMonitor() {
-    if (qApp != nullptr) {
-        qApp->removeNativeEventFilter(this);
-    }
-}
+    : m_display(display), m_rawEvents(rawEvents) {}
 
 std::unique_ptr<ClickMonitor::Token> X11ClickMonitor::observe(std::function<void()> handler) {
     auto observation =
@@ -56,7 +33,7 @@ std::unique_ptr<ClickMonitor::Token> X11ClickMonitor::observe(std::function<void
                             [this, handler = std::move(handler)](std::uint32_t button) {
                                 const bool isClick =
                                     button == XCB_BUTTON_INDEX_1 || button == XCB_BUTTON_INDEX_3;
-                                if (isClick && !m_isOverOwnWindow) {
+                                if (isClick && !isPointerOverOwnWindow()) {
                                     handler();
                                 }
                             });
@@ -66,11 +43,13 @@ std::unique_ptr<ClickMonitor::Token> X11ClickMonitor::observe(std::function<void
     return std::make_unique<ObservationToken>(std::move(observation));
 }
 
-bool X11ClickMonitor::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
-                                        qintptr* /*result*/) {
-    const auto& event = *static_cast<const xcb_generic_event_t*>(message);
-    m_isOverOwnWindow = crossing(event, m_inputOpcode).value_or(m_isOverOwnWindow);
-    return false;
+bool X11ClickMonitor::isPointerOverOwnWindow() const {
+    // A window manager puts its frame around windows, so the launcher's may be further down.
+    xcb_window_t window = childUnderPointer(m_display.connection, m_display.root);
+    while (window != XCB_WINDOW_NONE && !m_display.isOwn(window)) {
+        window = childUnderPointer(m_display.connection, window);
+    }
+    return window != XCB_WINDOW_NONE;
 }
 
 } // namespace quorvantel::platform

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace quorvantel::platform {
 
@@ -23,6 +24,12 @@ struct X11Display {
 
     /// Looks an atom up, creating it when the server does not know it yet.
     xcb_atom_t atom(const char* name) const;
+
+    /// A property that holds 32-bit values; empty when it is absent or of another format.
+    std::vector<std::uint32_t> property(xcb_window_t window, xcb_atom_t name) const;
+
+    /// Whether this connection created the window.
+    bool isOwn(xcb_window_t window) const;
 
     /// The major opcode of an extension; 0 when the server lacks it.
     std::uint8_t extensionOpcode(xcb_extension_t* extension) const;
