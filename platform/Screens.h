@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QObject>
 #include <QPointF>
 #include <QRect>
 #include <QRectF>
@@ -21,10 +22,13 @@ struct Screen {
 };
 
 /// The screens, the mouse pointer, and the conversion between their plane and that of Qt's windows,
-/// whose origin is the top-left corner of the first screen and whose y grows downward.
-class Screens {
+/// whose origin is the top-left corner of the first screen and whose y grows downward. Main thread
+/// only.
+class Screens : public QObject {
+    Q_OBJECT
+
 public:
-    virtual ~Screens() = default;
+    using QObject::QObject;
 
     /// All screens in the system's order; never empty while a display is connected.
     virtual std::vector<Screen> all() const = 0;
@@ -39,6 +43,11 @@ public:
 
     /// The frame of a window with the given geometry.
     virtual QRectF fromWindowGeometry(const QRect& geometry) const = 0;
+
+Q_SIGNALS:
+    /// A screen came, went or changed its frame or visible frame. The bars and docks of a desktop
+    /// may follow a changed screen a moment later, which is a change of its own.
+    void changed();
 };
 
 } // namespace quorvantel::platform

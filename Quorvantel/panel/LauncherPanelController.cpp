@@ -1,8 +1,5 @@
 #include "panel/LauncherPanelController.h"
 
-#include <QGuiApplication>
-#include <QScreen>
-
 #include <utility>
 
 namespace quorvantel {
@@ -27,13 +24,7 @@ LauncherPanelController::LauncherPanelController(LauncherView* view, platform::P
             hide();
         }
     });
-    connect(qGuiApp, &QGuiApplication::screenAdded, this, &LauncherPanelController::watchScreen);
-    // Queued, since the screen is still in the list.
-    connect(qGuiApp, &QGuiApplication::screenRemoved, this,
-            &LauncherPanelController::screensChanged, Qt::QueuedConnection);
-    for (const QScreen* const screen : QGuiApplication::screens()) {
-        watchScreen(screen);
-    }
+    connect(&screens, &platform::Screens::changed, this, &LauncherPanelController::screensChanged);
 }
 
 LauncherPanelController::~LauncherPanelController() {
@@ -93,10 +84,6 @@ void LauncherPanelController::updateHeight(double height) {
 
 void LauncherPanelController::setFrame(const QRectF& frame) {
     m_panel.setFrame(m_screens.toWindowGeometry(frame));
-}
-
-void LauncherPanelController::watchScreen(const QScreen* screen) {
-    connect(screen, &QScreen::geometryChanged, this, &LauncherPanelController::screensChanged);
 }
 
 void LauncherPanelController::screensChanged() {

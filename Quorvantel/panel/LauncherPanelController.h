@@ -13,8 +13,6 @@
 #include <functional>
 #include <memory>
 
-class QScreen;
-
 namespace quorvantel {
 
 /// Owns the launcher panel: shows it on the screen under the mouse, sizes it, remembers where the
@@ -63,7 +61,6 @@ public:
 
 private:
     void setFrame(const QRectF& frame);
-    void watchScreen(const QScreen* screen);
     void screensChanged();
     platform::Screen currentTargetScreen() const;
     void panelDragged();

@@ -90,6 +90,15 @@ TEST_F(PlacementTest, StaysOnItsScreenWhenAnotherGoesAlthoughTheMouseHasLeftIt) 
     EXPECT_TRUE(waitForPanel({0, 140, 640, 117}));
 }
 
+TEST_F(PlacementTest, FollowsItsScreenAsThatGrowsUnderIt) {
+    setMonitors(session.display(), {QRect(0, 0, 800, 600)});
+    session.start();
+    session.summon();
+    ASSERT_TRUE(waitForPanel({80, 120, 640, 56}));
+    setMonitors(session.display(), {QRect(0, 0, 1200, 800)});
+    EXPECT_TRUE(waitForPanel({280, 160, 640, 56}));
+}
+
 TEST_F(PlacementTest, OnlyTheHeldLeftButtonDrags) {
     setMonitors(session.display(), {QRect(0, 0, 1200, 800)});
     session.start();

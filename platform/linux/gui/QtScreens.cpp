@@ -4,6 +4,8 @@
 #include <QGuiApplication>
 #include <QScreen>
 
+#include <utility>
+
 namespace quorvantel::platform {
 
 namespace {
@@ -21,6 +23,41 @@ QRectF flipped(const QRectF& rectangle) {
 }
 
 } // namespace
+
+QtScreens::QtScreens() {
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, [this](const QScreen* screen) {
+        watch(*screen);
+        mayHaveChanged();
+    });
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &QtScreens::mayHaveChanged);
+    connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &QtScreens::mayHaveChanged);
+    for (const QScreen* const screen : QGuiApplication::screens()) {
+        watch(*screen);
+    }
+    // Queued, for what a derived class knows of the screens is part of it.
+    mayHaveChanged();
+}
+
+void QtScreens::watch(const QScreen& screen) {
+    connect(&screen, &QScreen::geometryChanged, this, &QtScreens::mayHaveChanged);
+    connect(&screen, &QScreen::availableGeometryChanged, this, &QtScreens::mayHaveChanged);
+}
+
+void QtScreens::mayHaveChanged() {
+    if (!std::exchange(m_checkPending, true)) {
+        QMetaObject::invokeMethod(this, &QtScreens::check, Qt::QueuedConnection);
+    }
+}
+
+void QtScreens::check() {
+    m_checkPending = false;
+    std::vector<Screen> screens = all();
+    const bool isChange = m_known && *m_known != screens;
+    m_known = std::move(screens);
+    if (isChange) {
+        Q_EMIT changed();
+    }
+}
 
 std::vector<Screen> QtScreens::all() const {
     std::vector<Screen> screens;

@@ -10,9 +10,6 @@ namespace quorvantel::platform {
 
 namespace {
 
-/// More windows than this do not fit on anybody's desktop.
-constexpr std::uint32_t maximumWindows = 4096;
-
 /// The property holds the four depths and then a start and an end for each.
 constexpr std::uint32_t strutLength = 12;
 
@@ -55,6 +52,7 @@ bool X11Screens::nativeEventFilter(const QByteArray& /*eventType*/, void* messag
         const bool isRelevant = property->atom == m_clientList || property->atom == m_workArea;
         if (property->window == m_display.root && isRelevant) {
             m_struts.reset();
+            mayHaveChanged();
         }
     }
     return false;
@@ -82,19 +80,9 @@ const std::vector<Strut>& X11Screens::struts() const {
     return *m_struts;
 }
 
-std::vector<xcb_window_t> X11Screens::clientWindows() const {
-    const XcbPointer<xcb_get_property_reply_t> reply(
-        xcb_get_property_reply(m_display.connection,
-                               xcb_get_property(m_display.connection, 0, m_display.root,
-                                                m_clientList, XCB_ATOM_WINDOW, 0, maximumWindows),
-                               nullptr));
-    const auto windows = cardinals(reply.get());
-    return {windows.begin(), windows.end()};
-}
-
 std::vector<Strut> X11Screens::readStruts() const {
     std::vector<xcb_get_property_cookie_t> cookies;
-    for (const xcb_window_t window : clientWindows()) {
+    for (const xcb_window_t window : m_display.property(m_display.root, m_clientList)) {
         cookies.push_back(xcb_get_property(m_display.connection, 0, window, m_strutPartial,
                                            XCB_ATOM_CARDINAL, 0, strutLength));
     }

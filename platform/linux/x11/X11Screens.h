@@ -16,6 +16,8 @@ namespace quorvantel::platform {
 /// are read instead; again only after the window manager changed its list of windows or the work
 /// area.
 class X11Screens : public QtScreens, public QAbstractNativeEventFilter {
+    Q_OBJECT
+
 public:
     explicit X11Screens(const X11Display& display);
     ~X11Screens() override;
@@ -27,7 +29,6 @@ protected:
 
 private:
     const std::vector<Strut>& struts() const;
-    std::vector<xcb_window_t> clientWindows() const;
     std::vector<Strut> readStruts() const;
 
     X11Display m_display;
