@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 
 class QWindow;
 
@@ -10,8 +11,9 @@ namespace quorvantel::platform {
 
 /// One press of a key that is no modifier.
 struct KeyPress {
-    /// The virtual key code, which names a physical position whatever the layout.
-    std::uint32_t keyCode;
+    /// The virtual key code, which names a physical position whatever the layout; absent for a key
+    /// that has none, such as Pause.
+    std::optional<std::uint32_t> keyCode;
     /// The modifiers that are held, a mask of `HotKeyModifier` bits; locks leave no trace.
     std::uint32_t modifiers;
 
@@ -44,8 +46,8 @@ public:
     virtual ~KeyCapture() = default;
 
     /// Captures the keyboard for a shown window. A key that is down already counts once it has been
-    /// released; keys without a virtual key code are swallowed unreported. One capture at a time:
-    /// the next one ends the reports to the one before. No token when the system offers no capture.
+    /// released; modifier keys and Caps Lock are swallowed unreported. One capture at a time: the
+    /// next one ends the reports to the one before. No token when the system offers no capture.
     virtual std::unique_ptr<Token> capture(QWindow& window, Handler handler) = 0;
 };
 

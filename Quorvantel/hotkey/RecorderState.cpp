@@ -18,7 +18,11 @@ RecordedKey record(const platform::KeyPress& press) {
     if (press.keyCode == escapeKey) {
         return {RecorderState::idle(), std::nullopt, Fate::PassedOn};
     }
-    const HotKeyBinding binding{press.keyCode, press.modifiers};
+    if (!press.keyCode) {
+        return {RecorderState::error(QStringLiteral("This key cannot be a hotkey")), std::nullopt,
+                Fate::Swallowed};
+    }
+    const HotKeyBinding binding{*press.keyCode, press.modifiers};
     if (!binding.hasRequiredModifier()) {
         return {RecorderState::error(QStringLiteral("Hotkey must include ⌘ or ⌃")), std::nullopt,
                 Fate::Swallowed};

@@ -60,7 +60,7 @@ struct RecordedKey {
 };
 
 /// Escape calls the recording off and goes on to the window; a combination without Command or
-/// Control is refused; any other becomes the hotkey.
+/// Control is refused, and so is a key that has no virtual key code; any other becomes the hotkey.
 RecordedKey record(const platform::KeyPress& press);
 
 } // namespace quorvantel

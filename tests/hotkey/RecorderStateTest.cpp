@@ -19,7 +19,7 @@ TEST(RecorderStateTest, AClickStartsTheRecordingOrCallsItOff) {
 
 TEST(RecorderStateTest, RecordsWhatIncludesCommandOrControlUnlessItIsEscape) {
     const RecorderState refused = RecorderState::error(u"Hotkey must include ⌘ or ⌃"_s);
-    const auto isRecordedAs = [](std::uint32_t key, std::uint32_t modifiers,
+    const auto isRecordedAs = [](std::optional<std::uint32_t> key, std::uint32_t modifiers,
                                  const RecordedKey& expected) {
         const RecordedKey recorded = record({key, modifiers});
         return recorded.state == expected.state && recorded.binding == expected.binding &&
@@ -33,6 +33,9 @@ TEST(RecorderStateTest, RecordsWhatIncludesCommandOrControlUnlessItIsEscape) {
     for (const std::uint32_t modifiers : {0x0000U, 0x0200U, 0x0800U, 0x0A00U}) {
         EXPECT_TRUE(isRecordedAs(keyK, modifiers, {refused, std::nullopt, Fate::Swallowed}));
     }
+    EXPECT_TRUE(isRecordedAs(
+        std::nullopt, 0x1000,
+        {RecorderState::error(u"This key cannot be a hotkey"_s), std::nullopt, Fate::Swallowed}));
     for (const std::uint32_t modifiers : {0x0000U, 0x0100U, 0x1B00U}) {
         EXPECT_TRUE(
             isRecordedAs(escape, modifiers, {RecorderState::idle(), std::nullopt, Fate::PassedOn}));

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <set>
 
 namespace quorvantel::platform {
@@ -36,6 +37,15 @@ TEST(KeyPositionsTest, RowsAreInKeyboardOrder) {
         }
         return keys;
     };
+    constexpr std::array<std::uint32_t, 10> keypad{82, 83, 84, 85, 86, 87, 88, 89, 91, 92};
+    for (std::size_t digit = 0; digit < keypad.size(); ++digit) {
+        EXPECT_EQ(virtualKeyForKeyName("KP" + std::to_string(digit)), keypad.at(digit));
+    }
+    const std::pair<std::string_view, std::uint32_t> operators[] = {
+        {"KPDV", 75}, {"KPMU", 67}, {"KPSU", 78}, {"KPAD", 69}, {"KPEN", 76}, {"KPDL", 65}};
+    for (const auto& [name, keyCode] : operators) {
+        EXPECT_EQ(virtualKeyForKeyName(name), keyCode) << name;
+    }
     EXPECT_EQ(row("AE", 12), QStringLiteral("1234567890-="));
     EXPECT_EQ(row("AD", 12), QStringLiteral("QWERTYUIOP[]"));
     EXPECT_EQ(row("AC", 11), QStringLiteral("ASDFGHJKL;'"));

@@ -55,7 +55,7 @@ constexpr std::array keyPositions{
     KeyPosition{84, "KP2"},   KeyPosition{85, "KP3"},   KeyPosition{86, "KP4"},
     KeyPosition{87, "KP5"},   KeyPosition{88, "KP6"},   KeyPosition{89, "KP7"},
     KeyPosition{91, "KP8"},   KeyPosition{92, "KP9"},   KeyPosition{10, "LSGT"},
-    KeyPosition{114, "INS"},  KeyPosition{110, "MENU"}, KeyPosition{74, "MUTE"},
+    KeyPosition{114, "INS"},  KeyPosition{110, "COMP"}, KeyPosition{74, "MUTE"},
     KeyPosition{73, "VOL-"},  KeyPosition{72, "VOL+"},
 };
 

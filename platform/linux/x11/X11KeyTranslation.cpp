@@ -3,6 +3,8 @@
 #include "platform/GlobalHotKeys.h"
 #include "platform/linux/x11/KeyPositions.h"
 
+#include <algorithm>
+
 namespace quorvantel::platform {
 
 std::uint32_t carbonModifiers(const X11Keyboard& keyboard, std::uint16_t state) {
@@ -18,15 +20,16 @@ std::uint32_t carbonModifiers(const X11Keyboard& keyboard, std::uint16_t state) 
 
 std::optional<KeyPress> translateKeyPress(const X11Keyboard& keyboard, xcb_keycode_t key,
                                           std::uint16_t state) {
-    for (const auto& [name, candidate] : keyboard.keyCodes) {
-        if (candidate != key) {
-            continue;
-        }
-        if (const auto keyCode = virtualKeyForKeyName(name)) {
-            return KeyPress{*keyCode, carbonModifiers(keyboard, state)};
-        }
+    if (keyboard.modifierKeys.contains(key)) {
+        return std::nullopt;
     }
-    return std::nullopt;
+    KeyPress press{std::nullopt, carbonModifiers(keyboard, state)};
+    const auto hasKey = [key](const auto& named) { return named.second == key; };
+    const auto named = std::ranges::find_if(keyboard.keyCodes, hasKey);
+    if (named != keyboard.keyCodes.end()) {
+        press.keyCode = virtualKeyForKeyName(named->first);
+    }
+    return press;
 }
 
 } // namespace quorvantel::platform

@@ -11,8 +11,8 @@ namespace quorvantel::platform {
 /// (Super), Shift, Option (Alt) and Control is dropped.
 std::uint32_t carbonModifiers(const X11Keyboard& keyboard, std::uint16_t state);
 
-/// What a press of an X key code means on the given keyboard, whatever its layout; absent for a key
-/// that has no virtual key code, such as the modifier keys.
+/// What a press of an X key code means on the given keyboard, whatever its layout; absent for the
+/// modifier keys and Caps Lock.
 std::optional<KeyPress> translateKeyPress(const X11Keyboard& keyboard, xcb_keycode_t key,
                                           std::uint16_t state);
 

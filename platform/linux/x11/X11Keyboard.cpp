@@ -6,6 +6,7 @@
 #include <X11/keysym.h>
 #include <xcb/xcb_keysyms.h>
 
+#include <algorithm>
 #include <array>
 #include <span>
 
@@ -52,18 +53,9 @@ std::unordered_map<std::string, xcb_keycode_t> readKeyNames(xcb_connection_t* co
     return keyCodes;
 }
 
-bool producesAnyOf(xcb_key_symbols_t* symbols, xcb_keycode_t key,
-                   std::span<const xcb_keysym_t> wanted) {
-    // The first group's levels; modifier keys are the same in every group.
-    for (int column = 0; column < 2; ++column) {
-        const xcb_keysym_t symbol = xcb_key_symbols_get_keysym(symbols, key, column);
-        for (const xcb_keysym_t candidate : wanted) {
-            if (symbol == candidate) {
-                return true;
-            }
-        }
-    }
-    return false;
+/// What a key is by itself in the first group; modifier keys are the same in every group.
+xcb_keysym_t symbolOf(xcb_key_symbols_t* symbols, xcb_keycode_t key) {
+    return xcb_key_symbols_get_keysym(symbols, key, 0);
 }
 
 /// The modifier bits that the keys with one of these symbols set; 0 when there is no such key.
@@ -73,11 +65,26 @@ std::uint16_t maskOf(const xcb_get_modifier_mapping_reply_t& mapping, xcb_key_sy
         xcb_get_modifier_mapping_keycodes(&mapping),
         static_cast<std::size_t>(xcb_get_modifier_mapping_keycodes_length(&mapping)));
     for (std::size_t index = 0; index < keys.size(); ++index) {
-        if (keys[index] != 0 && producesAnyOf(symbols, keys[index], wanted)) {
+        const bool isWanted =
+            std::ranges::find(wanted, symbolOf(symbols, keys[index])) != wanted.end();
+        if (keys[index] != 0 && isWanted) {
             return static_cast<std::uint16_t>(1U << (index / mapping.keycodes_per_modifier));
         }
     }
     return 0;
+}
+
+std::unordered_set<xcb_keycode_t> modifierKeys(const xcb_setup_t& setup,
+                                               xcb_key_symbols_t* symbols) {
+    std::unordered_set<xcb_keycode_t> keys;
+    for (unsigned int code = setup.min_keycode; code <= setup.max_keycode; ++code) {
+        const auto key = static_cast<xcb_keycode_t>(code);
+        const xcb_keysym_t symbol = symbolOf(symbols, key);
+        if (symbol != XK_Num_Lock && xcb_is_modifier_key(symbol) != 0) {
+            keys.insert(key);
+        }
+    }
+    return keys;
 }
 
 void readModifiers(xcb_connection_t* connection, X11Keyboard& keyboard) {
@@ -87,6 +94,7 @@ void readModifiers(xcb_connection_t* connection, X11Keyboard& keyboard) {
     if (!mapping || !symbols) {
         return;
     }
+    keyboard.modifierKeys = modifierKeys(*xcb_get_setup(connection), symbols.get());
     const auto read = [&](std::uint16_t& mask, auto... keySymbols) {
         const std::array<xcb_keysym_t, sizeof...(keySymbols)> wanted{
             static_cast<xcb_keysym_t>(keySymbols)...};

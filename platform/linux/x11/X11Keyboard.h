@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace quorvantel::platform {
@@ -18,6 +19,10 @@ struct X11Keyboard {
 
     /// X key codes by the names of the X Keyboard Extension.
     std::unordered_map<std::string, xcb_keycode_t> keyCodes;
+
+    /// The keys that change what others mean, Caps Lock among them. Num Lock, which is a key for
+    /// its own sake on some keyboards, is none.
+    std::unordered_set<xcb_keycode_t> modifierKeys;
 
     /// The modifier bits of the core protocol that the keys stand for. Super and Alt have theirs
     /// even on a keyboard without such keys: the bits that are usual for them.
