@@ -3,6 +3,7 @@
 #include "help/HelpWindow.h"
 
 #include <QDebug>
+#include <QWindow>
 
 #include <utility>
 
@@ -21,11 +22,14 @@ HelpWindow::Content load(const QString& manifestName, const HelpBundle& bundle) 
 
 } // namespace
 
-HelpMenu::HelpMenu(HelpBundle bundle, QString manifestName, const HelpStyle& style, QObject* parent)
+HelpMenu::HelpMenu(HelpBundle bundle, QString manifestName, const HelpStyle& style,
+                   Activate activate, QObject* parent)
     : QObject(parent),
       m_bundle(std::move(bundle)),
       m_manifestName(std::move(manifestName)),
-      m_style(style) {}
+      m_style(style),
+      m_activate(activate ? std::move(activate)
+                          : [](QWindow& window) { window.requestActivate(); }) {}
 
 HelpMenu::~HelpMenu() = default;
 
@@ -33,12 +37,10 @@ void HelpMenu::showHelp() {
     if (!m_window) {
         m_window = std::make_unique<HelpWindow>(load(m_manifestName, m_bundle), m_bundle, m_style);
     }
-    if (m_window->isMinimized()) {
-        m_window->showNormal();
-    }
+    m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
     m_window->show();
     m_window->raise();
-    m_window->activateWindow();
+    m_activate(*m_window->windowHandle());
 }
 
 void HelpMenu::setStyle(const HelpStyle& style) {

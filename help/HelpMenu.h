@@ -7,9 +7,11 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class QWidget;
+class QWindow;
 
 namespace quorvantel::help {
 
@@ -24,9 +26,14 @@ class HelpMenu : public QObject {
     Q_OBJECT
 
 public:
+    /// Brings a shown window to the front and gives it the keyboard.
+    using Activate = std::function<void(QWindow&)>;
+
     /// `manifestName` is the manifest's file name in the bundle without its extension "json".
+    /// Without an `activate` of the application's own, Qt asks the desktop, which may only draw the
+    /// user's attention to a window on another virtual desktop.
     HelpMenu(HelpBundle bundle, QString manifestName, const HelpStyle& style,
-             QObject* parent = nullptr);
+             Activate activate = nullptr, QObject* parent = nullptr);
     ~HelpMenu() override;
 
     /// Shows the window, in front and with the keyboard focus, on the topic and at the size where
@@ -48,6 +55,7 @@ private:
     HelpBundle m_bundle;
     QString m_manifestName;
     HelpStyle m_style;
+    Activate m_activate;
     std::unique_ptr<HelpWindow> m_window;
 };
 

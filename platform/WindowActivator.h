@@ -1,18 +1,24 @@
 #pragma once
 
+#include <QMargins>
+
 class QWindow;
 
 namespace quorvantel::platform {
 
-/// Brings windows of the launcher to the front. Main thread only.
+/// Brings ordinary windows of the launcher to the front. Main thread only.
 class WindowActivator {
 public:
     virtual ~WindowActivator() = default;
 
-    /// Brings a shown window to the front and gives it the keyboard, on behalf of the user's last
-    /// key press or click in the launcher, so that the desktop does not take it for a window that
-    /// steals the focus.
+    /// Brings a shown window to the front on the virtual desktop that the user is on and gives it
+    /// the keyboard, on behalf of the user's last key press or click in the launcher, so that the
+    /// desktop does not take it for a window that steals the focus.
     virtual void activate(QWindow& window) = 0;
+
+    /// What the desktop adds around a window, such as its title bar, in points; of a window that is
+    /// yet to be shown as well, as far as the desktop tells. May wait a moment for the answer.
+    virtual QMargins frameMargins(QWindow& window) = 0;
 };
 
 } // namespace quorvantel::platform

@@ -5,6 +5,8 @@
 #include "settings/SettingsView.h"
 
 #include <QObject>
+#include <QSize>
+#include <QTimer>
 
 #include <memory>
 
@@ -28,12 +30,21 @@ public:
     /// Null before the first request.
     SettingsView* window() const { return m_window.get(); }
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void buildWindow(LearnedAbbreviationStore& learned);
+    Qt::WindowStates enlargement() const;
+    void place();
     void centre();
 
     SettingsServices m_services;
     std::unique_ptr<SettingsView> m_window;
+    /// What the window measures while it is not maximised. Qt's own note of it fails: a desktop may
+    /// tell of the size of a maximised window before it tells that it is maximised.
+    QSize m_normalSize;
+    /// Runs since the last change of size.
+    QTimer m_rest;
 };
 
 } // namespace quorvantel

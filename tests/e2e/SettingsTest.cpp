@@ -131,6 +131,44 @@ TEST_F(SettingsTest, TheGearOpensAWindowOfTheTaskListThatComesBackToTheFront) {
     EXPECT_TRUE(waitUntil([this] { return !session.isRunning(); }));
 }
 
+TEST_F(SettingsTest, TheyComeInTheMiddleAndGoBackFromTheWholeScreenToTheirSize) {
+    session.start();
+    const XConnection& connection = session.connection();
+    const auto frame = [&] {
+        const xcb_window_t window = session.desktop().activeWindow();
+        const auto extents = connection.property(window, "_NET_FRAME_EXTENTS");
+        const QRect content = session.desktop().geometry(window).value_or(QRect());
+        return extents.size() == 4
+                   ? content.adjusted(-static_cast<int>(extents[0]), -static_cast<int>(extents[2]),
+                                      static_cast<int>(extents[1]), static_cast<int>(extents[3]))
+                   : QRect();
+    };
+    const QPoint centre =
+        QRect(0, 0, connection.screen().width_in_pixels, connection.screen().height_in_pixels)
+            .center();
+    const auto isCentred = [&] { return (frame().center() - centre).manhattanLength() <= 2; };
+    openSettings();
+    EXPECT_TRUE(waitUntil(isCentred)) << frame().center().y() << " instead of " << centre.y();
+    const QSize size = frame().size();
+
+    const auto setMaximised = [&](bool isMaximised) {
+        connection.request(session.desktop().activeWindow(), "_NET_WM_STATE",
+                           {isMaximised ? 1U : 0U, connection.atom("_NET_WM_STATE_MAXIMIZED_VERT"),
+                            connection.atom("_NET_WM_STATE_MAXIMIZED_HORZ")});
+    };
+    setMaximised(true);
+    ASSERT_TRUE(waitUntil([&] { return frame().height() > size.height(); }));
+    press({XK_Control_L, XK_w});
+    ASSERT_TRUE(
+        waitUntil([this] { return session.desktop().activeTitle() != "Quorvantel Settings"; }));
+    openSettings();
+    EXPECT_TRUE(waitUntil([&] { return frame().height() > size.height(); }));
+    setMaximised(false);
+    EXPECT_TRUE(waitUntil([&] { return frame().size() == size && isCentred(); }))
+        << frame().width() << 'x' << frame().height() << " at " << frame().x() << ' '
+        << frame().y();
+}
+
 TEST_F(SettingsTest, DarkAndTealRecolourThePanel) {
     session.start();
     EXPECT_TRUE(showsPanelIn(qRgb(0xF4, 0xF5, 0xF7)));

@@ -41,6 +41,41 @@ protected:
             << "it has " << client->typed().toStdString();
     }
 
+    void openSettings() {
+        session.summon();
+        session.keyboard().press({XK_Super_L, XK_comma});
+        waitForActive("Quorvantel Settings");
+        EXPECT_TRUE(waitUntil([this] { return !session.desktop().isKeyboardGrabbed(); }));
+    }
+
+    /// From the settings.
+    void openHelp() {
+        session.keyboard().press({XK_F1});
+        waitForActive("Quorvantel Help");
+    }
+
+    void waitForActive(const QByteArray& title) {
+        EXPECT_TRUE(waitUntil([&] { return session.desktop().activeTitle() == title; })) << title;
+    }
+
+    void switchToSecondDesktop() {
+        const XConnection& connection = session.connection();
+        if (GetParam() == std::string("i3")) { // It makes its desktops as they are asked for.
+            ChildProcess::Launch launch{.program = QStringLiteral("i3-msg"),
+                                        .arguments = {QStringLiteral("workspace 2")}};
+            launch.environment.insert(QStringLiteral("DISPLAY"),
+                                      QString::fromLatin1(session.display()));
+            ChildProcess(launch).waitForExit(patience);
+        } else {
+            connection.request(connection.root(), "_NET_NUMBER_OF_DESKTOPS", {2});
+            connection.request(connection.root(), "_NET_CURRENT_DESKTOP", {1});
+        }
+        ASSERT_TRUE(waitUntil([&] {
+            return connection.property(connection.root(), "_NET_CURRENT_DESKTOP") ==
+                   std::vector{1U};
+        }));
+    }
+
     /// A place in the client that the panel leaves free, also where windows are tiled.
     QPoint besideThePanel() {
         return session.desktop().geometry(client->id())->bottomLeft() + QPoint(10, -10);
@@ -91,6 +126,46 @@ TEST_P(WindowManagerTest, AClickInTheClientDismissesAndReachesIt) {
     EXPECT_TRUE(waitUntil([&] { return client->clicks() > before; }));
     expectTypingReachesTheClient("clicked");
     expectInFront("after the click");
+}
+
+TEST_P(WindowManagerTest, AClickDismissesWhereverThePointerCameFrom) {
+    const QPoint onDesktop(1200, 700);
+    const std::vector<QPoint> starts{besideThePanel(), session.pointer().position(), onDesktop};
+    for (const QPoint start : starts) {
+        for (const QPoint target : {besideThePanel(), onDesktop}) {
+            session.pointer().moveTo(start);
+            session.summon();
+            session.pointer().click(target);
+            EXPECT_TRUE(session.waitForDismissal())
+                << start.x() << ' ' << start.y() << " to " << target.x() << ' ' << target.y();
+        }
+    }
+    session.summon();
+    session.pointer().moveTo(session.panel()->center());
+    session.pointer().click(onDesktop);
+    EXPECT_TRUE(session.waitForDismissal()) << "from the panel";
+}
+
+TEST_P(WindowManagerTest, SettingsAndHelpComeToTheUserFromAnotherDesktopAndFromTheTaskList) {
+    const XConnection& connection = session.connection();
+    const auto desktopOf = [&connection](xcb_window_t window) {
+        return connection.property(window, "_NET_WM_DESKTOP");
+    };
+    openSettings();
+    const xcb_window_t settings = session.desktop().activeWindow();
+    openHelp();
+    switchToSecondDesktop();
+    openSettings();
+    EXPECT_EQ(session.desktop().activeWindow(), settings);
+    EXPECT_EQ(desktopOf(settings), std::vector{1U});
+    openHelp();
+    EXPECT_EQ(desktopOf(session.desktop().activeWindow()), std::vector{1U});
+    if (GetParam() != std::string("i3")) { // It has no minimised windows.
+        constexpr std::uint32_t iconicState = 3;
+        connection.request(settings, "WM_CHANGE_STATE", {iconicState});
+        ASSERT_TRUE(waitUntil([&] { return session.desktop().activeWindow() != settings; }));
+        openSettings();
+    }
 }
 
 TEST_P(WindowManagerTest, AVolumeKeyDoesItsWorkBesideThePanel) {

@@ -32,25 +32,12 @@ ClientWindow::ClientWindow(const QByteArray& display, const QRect& geometry)
     // listens to the first request.
     const XDesktop desktop(m_connection);
     if (!waitUntil([&] {
-            requestActivation();
+            constexpr std::uint32_t fromPager = 2;
+            m_connection.request(m_window, "_NET_ACTIVE_WINDOW", {fromPager});
             return desktop.activeWindow() == m_window && desktop.inputFocus() == m_window;
         })) {
         throw std::runtime_error("the window manager does not activate the client's window");
     }
-}
-
-void ClientWindow::requestActivation() {
-    xcb_client_message_event_t request{};
-    request.response_type = XCB_CLIENT_MESSAGE;
-    request.format = 32;
-    request.window = m_window;
-    request.type = m_connection.atom("_NET_ACTIVE_WINDOW");
-    constexpr std::uint32_t fromPager = 2;
-    request.data.data32[0] = fromPager;
-    xcb_send_event(m_connection.get(), 0, m_connection.root(),
-                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
-                   reinterpret_cast<const char*>(&request));
-    m_connection.synchronize();
 }
 
 QByteArray ClientWindow::typed() {

@@ -28,7 +28,6 @@ public:
     int clicks();
 
 private:
-    void requestActivation();
     void readEvents();
 
     XConnection m_connection;

@@ -15,9 +15,11 @@ public:
             onActivate();
         }
     }
+    QMargins frameMargins(QWindow& /*window*/) override { return margins; }
 
     int activations = 0;
     std::function<void()> onActivate;
+    QMargins margins;
 };
 
 } // namespace quorvantel::testing

@@ -1,5 +1,6 @@
 #include "support/XConnection.h"
 
+#include <algorithm>
 #include <span>
 #include <stdexcept>
 
@@ -40,6 +41,20 @@ QByteArray XConnection::text(xcb_window_t window, const QByteArray& name) const 
     return reply ? QByteArray(static_cast<const char*>(xcb_get_property_value(reply.get())),
                               xcb_get_property_value_length(reply.get()))
                  : QByteArray();
+}
+
+void XConnection::request(xcb_window_t window, const QByteArray& name,
+                          const std::array<std::uint32_t, 3>& arguments) const {
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window;
+    message.type = atom(name);
+    std::ranges::copy(arguments, message.data.data32);
+    xcb_send_event(get(), 0, root(),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char*>(&message));
+    synchronize();
 }
 
 void XConnection::synchronize() const {

@@ -4,6 +4,7 @@
 
 #include <xcb/xcb.h>
 
+#include <array>
 #include <cstdlib>
 #include <memory>
 #include <vector>
@@ -36,6 +37,11 @@ public:
 
     /// A property that holds a text; empty when it is absent.
     QByteArray text(xcb_window_t window, const QByteArray& name) const;
+
+    /// Sends the window manager a request about a window, as in the Extended Window Manager Hints,
+    /// and returns when the server has passed it on.
+    void request(xcb_window_t window, const QByteArray& name,
+                 const std::array<std::uint32_t, 3>& arguments) const;
 
     /// Returns when the server has carried out every request of this connection.
     void synchronize() const;
