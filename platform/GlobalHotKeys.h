@@ -23,8 +23,9 @@ struct HotKeyIdentity {
     friend bool operator==(const HotKeyIdentity&, const HotKeyIdentity&) = default;
 };
 
-/// A platform status; 0 is success. On X11 it is the error code of the core protocol.
+/// A platform status. On X11 it is the error code of the core protocol.
 using HotKeyStatus = std::int32_t;
+inline constexpr HotKeyStatus hotKeySuccess = 0;
 
 /// System-wide hotkeys, delivered whichever application is in front.
 ///
@@ -44,6 +45,10 @@ public:
     };
 
     using PressHandler = std::function<void(HotKeyIdentity)>;
+
+    /// Receives why a registered combination no longer works, or success when it works again.
+    using StatusHandler = std::function<void(HotKeyStatus)>;
+
     using RegistrationResult = std::variant<std::unique_ptr<Registration>, HotKeyStatus>;
 
     virtual ~GlobalHotKeys() = default;
@@ -54,8 +59,13 @@ public:
 
     /// Registers a combination. Fails with the platform's status, for instance when another
     /// application holds the combination or the keyboard has no such key.
+    ///
+    /// The system may take a granted combination away, as by another keyboard, and give it back. Of
+    /// each such change `onStatusChange`, if any, is told from the event loop for as long as the
+    /// registration lives, which it may end.
     virtual RegistrationResult registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
-                                              HotKeyIdentity identity) = 0;
+                                              HotKeyIdentity identity,
+                                              StatusHandler onStatusChange) = 0;
 };
 
 } // namespace quorvantel::platform

@@ -4,6 +4,16 @@
 
 namespace quorvantel {
 
+namespace {
+
+std::optional<HotKeyError> errorOf(platform::HotKeyStatus status) {
+    return status == platform::hotKeySuccess
+               ? std::nullopt
+               : std::optional(HotKeyError::registrationFailed(status));
+}
+
+} // namespace
+
 HotKeyService::HotKeyService(platform::GlobalHotKeys& hotKeys, QObject* parent)
     : QObject(parent), m_hotKeys(hotKeys) {}
 
@@ -20,10 +30,13 @@ std::optional<HotKeyError> HotKeyService::registerHotKey(const HotKeyBinding& bi
     m_handler = std::move(handler);
     m_eventHandler = m_hotKeys.installHandler(
         [this](platform::HotKeyIdentity pressedIdentity) { pressed(pressedIdentity); });
-    auto result = m_hotKeys.registerHotKey(binding.keyCode, binding.modifiers, identity);
+    auto result = m_hotKeys.registerHotKey(binding.keyCode, binding.modifiers, identity,
+                                           [this, binding](platform::HotKeyStatus status) {
+                                               Q_EMIT availabilityChanged(binding, errorOf(status));
+                                           });
     if (const auto* status = std::get_if<platform::HotKeyStatus>(&result)) {
         unregister();
-        return HotKeyError::registrationFailed(*status);
+        return errorOf(*status);
     }
     m_hotKey = std::move(std::get<std::unique_ptr<platform::GlobalHotKeys::Registration>>(result));
     return std::nullopt;

@@ -42,6 +42,12 @@ public:
 
     bool isRegistered() const { return m_hotKey != nullptr; }
 
+Q_SIGNALS:
+    /// The system took the registered hotkey away, for this reason, or gave it back, without one.
+    /// The registration stays in either case.
+    void availabilityChanged(const HotKeyBinding& binding,
+                             const std::optional<HotKeyError>& reason);
+
 private:
     void pressed(platform::HotKeyIdentity pressedIdentity);
 

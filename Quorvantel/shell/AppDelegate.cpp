@@ -29,6 +29,10 @@ void log(const QString& message) {
     qWarning().noquote() << QStringLiteral("Quorvantel: ") + message.simplified();
 }
 
+void logHotKeyFailure(const HotKeyError& error) {
+    log(QStringLiteral("hotkey registration failed: ") + error.description());
+}
+
 } // namespace
 
 AppDelegate::AppDelegate(platform::Platform& platform, AppSettings& settings,
@@ -68,6 +72,8 @@ void AppDelegate::applicationDidFinishLaunching() {
     m_settings.onHotKeyChange = [this](const HotKeyBinding& binding) {
         registerHotKey(binding, false);
     };
+    connect(&m_hotKeyService, &HotKeyService::availabilityChanged, this,
+            &AppDelegate::followHotKey);
     registerHotKey(m_settings.hotKeyBinding(), true);
 }
 
@@ -135,7 +141,7 @@ void AppDelegate::registerHotKey(const HotKeyBinding& binding, bool fallbackToDe
         m_hotKeyActivity.set(binding, std::nullopt);
         return;
     }
-    log(QStringLiteral("hotkey registration failed: ") + error->description());
+    logHotKeyFailure(*error);
     const HotKeyBinding defaultBinding = HotKeyBinding::defaultBinding();
     if (fallbackToDefault && binding != defaultBinding &&
         !m_hotKeyService.registerHotKey(defaultBinding, toggle)) {
@@ -150,6 +156,17 @@ void AppDelegate::registerHotKey(const HotKeyBinding& binding, bool fallbackToDe
 void AppDelegate::retryHotKey() {
     // What has worked instead is not to be lost over another failure.
     registerHotKey(m_settings.hotKeyBinding(), m_hotKeyActivity.active().has_value());
+}
+
+void AppDelegate::followHotKey(const HotKeyBinding& registered,
+                               const std::optional<HotKeyError>& reason) {
+    if (reason) {
+        logHotKeyFailure(*reason);
+    }
+    // What becomes of a default in its place says nothing about the hotkey in the settings.
+    const bool isFromSettings = registered == m_settings.hotKeyBinding();
+    m_hotKeyActivity.set(reason ? std::nullopt : std::optional(registered),
+                         isFromSettings ? reason : m_hotKeyActivity.failure());
 }
 
 void AppDelegate::togglePanel() {

@@ -69,8 +69,8 @@ public:
 
     bool isPanelVisible() const;
 
-    /// The hotkey that summons the panel now; absent when none could be registered.
-    std::optional<HotKeyBinding> activeHotKey() const { return m_hotKeyActivity.active(); }
+    /// Which hotkey summons the panel now.
+    const HotKeyActivity& hotKeyActivity() const { return m_hotKeyActivity; }
 
     SearchEngine& engine();
     const FrecencyStore& frecency() const { return m_frecency; }
@@ -87,6 +87,7 @@ private:
     void registerHotKey(const HotKeyBinding& binding, bool fallbackToDefault);
     void retryHotKey();
     void showHelp();
+    void followHotKey(const HotKeyBinding& registered, const std::optional<HotKeyError>& reason);
     void open(const LaunchTarget& target);
     void summon();
 

@@ -18,7 +18,7 @@ int QuorvantelApp::run() {
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_delegate,
                      &AppDelegate::applicationWillTerminate);
     m_delegate.applicationDidFinishLaunching();
-    if (const auto hotKey = m_delegate.activeHotKey()) {
+    if (const auto hotKey = m_delegate.hotKeyActivity().active()) {
         qInfo().noquote()
             << QStringLiteral("Quorvantel: press %1 to search").arg(hotKey->displayText());
     }

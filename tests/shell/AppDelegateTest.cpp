@@ -176,16 +176,16 @@ TEST_F(AppDelegateTest, FallsBackToTheDefaultHotKeyOnceAndOnlyAtTheStart) {
     EXPECT_EQ(log.lines(),
               QStringList{QStringLiteral("Quorvantel: hotkey registration failed: "
                                          "RegisterEventHotKey failed with OSStatus 10.")});
-    EXPECT_EQ(delegate.activeHotKey(), HotKeyBinding::defaultBinding());
+    EXPECT_EQ(delegate.hotKeyActivity().active(), HotKeyBinding::defaultBinding());
 
     log.take();
     platform.hotKeys.refused << QStringLiteral("4096+38");
     settings.setHotKeyBinding({38, 0x1000});
     EXPECT_EQ(log.lines().size(), 1);
-    EXPECT_EQ(delegate.activeHotKey(), std::nullopt);
+    EXPECT_EQ(delegate.hotKeyActivity().active(), std::nullopt);
     EXPECT_EQ(platform.hotKeys.registered, QStringList());
     settings.setHotKeyBinding({37, 0x1000});
-    EXPECT_EQ(delegate.activeHotKey(), (HotKeyBinding{37, 0x1000}));
+    EXPECT_EQ(delegate.hotKeyActivity().active(), (HotKeyBinding{37, 0x1000}));
 }
 
 TEST_F(AppDelegateTest, RecordingTheRefusedHotKeyAgainRegistersItOnceItIsFree) {
@@ -215,14 +215,37 @@ TEST_F(AppDelegateTest, ARefusedDefaultIsTriedOnceAndLoggedOnce) {
     start();
     EXPECT_EQ(log.lines().size(), 1);
     EXPECT_EQ(platform.hotKeys.log.count(QStringLiteral("!2304+49")), 1);
-    EXPECT_EQ(delegate.activeHotKey(), std::nullopt);
+    EXPECT_EQ(delegate.hotKeyActivity().active(), std::nullopt);
 }
 
 TEST_F(AppDelegateTest, ACombinationThatNeedsNoTryingLeavesTheHotKeyAtWork) {
     start();
     settings.setHotKeyBinding({49, HotKeyModifier::option});
     EXPECT_EQ(platform.hotKeys.registered.last(), QStringLiteral("2304+49"));
-    EXPECT_EQ(delegate.activeHotKey(), HotKeyBinding::defaultBinding());
+    EXPECT_EQ(delegate.hotKeyActivity().active(), HotKeyBinding::defaultBinding());
+}
+
+TEST_F(AppDelegateTest, FollowsAHotKeyThatTheSystemTakesAwayAndGivesBack) {
+    start();
+    const HotKeyActivity& activity = delegate.hotKeyActivity();
+    testing::LogLines log{QStringLiteral("Quorvantel: ")};
+    platform.hotKeys.onStatusChange(10);
+    EXPECT_EQ(activity.active(), std::nullopt);
+    EXPECT_EQ(activity.error(), HotKeyError::registrationFailed(10));
+    platform.hotKeys.onStatusChange(platform::hotKeySuccess);
+    EXPECT_EQ(activity.active(), HotKeyBinding::defaultBinding());
+    EXPECT_EQ(activity.error(), std::nullopt);
+    EXPECT_EQ(log.lines(),
+              QStringList{QStringLiteral("Quorvantel: hotkey registration failed: "
+                                         "RegisterEventHotKey failed with OSStatus 10.")});
+
+    // One that is not in the settings comes and goes without a word about the one that is.
+    settings.setHotKeyBinding({49, HotKeyModifier::option});
+    platform.hotKeys.onStatusChange(10);
+    EXPECT_EQ(activity.active(), std::nullopt);
+    platform.hotKeys.onStatusChange(platform::hotKeySuccess);
+    EXPECT_EQ(activity.active(), HotKeyBinding::defaultBinding());
+    EXPECT_EQ(activity.error(), HotKeyError::invalidModifiers());
 }
 
 TEST_F(AppDelegateTest, AClickElsewhereHidesThePanelOnce) {

@@ -19,12 +19,14 @@ public:
     }
 
     RegistrationResult registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
-                                      platform::HotKeyIdentity) override {
+                                      platform::HotKeyIdentity,
+                                      StatusHandler statusHandler) override {
         const QString name = QStringLiteral("%1+%2").arg(modifiers).arg(keyCode);
         if (refused.contains(name)) {
             log << u'!' + name;
             return platform::HotKeyStatus{10};
         }
+        onStatusChange = std::move(statusHandler);
         return std::make_unique<Entry>(*this, name);
     }
 
@@ -34,6 +36,7 @@ public:
     QStringList log;
     QSet<QString> refused;
     PressHandler handler;
+    StatusHandler onStatusChange;
 
 private:
     class Entry : public Registration {

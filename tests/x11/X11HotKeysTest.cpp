@@ -48,6 +48,12 @@ protected:
         ASSERT_EQ(QProcess::execute(program, arguments), 0);
     }
 
+    void moveSuper(const char* from, const char* to) {
+        run(QStringLiteral("xmodmap"),
+            {QStringLiteral("-e"), QStringLiteral("clear %1").arg(QLatin1String(from)),
+             QStringLiteral("-e"), QStringLiteral("add %1 = Super_L").arg(QLatin1String(to))});
+    }
+
     XConnection connection;
     Keyboard keyboard{connection};
     X11Display display = X11Display::current().value();
@@ -134,9 +140,23 @@ TEST_F(X11HotKeysTest, StaysAtThePhysicalPositionWhateverTheLayout) {
 TEST_F(X11HotKeysTest, FollowsAModifierThatMovesToAnotherBit) {
     const auto registration = registerKey(space, HotKeyModifier::command);
     EXPECT_TRUE(reports({XK_Super_L, XK_space}));
-    run(QStringLiteral("xmodmap"), {QStringLiteral("-e"), QStringLiteral("clear mod4"),
-                                    QStringLiteral("-e"), QStringLiteral("add mod3 = Super_L")});
+    moveSuper("mod4", "mod3");
     EXPECT_TRUE(waitUntil([this] { return reports({XK_Super_L, XK_space}); }));
+    moveSuper("mod3", "mod4");
+}
+
+TEST_F(X11HotKeysTest, TellsThatAnotherKeyboardTakesACombinationAwayOrGivesItBack) {
+    std::vector<HotKeyStatus> statuses;
+    auto registration =
+        hotKeys.registerHotKey(space, HotKeyModifier::command, identity,
+                               [&](HotKeyStatus status) { statuses.push_back(status); });
+    const ForeignHotKey foreign(qgetenv("DISPLAY"), XK_space, XCB_MOD_MASK_3);
+    moveSuper("mod4", "mod3");
+    EXPECT_TRUE(waitUntil([&] { return statuses == std::vector<HotKeyStatus>{XCB_ACCESS}; }));
+    moveSuper("mod3", "mod4");
+    EXPECT_TRUE(waitUntil([&] { return statuses.size() == 2; }));
+    EXPECT_EQ(statuses.back(), hotKeySuccess);
+    EXPECT_TRUE(reports({XK_Super_L, XK_space}));
 }
 
 TEST_F(X11HotKeysTest, IsReportedWhileAWindowOfTheLaunchersHoldsTheKeyboard) {

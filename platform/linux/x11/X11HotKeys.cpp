@@ -4,8 +4,8 @@
 #include "platform/linux/x11/Xkb.h"
 
 #include <QCoreApplication>
-#include <QDebug>
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -13,8 +13,7 @@ namespace quorvantel::platform {
 
 namespace {
 
-constexpr HotKeyStatus statusSuccess = 0;
-constexpr HotKeyStatus statusBadValue = XCB_VALUE;
+constexpr HotKeyStatus badValue = XCB_VALUE;
 
 std::uint8_t xkbEventBase(xcb_connection_t* connection) {
     const auto* const extension = xcb_get_extension_data(connection, &xcb_xkb_id);
@@ -48,8 +47,9 @@ public:
     };
 
     KeyRegistration(X11HotKeys& owner, std::uint32_t virtualKey, std::uint32_t carbonModifiers,
-                    HotKeyIdentity hotKeyIdentity)
+                    HotKeyIdentity hotKeyIdentity, StatusHandler statusHandler)
         : identity(hotKeyIdentity),
+          onStatusChange(std::move(statusHandler)),
           m_owner(owner),
           m_virtualKey(virtualKey),
           m_carbonModifiers(carbonModifiers) {
@@ -75,8 +75,11 @@ public:
     }
 
     HotKeyIdentity identity;
+    StatusHandler onStatusChange;
     /// What is grabbed now.
     std::optional<Grab> grab;
+    /// Why nothing is.
+    HotKeyStatus status = hotKeySuccess;
 
 private:
     X11HotKeys& m_owner;
@@ -108,20 +111,26 @@ std::unique_ptr<GlobalHotKeys::Registration> X11HotKeys::installHandler(PressHan
 
 GlobalHotKeys::RegistrationResult X11HotKeys::registerHotKey(std::uint32_t keyCode,
                                                              std::uint32_t modifiers,
-                                                             HotKeyIdentity identity) {
-    auto registration = std::make_unique<KeyRegistration>(*this, keyCode, modifiers, identity);
-    if (const HotKeyStatus status = grab(*registration); status != statusSuccess) {
-        return status;
+                                                             HotKeyIdentity identity,
+                                                             StatusHandler onStatusChange) {
+    auto registration = std::make_unique<KeyRegistration>(*this, keyCode, modifiers, identity,
+                                                          std::move(onStatusChange));
+    grab(*registration);
+    if (registration->status != hotKeySuccess) {
+        return registration->status;
     }
-    // A key that is down already, as after it was recorded, repeats; none of that is a press.
+    // A key that is down already, as after it was recorded, repeats; none of that is a press. An
+    // answer that came only after the first press would take that one for a repeat.
     hold(registration->grab->key);
+    settleHeldKey();
     return registration;
 }
 
-HotKeyStatus X11HotKeys::grab(KeyRegistration& registration) const {
+void X11HotKeys::grab(KeyRegistration& registration) const {
     const auto wanted = registration.wanted(m_keyboard);
     if (!wanted) {
-        return statusBadValue;
+        registration.status = badValue;
+        return;
     }
     std::vector<xcb_void_cookie_t> cookies;
     for (const std::uint16_t locks : wanted->lockCombinations) {
@@ -130,20 +139,19 @@ HotKeyStatus X11HotKeys::grab(KeyRegistration& registration) const {
                                                wanted->key, XCB_GRAB_MODE_ASYNC,
                                                XCB_GRAB_MODE_SYNC));
     }
-    HotKeyStatus status = statusSuccess;
+    registration.status = hotKeySuccess;
     for (const xcb_void_cookie_t cookie : cookies) {
         const XcbPointer<xcb_generic_error_t> error(
             xcb_request_check(m_display.connection, cookie));
-        if (error && status == statusSuccess) {
-            status = error->error_code;
+        if (error && registration.status == hotKeySuccess) {
+            registration.status = error->error_code;
         }
     }
     registration.grab = wanted;
-    if (status != statusSuccess) {
+    if (registration.status != hotKeySuccess) {
         // Some states of the locks may have been free; half a hotkey is none.
         ungrab(registration);
     }
-    return status;
 }
 
 void X11HotKeys::ungrab(KeyRegistration& registration) const {
@@ -300,17 +308,28 @@ void X11HotKeys::followKeyboard() {
         return;
     }
     m_keyboard = std::move(keyboard);
-    for (KeyRegistration* const registration : m_registrations) {
-        if (registration->grab == registration->wanted(m_keyboard)) {
-            continue;
+    // Those who are told may end registrations, their own and others, so the list is walked in a
+    // copy.
+    const std::vector<KeyRegistration*> registrations(m_registrations.begin(),
+                                                      m_registrations.end());
+    for (KeyRegistration* const registration : registrations) {
+        if (std::ranges::find(m_registrations, registration) != m_registrations.end()) {
+            followKeyboard(*registration);
         }
-        ungrab(*registration);
-        if (const HotKeyStatus status = grab(*registration); status != statusSuccess) {
-            qWarning().noquote() << QStringLiteral(
-                                        "Quorvantel: the keyboard changed and the hotkey cannot be "
-                                        "registered on it (X11 error %1)")
-                                        .arg(status);
-        }
+    }
+}
+
+void X11HotKeys::followKeyboard(KeyRegistration& registration) {
+    const auto wanted = registration.wanted(m_keyboard);
+    if (wanted && registration.grab == wanted) {
+        return;
+    }
+    const HotKeyStatus before = registration.status;
+    ungrab(registration);
+    grab(registration);
+    if (registration.status != before && registration.onStatusChange) {
+        const StatusHandler handler = registration.onStatusChange;
+        handler(registration.status);
     }
 }
 

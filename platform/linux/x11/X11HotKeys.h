@@ -40,7 +40,8 @@ public:
     /// The status is the error code of the X protocol: BadAccess (10) when another client holds the
     /// combination, BadValue (2) when the keyboard has no such key.
     RegistrationResult registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
-                                      HotKeyIdentity identity) override;
+                                      HotKeyIdentity identity,
+                                      StatusHandler onStatusChange = nullptr) override;
 
     /// Has the server deliver what it kept since a press of a hotkey, once what that press set off
     /// has been done. To be called by whoever keeps a press from this object; harmless when it was
@@ -53,7 +54,7 @@ private:
     class HandlerRegistration;
     class KeyRegistration;
 
-    HotKeyStatus grab(KeyRegistration& registration) const;
+    void grab(KeyRegistration& registration) const;
     void ungrab(KeyRegistration& registration) const;
     bool handleKeyPress(const xcb_key_press_event_t& event);
     void allowTyping() const;
@@ -65,6 +66,7 @@ private:
     void report(HotKeyIdentity identity) const;
     void keyboardMayHaveChanged();
     void followKeyboard();
+    void followKeyboard(KeyRegistration& registration);
 
     X11Display m_display;
     X11RawEvents& m_rawEvents;
