@@ -55,7 +55,8 @@ protected:
     }
 
     void waitForActive(const QByteArray& title) {
-        EXPECT_TRUE(waitUntil([&] { return session.desktop().activeTitle() == title; })) << title;
+        EXPECT_TRUE(waitUntil([&] { return session.desktop().activeTitle() == title; }))
+            << title.constData();
     }
 
     void switchToSecondDesktop() {

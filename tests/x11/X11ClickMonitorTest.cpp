@@ -50,14 +50,13 @@ protected:
         return window;
     }
 
-    /// Whether a click that the pointer jumps to is reported. The presses arrive in order, so those
-    /// before a click into the own window have been dealt with when that one gets it.
+    /// Whether a click that the pointer jumps to is reported rather than given to the own window.
     bool isReported(QPoint place, Pointer::Button button = Pointer::Button::Left) {
-        const int before = reports;
+        const int reportsBefore = reports;
+        const int clicksBefore = own.clicks;
         pointer.click(place, button);
-        EXPECT_TRUE(waitUntil([this] { return reports + own.clicks > seen; }));
-        seen = reports + own.clicks;
-        return reports > before;
+        EXPECT_TRUE(waitUntil([&] { return reports + own.clicks > reportsBefore + clicksBefore; }));
+        return reports > reportsBefore;
     }
 
     XConnection connection;
@@ -67,7 +66,6 @@ protected:
     X11ClickMonitor monitor{display, rawEvents};
     ClickWindow own{QRect(0, 0, 100, 100)};
     int reports = 0;
-    int seen = 0;
     std::unique_ptr<ClickMonitor::Token> token = monitor.observe([this] { ++reports; });
 };
 
@@ -84,6 +82,18 @@ TEST_F(X11ClickMonitorTest, ReportsClicksOnTheDesktopAndOnOthersWhateverThePoint
         pointer.moveTo(from);
         EXPECT_FALSE(isReported(inOwn));
     }
+    EXPECT_EQ(reports, 6);
+    EXPECT_EQ(own.clicks, 3);
+}
+
+TEST_F(X11ClickMonitorTest, APressThatThePointerHasLeftTheWindowAfterIsStillTheWindows) {
+    pointer.moveTo({50, 50});
+    pointer.hold();
+    pointer.moveTo({150, 50});
+    pointer.release();
+    EXPECT_TRUE(waitUntil([this] { return own.clicks == 1; }));
+    EXPECT_TRUE(isReported({150, 50}));
+    EXPECT_EQ(reports, 1);
 }
 
 TEST_F(X11ClickMonitorTest, LooksThroughTheFrameThatAWindowManagerPutsAroundAWindow) {

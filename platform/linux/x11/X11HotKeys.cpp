@@ -246,8 +246,8 @@ void X11HotKeys::hold(xcb_keycode_t key) {
     m_heldKey = key;
     // The key may be let go while another application has the keyboard, so its release is looked
     // for on the device as well.
-    m_releaseObservation =
-        m_rawEvents.observe(X11RawEvents::Type::KeyRelease, [this](std::uint32_t released) {
+    m_releaseObservation = m_rawEvents.observe(
+        X11RawEvents::Type::KeyRelease, [this](std::uint32_t released, xcb_timestamp_t /*time*/) {
             if (m_heldKey == static_cast<xcb_keycode_t>(released)) {
                 letGo();
             }

@@ -54,7 +54,7 @@ void X11RawEvents::select() const {
     xcb_flush(m_display.connection);
 }
 
-void X11RawEvents::deliver(Type type, std::uint32_t detail) {
+void X11RawEvents::deliver(Type type, std::uint32_t detail, xcb_timestamp_t time) {
     // Handlers may end observations, their own and others, so the list is walked in a copy.
     const std::vector<Observation*> observations(m_observations.begin(), m_observations.end());
     for (Observation* const observation : observations) {
@@ -62,7 +62,7 @@ void X11RawEvents::deliver(Type type, std::uint32_t detail) {
             std::ranges::find(m_observations, observation) != m_observations.end();
         if (isStillThere && observation->m_type == type) {
             const Handler handler = observation->m_handler;
-            handler(detail);
+            handler(detail, time);
         }
     }
 }
@@ -78,11 +78,11 @@ bool X11RawEvents::nativeEventFilter(const QByteArray& /*eventType*/, void* mess
         return false;
     }
     if (generic->event_type == XCB_INPUT_RAW_BUTTON_PRESS) {
-        deliver(Type::ButtonPress,
-                static_cast<const xcb_input_raw_button_press_event_t*>(message)->detail);
+        const auto& press = *static_cast<const xcb_input_raw_button_press_event_t*>(message);
+        deliver(Type::ButtonPress, press.detail, press.time);
     } else if (generic->event_type == XCB_INPUT_RAW_KEY_RELEASE) {
-        deliver(Type::KeyRelease,
-                static_cast<const xcb_input_raw_key_release_event_t*>(message)->detail);
+        const auto& release = *static_cast<const xcb_input_raw_key_release_event_t*>(message);
+        deliver(Type::KeyRelease, release.detail, release.time);
     }
     return false;
 }

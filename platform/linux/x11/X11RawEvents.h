@@ -20,8 +20,8 @@ class X11RawEvents : public QAbstractNativeEventFilter {
 public:
     enum class Type { ButtonPress, KeyRelease };
 
-    /// Receives the button number or the key code.
-    using Handler = std::function<void(std::uint32_t detail)>;
+    /// Receives the button number or the key code, and the server's time in milliseconds.
+    using Handler = std::function<void(std::uint32_t detail, xcb_timestamp_t time)>;
 
     class Observation {
     public:
@@ -49,7 +49,7 @@ public:
 
 private:
     void select() const;
-    void deliver(Type type, std::uint32_t detail);
+    void deliver(Type type, std::uint32_t detail, xcb_timestamp_t time);
 
     X11Display m_display;
     /// The extension's major opcode; 0 when the server lacks it.
