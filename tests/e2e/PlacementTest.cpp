@@ -1,10 +1,12 @@
 #include "e2e/LauncherSession.h"
+#include "support/ClientWindow.h"
 #include "support/Monitors.h"
 
 #include <X11/keysym.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 
 namespace quorvantel {
 namespace {
@@ -90,13 +92,21 @@ TEST_F(PlacementTest, StaysOnItsScreenWhenAnotherGoesAlthoughTheMouseHasLeftIt) 
     EXPECT_TRUE(waitForPanel({0, 140, 640, 117}));
 }
 
-TEST_F(PlacementTest, FollowsItsScreenAsThatGrowsUnderIt) {
+TEST_F(PlacementTest, FollowsTheRoomThatABarTakesAndAScreenGains) {
     setMonitors(session.display(), {QRect(0, 0, 800, 600)});
     session.start();
+    const ClientWindow bar(session.display(), QRect(0, 500, 100, 20));
     session.summon();
     ASSERT_TRUE(waitForPanel({80, 120, 640, 56}));
+    const std::array<std::uint32_t, 12> topmost{0, 0, 100, 0, 0, 0, 0, 0, 0, 799, 0, 0};
+    const XConnection& connection = session.connection();
+    xcb_change_property(connection.get(), XCB_PROP_MODE_REPLACE, bar.id(),
+                        connection.atom("_NET_WM_STRUT_PARTIAL"), XCB_ATOM_CARDINAL, 32,
+                        topmost.size(), topmost.data());
+    connection.synchronize();
+    EXPECT_TRUE(waitForPanel({80, 200, 640, 56}));
     setMonitors(session.display(), {QRect(0, 0, 1200, 800)});
-    EXPECT_TRUE(waitForPanel({280, 160, 640, 56}));
+    EXPECT_TRUE(waitForPanel({280, 240, 640, 56}));
 }
 
 TEST_F(PlacementTest, OnlyTheHeldLeftButtonDrags) {
