@@ -202,10 +202,10 @@ TEST_F(AppDelegateTest, RecordingTheRefusedHotKeyAgainRegistersItOnceItIsFree) {
         platform.capture.press({40, 0x1000});
     };
     recordAgain();
-    EXPECT_EQ(delegate.activeHotKey(), HotKeyBinding::defaultBinding()) << "still at work";
+    EXPECT_EQ(delegate.hotKeyActivity().active(), HotKeyBinding::defaultBinding()) << "still at work";
     platform.hotKeys.refused.clear();
     recordAgain();
-    EXPECT_EQ(delegate.activeHotKey(), settings.hotKeyBinding());
+    EXPECT_EQ(delegate.hotKeyActivity().active(), settings.hotKeyBinding());
     EXPECT_EQ(platform.hotKeys.registered.last(), QStringLiteral("4096+40"));
 }
 
@@ -231,10 +231,10 @@ TEST_F(AppDelegateTest, FollowsAHotKeyThatTheSystemTakesAwayAndGivesBack) {
     testing::LogLines log{QStringLiteral("Quorvantel: ")};
     platform.hotKeys.onStatusChange(10);
     EXPECT_EQ(activity.active(), std::nullopt);
-    EXPECT_EQ(activity.error(), HotKeyError::registrationFailed(10));
+    EXPECT_EQ(activity.failure(), HotKeyError::registrationFailed(10));
     platform.hotKeys.onStatusChange(platform::hotKeySuccess);
     EXPECT_EQ(activity.active(), HotKeyBinding::defaultBinding());
-    EXPECT_EQ(activity.error(), std::nullopt);
+    EXPECT_EQ(activity.failure(), std::nullopt);
     EXPECT_EQ(log.lines(),
               QStringList{QStringLiteral("Quorvantel: hotkey registration failed: "
                                          "RegisterEventHotKey failed with OSStatus 10.")});
@@ -245,7 +245,7 @@ TEST_F(AppDelegateTest, FollowsAHotKeyThatTheSystemTakesAwayAndGivesBack) {
     EXPECT_EQ(activity.active(), std::nullopt);
     platform.hotKeys.onStatusChange(platform::hotKeySuccess);
     EXPECT_EQ(activity.active(), HotKeyBinding::defaultBinding());
-    EXPECT_EQ(activity.error(), HotKeyError::invalidModifiers());
+    EXPECT_EQ(activity.failure(), HotKeyError::invalidModifiers());
 }
 
 TEST_F(AppDelegateTest, AClickElsewhereHidesThePanelOnce) {
