@@ -1,7 +1,8 @@
 # Compiler settings that hold for all of the project's own code.
 add_library(quorvantel_options INTERFACE)
 target_compile_options(quorvantel_options INTERFACE
-  -Wall -Wextra -Wpedantic -Wconversion -Werror
+  -Wall -Wextra -Wpedantic -Wconversion
+  $<$<BOOL:${QUORVANTEL_WERROR}>:-Werror>
   # Scores are compared bit for bit, so no multiplication and addition may be fused.
   -ffp-contract=off)
 target_compile_definitions(quorvantel_options INTERFACE
