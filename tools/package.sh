@@ -11,7 +11,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 tools/install-packages.sh build package
 
 # The build dependencies stand in debian/control and in packages.txt; they have to agree.
-listed() { awk '$2 == "build" && $1 != "g++" { print $1 }' packaging/packages.txt | sort; }
+listed() { awk '!/^#/ && $2 == "build" && $1 != "g++" { print $1 }' packaging/packages.txt | sort; }
 declared() {
     sed -n '/^Build-Depends:/,/^[A-Z]/p' debian/control |
         sed -n 's/^ \([a-z0-9.+-]*\).*/\1/p' | grep -v -x debhelper-compat | sort
