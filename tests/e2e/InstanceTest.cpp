@@ -137,7 +137,7 @@ TEST_F(InstanceTest, AKilledLauncherIsNotInTheWayAndAStoppedOneKeepsItsFiles) {
 }
 
 TEST_F(InstanceTest, GoesOnWithoutABusThatIsAbsentOrSilent) {
-    const SessionBus silent(QString::fromLocal8Bit(qgetenv("XDG_RUNTIME_DIR")));
+    SessionBus silent(QString::fromLocal8Bit(qgetenv("XDG_RUNTIME_DIR")));
     silent.signal(SIGSTOP);
     for (const QString& address : {silent.address(), QStringLiteral("unix:path=/absent")}) {
         session.start(withoutBus, {{QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), address}});
