@@ -30,16 +30,13 @@ TEST(StartTest, AFolderThatOthersCouldChangeIsNotUsed) {
     EXPECT_NE(placeOf(openInstanceFolder()), inHome(u"elsewhere"_s));
 }
 
-TEST(StartTest, ReadsOnlyWholeRequests) {
+TEST(StartTest, ReadsOnlyWholeRequestsAndKnowsScreensOfOneDisplay) {
     const StartRequest request{":1", "id_TIME5"};
     EXPECT_EQ(StartRequest::decoded(request.encoded()), request);
     EXPECT_EQ(StartRequest::decoded(request.encoded() + "of a later version"), request);
     for (const std::string& message : {std::string(), std::string(":1\0id", 5)}) {
         EXPECT_FALSE(StartRequest::decoded(message));
     }
-}
-
-TEST(StartTest, ScreensOfOneDisplayAreTheSame) {
     EXPECT_TRUE(isSameDisplay(":0", ":0.1"));
     EXPECT_FALSE(isSameDisplay(":0", ":1"));
     EXPECT_FALSE(isSameDisplay("10.0.0.1:0", "10.0.0.2:0"));

@@ -2,8 +2,6 @@
 
 #include "support/TestFiles.h"
 
-#include <QStringList>
-
 #include <gtest/gtest.h>
 
 namespace quorvantel::platform {
