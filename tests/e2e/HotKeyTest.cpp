@@ -45,17 +45,5 @@ TEST(HotKeyTest, AHotKeyHeldElsewhereIsLoggedAndTheLauncherStays) {
     expectCleanEnd(session);
 }
 
-TEST(HotKeyTest, AStoredHotKeySummonsInPlaceOfTheDefault) {
-    LauncherSession session;
-    constexpr int keyK = 40;
-    constexpr int commandAndShift = 0x300;
-    session.storeHotKey(keyK, commandAndShift);
-    session.start();
-
-    EXPECT_TRUE(ForeignHotKey(session.display(), XK_space, altAndSuper).isHeld());
-    session.keyboard().press({XK_Shift_L, XK_Super_L, XK_k});
-    EXPECT_TRUE(waitUntil([&session] { return session.panel().has_value(); }));
-}
-
 } // namespace
 } // namespace quorvantel

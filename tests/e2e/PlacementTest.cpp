@@ -51,6 +51,16 @@ protected:
     LauncherSession session;
 };
 
+TEST_F(PlacementTest, HangsAFifthBelowTheTopOfTheMonitorUnderThePointerAndGrowsDownward) {
+    setMonitors(session.display(), {QRect(0, 0, 440, 800), QRect(440, 0, 840, 800)});
+    session.pointer().moveTo({1000, 700});
+    session.start();
+    session.summon();
+    EXPECT_TRUE(waitForPanel({540, 160, 640, 56}));
+    session.search("zinc", 1);
+    EXPECT_TRUE(waitForPanel({540, 160, 640, 117}));
+}
+
 TEST_F(PlacementTest, StaysWhereItWasDraggedUntilThatScreenIsGone) {
     setMonitors(session.display(), {QRect(0, 0, 640, 700), QRect(640, 0, 640, 720)});
     session.start();

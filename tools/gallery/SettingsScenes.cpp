@@ -32,6 +32,7 @@ public:
 class NoActivator : public platform::WindowActivator {
 public:
     void activate(QWindow& /*window*/) override {}
+    QMargins frameMargins(QWindow& /*window*/) override { return {}; }
 };
 
 class NoFrame : public platform::WindowFrame {
