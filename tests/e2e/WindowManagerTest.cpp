@@ -61,6 +61,8 @@ protected:
     }
 
     void switchToSecondDesktop() {
+        // A late activation would take the user back.
+        ASSERT_TRUE(session.waitForRest());
         const XConnection& connection = session.connection();
         if (GetParam() == std::string("i3")) { // It makes its desktops as they are asked for.
             ChildProcess::Launch launch{.program = QStringLiteral("i3-msg"),
@@ -152,7 +154,9 @@ TEST_P(WindowManagerTest, SettingsAndHelpComeToTheUserFromAnotherDesktopAndFromT
     switchToSecondDesktop();
     openSettings();
     EXPECT_EQ(session.desktop().activeWindow(), settings);
-    EXPECT_EQ(desktopOf(settings), std::vector{1U});
+    EXPECT_EQ(desktopOf(settings), std::vector{1U})
+        << "while the user is on "
+        << connection.property(connection.root(), "_NET_CURRENT_DESKTOP").at(0);
     openHelp();
     EXPECT_EQ(desktopOf(session.desktop().activeWindow()), std::vector{1U});
     if (GetParam() != std::string("i3")) { // It has no minimised windows.
