@@ -1,8 +1,9 @@
 #pragma once
 
+#include "platform/linux/DesktopPreferences.h"
+
 #include <QDBusConnection>
 #include <QDBusVariant>
-#include <QMap>
 #include <QObject>
 
 namespace quorvantel::testing {
@@ -13,7 +14,8 @@ class FakeSettingsPortal : public QObject {
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
 
 public:
-    explicit FakeSettingsPortal(QDBusConnection bus) : m_bus(bus) {
+    FakeSettingsPortal(QDBusConnection bus, platform::PortalValues initial)
+        : values(std::move(initial)), m_bus(bus) {
         m_bus.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), this,
                              QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals);
         m_bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop"));
@@ -22,19 +24,16 @@ public:
         m_bus.unregisterService(QStringLiteral("org.freedesktop.portal.Desktop"));
     }
 
-    void change(const QString& key, unsigned int value) {
-        values[key] = value;
-        Q_EMIT SettingChanged(QStringLiteral("org.freedesktop.appearance"), key,
+    void change(const char* group, const char* key, const QVariant& value) {
+        Q_EMIT SettingChanged(QString::fromLatin1(group), QString::fromLatin1(key),
                               QDBusVariant(value));
     }
 
-    QMap<QString, unsigned int> values;
+    platform::PortalValues values;
 
 public Q_SLOTS:
-    QDBusVariant Read(const QString& /*group*/, const QString& key) {
-        // A variant in a variant, as the portal answers.
-        return QDBusVariant(QVariant::fromValue(QDBusVariant(values.value(key))));
-    }
+    // By its whole name, which is how the bus knows the type.
+    QMap<QString, QVariantMap> ReadAll(const QStringList& /*namespaces*/) { return values; }
 
 Q_SIGNALS:
     void SettingChanged(const QString& group, const QString& key, const QDBusVariant& value);

@@ -2,7 +2,6 @@
 
 #include "platform/linux/portal/DesktopNotification.h"
 #include "platform/linux/session/SessionManagerLoss.h"
-#include "platform/linux/x11/XSettings.h"
 
 #include <QCoreApplication>
 #include <QDebug>
@@ -35,7 +34,10 @@ LinuxPlatform::LinuxPlatform(const X11Display& display, StartContext& start)
       m_startupNotifier(display, m_userTime),
       m_workspace(m_bundleReader, &m_startupNotifier, m_settingsPanels),
       m_screens(display),
-      m_imageLoader([display] { return desktopIconTheme(display); }),
+      m_x11Settings(display),
+      m_imageLoader([this] {
+          return m_x11Settings.values().value(QStringLiteral("Net/IconThemeName")).toString();
+      }),
       m_callerActivation(display, m_userTime),
       m_requests(start, m_callerActivation),
       m_loginItem(loginProgram(), tellAndLog) {}

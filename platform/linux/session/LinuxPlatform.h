@@ -8,7 +8,7 @@
 #include "platform/linux/XdgLoginItem.h"
 #include "platform/linux/gui/IconThemeImageLoader.h"
 #include "platform/linux/gui/PaletteSystemAppearance.h"
-#include "platform/linux/portal/PortalSystemAppearance.h"
+#include "platform/linux/session/DesktopSystemAppearance.h"
 #include "platform/linux/session/DisplayLossReport.h"
 #include "platform/linux/session/LinuxApplicationRequests.h"
 #include "platform/linux/x11/X11CallerActivation.h"
@@ -69,7 +69,10 @@ private:
     GioWorkspace m_workspace;
     X11Screens m_screens;
     PaletteSystemAppearance m_paletteAppearance;
-    PortalSystemAppearance m_systemAppearance{QDBusConnection::sessionBus(), m_paletteAppearance};
+    PortalSettings m_portalSettings{QDBusConnection::sessionBus(), preferenceNamespaces()};
+    X11Settings m_x11Settings;
+    DesktopSystemAppearance m_systemAppearance{m_portalSettings, m_x11Settings,
+                                               m_paletteAppearance};
     IconThemeImageLoader m_imageLoader;
     X11CallerActivation m_callerActivation;
     LinuxApplicationRequests m_requests;

@@ -1,0 +1,41 @@
+#include "platform/linux/session/DesktopSystemAppearance.h"
+
+#include <tuple>
+#include <utility>
+
+namespace quorvantel::platform {
+
+DesktopSystemAppearance::DesktopSystemAppearance(const PortalSettings& portal,
+                                                 const X11Settings& manager,
+                                                 const SystemAppearance& fallback)
+    : m_portal(portal),
+      m_manager(manager),
+      m_fallback(fallback),
+      m_preferences(preferencesIn(portal.values(), manager.values())) {
+    m_toolkit.apply(m_preferences);
+    connect(&portal, &PortalSettings::changed, this, &DesktopSystemAppearance::refresh);
+    connect(&manager, &X11Settings::changed, this, &DesktopSystemAppearance::refresh);
+    connect(&fallback, &SystemAppearance::changed, this, [this] {
+        if (!m_preferences.prefersDark) {
+            Q_EMIT changed();
+        }
+    });
+}
+
+bool DesktopSystemAppearance::prefersDark() const {
+    return m_preferences.prefersDark.value_or(m_fallback.prefersDark());
+}
+
+void DesktopSystemAppearance::refresh() {
+    const auto answers = [this] {
+        return std::tuple(prefersDark(), increasesContrast(), reducesMotion());
+    };
+    const auto before = answers();
+    m_preferences = preferencesIn(m_portal.values(), m_manager.values());
+    m_toolkit.apply(m_preferences);
+    if (answers() != before) {
+        Q_EMIT changed();
+    }
+}
+
+} // namespace quorvantel::platform

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/SystemAppearance.h"
+#include "platform/linux/portal/PortalSettings.h"
+#include "platform/linux/session/ToolkitPreferences.h"
+#include "platform/linux/x11/X11Settings.h"
+
+namespace quorvantel::platform {
+
+/// The look that the user chose in the desktop's settings, whatever the desktop; hands what
+/// concerns the toolkit on to it. Where the desktop tells nothing about dark or light, the fallback
+/// decides.
+class DesktopSystemAppearance : public SystemAppearance {
+    Q_OBJECT
+
+public:
+    /// The references must outlive this object.
+    DesktopSystemAppearance(const PortalSettings& portal, const X11Settings& manager,
+                            const SystemAppearance& fallback);
+
+    bool prefersDark() const override;
+
+    /// Translucent surfaces do not give the contrast that the user asked for.
+    bool reducesTransparency() const override { return increasesContrast(); }
+    bool increasesContrast() const override { return m_preferences.increasesContrast; }
+    bool reducesMotion() const override { return m_preferences.reducesMotion; }
+
+private:
+    void refresh();
+
+    const PortalSettings& m_portal;
+    const X11Settings& m_manager;
+    const SystemAppearance& m_fallback;
+    DesktopPreferences m_preferences;
+    ToolkitPreferences m_toolkit;
+};
+
+} // namespace quorvantel::platform
