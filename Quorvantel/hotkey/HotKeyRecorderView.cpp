@@ -1,6 +1,7 @@
 #include "hotkey/HotKeyRecorderView.h"
 
 #include "drawing/ContinuousCorners.h"
+#include "drawing/Motion.h"
 #include "settings/ControlColors.h"
 #include "settings/EaseInOut.h"
 #include "settings/FocusRing.h"
@@ -56,7 +57,9 @@ HotKeyRecorderView::HotKeyRecorderView(AppSettings& settings, platform::KeyCaptu
         const bool wasForward = m_pulse.direction() == QAbstractAnimation::Forward;
         m_pulse.setDirection(wasForward ? QAbstractAnimation::Backward
                                         : QAbstractAnimation::Forward);
-        m_pulse.start();
+        if (wasForward || isAnimated(*this)) {
+            m_pulse.start();
+        }
     });
     connect(this, &QPushButton::clicked, this, [this] { setState(m_state.clicked()); });
     connect(&settings, &AppSettings::hotKeyBindingChanged, this,
@@ -78,7 +81,10 @@ void HotKeyRecorderView::setState(const RecorderState& state) {
             *window()->windowHandle(),
             [this](const platform::KeyPress& press) { return handlePress(press); });
         m_pulse.setDirection(QAbstractAnimation::Forward);
-        m_pulse.start();
+        m_pulse.setCurrentTime(0);
+        if (isAnimated(*this)) {
+            m_pulse.start();
+        }
     }
     setDown(state.isRecording());
     describeToAssistiveTechnology();

@@ -68,7 +68,7 @@ private:
     RecorderState m_state = RecorderState::idle();
     /// Exists exactly while the view records, unless the system offers no capture.
     std::unique_ptr<platform::KeyCapture::Token> m_monitor;
-    QVariantAnimation m_pulse;
+    QVariantAnimation m_pulse{this};
     bool m_isHovering = false;
 };
 

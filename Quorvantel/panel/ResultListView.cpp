@@ -1,5 +1,6 @@
 #include "panel/ResultListView.h"
 
+#include "drawing/Motion.h"
 #include "panel/LauncherLayout.h"
 
 #include <QMouseEvent>
@@ -66,7 +67,11 @@ void ResultListView::scrollToCentre(int row) {
     if (row < 0 || row >= static_cast<int>(m_results.size())) {
         return;
     }
-    const int centred = rowTop(row) + rowHeight / 2 - height() / 2;
+    const int centred = std::clamp(rowTop(row) + rowHeight / 2 - height() / 2, 0, maximumOffset());
+    if (!isAnimated(*this)) {
+        scrollTo(centred);
+        return;
+    }
     double velocity = 0;
     if (m_scrolling.state() == QAbstractAnimation::Running) {
         velocity = m_motion.velocityAt(m_scrolling.currentValue().toDouble());
@@ -75,7 +80,7 @@ void ResultListView::scrollToCentre(int row) {
     }
     m_scrolling.stop();
     m_motion = {.from = static_cast<double>(m_scrollOffset),
-                .to = static_cast<double>(std::clamp(centred, 0, maximumOffset())),
+                .to = static_cast<double>(centred),
                 .velocity = velocity};
     m_scrolling.start();
 }

@@ -133,9 +133,12 @@ void ResultRowView::drawHighlight(QPainter& painter) const {
     if (m_isSelected || m_isHovered) {
         fillContinuousRoundedRect(painter, rect(), highlightRadius, highlight().toQColor());
     }
-    if (m_isTopPick) {
-        strokeContinuousRoundedRect(painter, rect(), highlightRadius,
-                                    theme.selectionRing.toQColor());
+    const bool isOutlined = m_theme.increasesContrast() && (m_isSelected || m_isHovered);
+    if (m_isTopPick || isOutlined) {
+        const bool isSelected = m_isSelected || m_isTopPick;
+        strokeContinuousRoundedRect(
+            painter, rect(), highlightRadius,
+            (isSelected ? theme.selectionRing : theme.separator).toQColor());
     }
 }
 

@@ -1,5 +1,6 @@
 #include "settings/FCPToolbarButtonStyle.h"
 
+#include "drawing/Motion.h"
 #include "settings/ControlColors.h"
 #include "settings/EaseInOut.h"
 #include "settings/FocusRing.h"
@@ -9,13 +10,10 @@
 #include <QPainterPath>
 
 #include <algorithm>
-#include <chrono>
 
 namespace quorvantel {
 
 namespace {
-
-using namespace std::chrono_literals;
 
 constexpr int fontSize = 13;
 constexpr int symbolSize = 15;
@@ -24,7 +22,7 @@ constexpr int horizontalPadding = 8;
 constexpr int verticalPadding = 6;
 constexpr double cornerRadius = 4;
 constexpr double pressedScale = 0.95;
-constexpr auto pressDuration = 100ms;
+constexpr int pressMilliseconds = 100;
 constexpr Spring onSpring{.response = 0.3, .dampingFraction = 0.5};
 constexpr double tolerance = 0.001;
 
@@ -50,7 +48,6 @@ FCPToolbarButtonStyle::FCPToolbarButtonStyle(const QString& label, const platfor
       m_isOn(onSpring, tolerance) {
     m_press.setStartValue(0.0);
     m_press.setEndValue(1.0);
-    m_press.setDuration(static_cast<int>(std::chrono::milliseconds(pressDuration).count()));
     m_press.setEasingCurve(easeInOut());
     connect(&m_press, &QVariantAnimation::valueChanged, this, qOverload<>(&QWidget::update));
     connect(&m_isOn, &SpringAnimation::valueChanged, this, qOverload<>(&QWidget::update));
@@ -59,7 +56,7 @@ FCPToolbarButtonStyle::FCPToolbarButtonStyle(const QString& label, const platfor
 }
 
 void FCPToolbarButtonStyle::setOn(bool isOn) {
-    if (isVisible()) {
+    if (isVisible() && isAnimated(*this)) {
         m_isOn.moveTo(isOn ? 1 : 0);
     } else {
         m_isOn.jumpTo(isOn ? 1 : 0);
@@ -68,6 +65,7 @@ void FCPToolbarButtonStyle::setOn(bool isOn) {
 
 void FCPToolbarButtonStyle::animatePress() {
     m_press.setDirection(isDown() ? QAbstractAnimation::Forward : QAbstractAnimation::Backward);
+    m_press.setDuration(isAnimated(*this) ? pressMilliseconds : 0);
     m_press.start();
 }
 

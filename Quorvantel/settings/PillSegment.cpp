@@ -36,7 +36,7 @@ void PillSegment::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setFont(interfaceFont(fontSize, isChecked() ? QFont::DemiBold : QFont::Normal));
-    painter.setPen(isChecked() ? QColor(Qt::white) : theme.secondaryText.toQColor());
+    painter.setPen((isChecked() ? m_theme.textOnAccent() : theme.secondaryText).toQColor());
     painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, text());
     if (showsFocus(*this)) {
         const ControlColors colors = controlColors(theme);

@@ -1,9 +1,9 @@
 #include "settings/SegmentedPill.h"
 
 #include "drawing/ContinuousCorners.h"
+#include "drawing/Motion.h"
 
 #include <QPainter>
-#include <QStyle>
 
 #include <algorithm>
 
@@ -44,8 +44,7 @@ void SegmentedPill::selectAsUser(int index) {
 }
 
 void SegmentedPill::setSelection(std::optional<int> selection) {
-    const bool slides = m_selection && selection && isVisible() &&
-                        style()->styleHint(QStyle::SH_Widget_Animation_Duration) > 0;
+    const bool slides = m_selection && selection && isVisible() && isAnimated(*this);
     m_selection = selection;
     for (std::size_t index = 0; index < m_segments.size(); ++index) {
         // An exclusive button cannot be unchecked but by another one.

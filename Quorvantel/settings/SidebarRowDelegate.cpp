@@ -39,6 +39,10 @@ void SidebarRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
     const bool isSelected = option.state.testFlag(QStyle::State_Selected);
     if (isSelected) {
         painter->fillPath(continuousRoundedRect(row, cornerRadius), theme.selectionFill.toQColor());
+        if (m_theme.increasesContrast()) {
+            strokeContinuousRoundedRect(*painter, row, cornerRadius,
+                                        theme.selectionRing.toQColor());
+        }
     }
     if (option.state.testFlag(QStyle::State_HasFocus) && showsFocus(*option.widget)) {
         drawFocusRing(*painter, row, cornerRadius, colors.accent);

@@ -2,6 +2,7 @@
 
 #include "support/FakeLook.h"
 #include "support/ScriptedKeyCapture.h"
+#include "support/WithoutMotion.h"
 
 #include <QAccessible>
 #include <QLineEdit>
@@ -55,6 +56,19 @@ protected:
     HotKeyRecorderView recorder{settings, keyboard, look.theme, look.icons};
     QLineEdit other;
 };
+
+TEST_F(HotKeyRecorderViewTest, ItsLightPulsesUnlessNothingIsToMove) {
+    const auto isPulsing = [this] {
+        return recorder.findChild<QVariantAnimation*>()->state() == QAbstractAnimation::Running;
+    };
+    startRecording();
+    EXPECT_TRUE(isPulsing());
+    recorder.click();
+    const testing::WithoutMotion still;
+    startRecording();
+    EXPECT_FALSE(isPulsing());
+    EXPECT_EQ(recorder.findChild<QVariantAnimation*>()->currentValue(), 1.0);
+}
 
 TEST_F(HotKeyRecorderViewTest, StoresTheNextCombination) {
     startRecording();

@@ -1,4 +1,5 @@
 #include "panel/LauncherViewFixture.h"
+#include "support/WithoutMotion.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -124,6 +125,11 @@ TEST_F(LauncherViewTest, TheSelectedRowStaysInSightHoweverFastTheKeyRepeatsItsel
     EXPECT_LE(list.findChildren<ResultRowView*>().size(), 10) << "only what is in sight has a view";
     // The mouse scrolls nothing.
     moveMouseToRow(0, {300, 300});
+    EXPECT_EQ(scrolling.state(), QAbstractAnimation::Stopped);
+
+    const testing::WithoutMotion still;
+    press(Qt::Key_Up);
+    EXPECT_EQ(rowsInSight().value(4), u">app"_s + QString::number(10 + list.selectedIndex()));
     EXPECT_EQ(scrolling.state(), QAbstractAnimation::Stopped);
 }
 

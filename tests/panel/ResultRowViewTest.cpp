@@ -89,6 +89,18 @@ TEST_F(ResultRowViewTest, SelectionGoesBeforeHover) {
     row.setSelected(true);
     EXPECT_EQ(colorAt(beyondTheText), on(theme.selectionFill));
 
+    // Users who asked for more contrast see an outline around either.
+    const auto outline = [this] { return colorAt({320, 0}); };
+    EXPECT_EQ(outline(), on(theme.selectionFill));
+    look.system.contrasts = true;
+    Q_EMIT look.system.changed();
+    EXPECT_EQ(outline(), theme.accent.toQColor());
+    row.setSelected(false);
+    EXPECT_GE(testing::contrast(outline(), on({})), 3);
+    look.system.contrasts = false;
+    Q_EMIT look.system.changed();
+    row.setSelected(true);
+
     // Another target in the same row is not hovered any more.
     row.setSelected(false);
     row.setTarget({u"other"_s, u"Other"_s, {}, {}, LaunchTarget::SettingsPane{}});

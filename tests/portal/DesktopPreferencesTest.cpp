@@ -19,8 +19,9 @@ DesktopPreferences managerTells(const char* name, const QVariant& value) {
 
 std::string fontTold(const QString& text) {
     const auto font = managerTells("Gtk/FontName", text).font;
-    return font ? (font->families.join(u'|') + u' ' + QString::number(font->points)).toStdString()
-                : "none";
+    return !font ? "none"
+                 : qPrintable(
+                       QStringLiteral("%1 %2").arg(font->families.join(u'|')).arg(font->points));
 }
 
 TEST(DesktopPreferencesTest, EveryDesktopCanAskForContrastAndForRest) {

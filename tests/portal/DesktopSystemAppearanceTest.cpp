@@ -7,6 +7,7 @@
 #include "support/WaitUntil.h"
 
 #include <QApplication>
+#include <QStyle>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -23,12 +24,15 @@ using namespace Qt::StringLiterals;
 constexpr auto appearanceGroup = "org.freedesktop.appearance";
 const QString colorScheme = QStringLiteral("color-scheme");
 
+bool isAnimated() {
+    return QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration) > 0;
+}
+
 class DarkFallback : public SystemAppearance {
 public:
     bool prefersDark() const override { return isDark; }
     bool reducesTransparency() const override { return false; }
     bool increasesContrast() const override { return false; }
-    bool reducesMotion() const override { return false; }
 
     bool isDark = true;
 };
@@ -70,8 +74,8 @@ TEST_F(DesktopSystemAppearanceTest, FollowsThePortal) {
     EXPECT_TRUE(waitUntil([&] { return appearance.reducesTransparency(); }));
     EXPECT_TRUE(appearance.prefersDark());
     EXPECT_TRUE(appearance.increasesContrast());
-    EXPECT_TRUE(appearance.reducesMotion());
-    EXPECT_EQ(changes, 4);
+    EXPECT_FALSE(isAnimated());
+    EXPECT_EQ(changes, 3);
 }
 
 TEST_F(DesktopSystemAppearanceTest, WithoutAPreferenceTheFallbackDecides) {
@@ -95,10 +99,12 @@ TEST_F(DesktopSystemAppearanceTest, FollowsTheSettingsManagerAndTellsTheToolkit)
     const int ownDoubleClickTime = QApplication::doubleClickInterval();
     const QString file = directory.filePath(u"xsettingsd.conf"_s);
     testing::writeFile(file, "Gtk/FontName \"DejaVu Serif 14\"\nGtk/EnableAnimations 0\n"
+                             "Net/ThemeName \"HighContrast\"\n"
                              "Net/DoubleClickTime 250\nNet/CursorBlink 0\n");
     {
         ChildProcess settingsManager({.program = u"xsettingsd"_s, .arguments = {u"-c"_s, file}});
-        EXPECT_TRUE(waitUntil([&] { return appearance.reducesMotion(); }));
+        EXPECT_TRUE(waitUntil([&] { return !isAnimated(); }));
+        EXPECT_TRUE(appearance.increasesContrast());
         EXPECT_EQ(QApplication::font().family(), u"DejaVu Serif"_s);
         EXPECT_EQ(QApplication::font().pointSizeF(), 14);
         EXPECT_EQ(QApplication::doubleClickInterval(), 250);
@@ -106,12 +112,15 @@ TEST_F(DesktopSystemAppearanceTest, FollowsTheSettingsManagerAndTellsTheToolkit)
         EXPECT_TRUE(X11Settings(X11Display::current().value()).values().contains("Gtk/FontName"));
 
         // A font is the toolkit's affair, and its change no change of the answers.
-        testing::writeFile(file, "Gtk/FontName \"DejaVu Sans 9\"\nGtk/EnableAnimations 0\n");
+        testing::writeFile(file,
+                           "Gtk/FontName \"DejaVu Sans 9\"\nNet/ThemeName \"HighContrast\"\n");
         settingsManager.signal(SIGHUP);
         EXPECT_TRUE(waitUntil([] { return QApplication::font().pointSizeF() == 9; }));
         EXPECT_EQ(changes, 2);
     }
-    EXPECT_TRUE(waitUntil([&] { return !appearance.reducesMotion(); }));
+    EXPECT_TRUE(waitUntil([&] { return !appearance.increasesContrast(); }));
+    EXPECT_TRUE(isAnimated());
+    EXPECT_EQ(changes, 3);
     EXPECT_EQ(QApplication::font(), ownFont);
     EXPECT_EQ(QApplication::doubleClickInterval(), ownDoubleClickTime);
 }

@@ -1,4 +1,5 @@
-#include "settings/ResolvedTheme.h"
+#include "settings/Contrast.h"
+#include "settings/HigherContrast.h"
 
 #include <gtest/gtest.h>
 
@@ -58,6 +59,32 @@ TEST(ResolvedThemeTest, PresetsChangeTheSurfaceAndLittleElse) {
     EXPECT_EQ(glass.placeholderText, ThemeColor::white(0.42));
     EXPECT_EQ(resolve(ColorScheme::Light, ThemePreset::Glass).tertiaryText,
               ThemeColor::black(0.46));
+}
+
+TEST(HigherContrastTest, TextsAndLinesStandOutFromAllThatTheyAreDrawnOn) {
+    for (const ColorScheme scheme : {ColorScheme::Light, ColorScheme::Dark}) {
+        for (const ThemePreset preset : {ThemePreset::Graphite, ThemePreset::Teal, ThemePreset::Ink,
+                                         ThemePreset::Paper, ThemePreset::Glass}) {
+            const ResolvedTheme theme = withHigherContrast(scheme, resolve(scheme, preset));
+            const auto contrast = [](const ThemeColor& color, const ThemeColor& background) {
+                return contrastRatio(over(color, background), background);
+            };
+            for (const ThemeColor& page : {theme.primaryBackground, theme.secondaryBackground}) {
+                for (const ThemeColor& background :
+                     {page, over(theme.selectionFill, page), over(theme.hoverFill, page)}) {
+                    for (const ThemeColor& text : {theme.primaryText, theme.secondaryText,
+                                                   theme.tertiaryText, theme.placeholderText}) {
+                        EXPECT_GE(contrast(text, background), 7);
+                    }
+                    EXPECT_GE(contrast(theme.accent, background), 3);
+                }
+                for (const ThemeColor& line :
+                     {theme.separator, theme.panelBorder, theme.selectionRing}) {
+                    EXPECT_GE(contrast(line, page), 3);
+                }
+            }
+        }
+    }
 }
 
 } // namespace

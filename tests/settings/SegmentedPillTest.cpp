@@ -2,6 +2,7 @@
 
 #include "support/FakeLook.h"
 #include "support/WaitUntil.h"
+#include "support/WithoutMotion.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -61,6 +62,9 @@ TEST_F(SegmentedPillTest, ASelectionFromOutsideSlidesToo) {
     pill.setSelection(1);
     EXPECT_NE(*pill.pillFrame(), segmentFrame());
     EXPECT_EQ(settledFrame(), segmentFrame());
+    const testing::WithoutMotion still;
+    pill.setSelection(0);
+    EXPECT_EQ(*pill.pillFrame(), segmentFrame());
     EXPECT_EQ(selections.count(), 0);
     pill.setSelection(std::nullopt);
     EXPECT_FALSE(pill.pillFrame());

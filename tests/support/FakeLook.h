@@ -20,12 +20,10 @@ public:
     bool prefersDark() const override { return isDark; }
     bool reducesTransparency() const override { return reduced; }
     bool increasesContrast() const override { return contrasts; }
-    bool reducesMotion() const override { return still; }
 
     bool isDark = false;
     bool reduced = false;
     bool contrasts = false;
-    bool still = false;
 };
 
 /// Images of one colour for every name; none for "missing". Counts what it decodes.

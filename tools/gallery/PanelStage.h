@@ -39,7 +39,6 @@ public:
     bool prefersDark() const override { return false; }
     bool reducesTransparency() const override { return false; }
     bool increasesContrast() const override { return false; }
-    bool reducesMotion() const override { return false; }
 };
 
 /// The launcher's panel over a real search engine, in a given look.

@@ -17,7 +17,6 @@ public:
     bool prefersDark() const override { return false; }
     bool reducesTransparency() const override { return false; }
     bool increasesContrast() const override { return false; }
-    bool reducesMotion() const override { return false; }
 };
 
 /// Reports the one press that a picture wants, when it is asked for.

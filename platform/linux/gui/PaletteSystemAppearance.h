@@ -14,7 +14,6 @@ public:
     bool prefersDark() const override { return m_prefersDark; }
     bool reducesTransparency() const override { return false; }
     bool increasesContrast() const override { return false; }
-    bool reducesMotion() const override { return false; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -1,6 +1,5 @@
 #include "platform/linux/session/DesktopSystemAppearance.h"
 
-#include <tuple>
 #include <utility>
 
 namespace quorvantel::platform {
@@ -27,9 +26,7 @@ bool DesktopSystemAppearance::prefersDark() const {
 }
 
 void DesktopSystemAppearance::refresh() {
-    const auto answers = [this] {
-        return std::tuple(prefersDark(), increasesContrast(), reducesMotion());
-    };
+    const auto answers = [this] { return std::pair(prefersDark(), increasesContrast()); };
     const auto before = answers();
     m_preferences = preferencesIn(m_portal.values(), m_manager.values());
     m_toolkit.apply(m_preferences);

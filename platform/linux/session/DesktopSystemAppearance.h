@@ -23,7 +23,6 @@ public:
     /// Translucent surfaces do not give the contrast that the user asked for.
     bool reducesTransparency() const override { return increasesContrast(); }
     bool increasesContrast() const override { return m_preferences.increasesContrast; }
-    bool reducesMotion() const override { return m_preferences.reducesMotion; }
 
 private:
     void refresh();

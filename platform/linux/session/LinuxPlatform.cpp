@@ -35,9 +35,8 @@ LinuxPlatform::LinuxPlatform(const X11Display& display, StartContext& start)
       m_workspace(m_bundleReader, &m_startupNotifier, m_settingsPanels),
       m_screens(display),
       m_x11Settings(display),
-      m_imageLoader([this] {
-          return m_x11Settings.values().value(QStringLiteral("Net/IconThemeName")).toString();
-      }),
+      m_imageLoader(
+          [this] { return m_x11Settings.values().value("Net/IconThemeName").toString(); }),
       m_callerActivation(display, m_userTime),
       m_requests(start, m_callerActivation),
       m_loginItem(loginProgram(), tellAndLog) {}

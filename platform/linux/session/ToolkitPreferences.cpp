@@ -1,5 +1,7 @@
 #include "platform/linux/session/ToolkitPreferences.h"
 
+#include "platform/linux/session/StillStyle.h"
+
 #include <QApplication>
 
 namespace quorvantel::platform {
@@ -20,6 +22,10 @@ ToolkitPreferences::ToolkitPreferences()
       m_ownDoubleClickTime(QApplication::doubleClickInterval()),
       m_ownCursorBlinkTime(QApplication::cursorFlashTime()) {}
 
+ToolkitPreferences::~ToolkitPreferences() {
+    apply({});
+}
+
 void ToolkitPreferences::apply(const DesktopPreferences& preferences) {
     if (preferences.font != m_applied.font) {
         QApplication::setFont(preferences.font ? fontFor(*preferences.font) : m_ownFont);
@@ -32,7 +38,18 @@ void ToolkitPreferences::apply(const DesktopPreferences& preferences) {
         QApplication::setCursorFlashTime(
             preferences.cursorBlinkTime.value_or(m_ownCursorBlinkTime));
     }
+    if (preferences.reducesMotion != m_applied.reducesMotion) {
+        reduceMotion(preferences.reducesMotion);
+    }
     m_applied = preferences;
+}
+
+void ToolkitPreferences::reduceMotion(bool isReduced) {
+    if (m_stillStyle == nullptr) {
+        m_stillStyle = new StillStyle;
+        QApplication::setStyle(m_stillStyle);
+    }
+    m_stillStyle->isStill = isReduced;
 }
 
 } // namespace quorvantel::platform
