@@ -67,6 +67,17 @@ QAccessibleInterface* LauncherPanel::accessibleRoot() const {
         const_cast<FirstMouseHostingView*>(&m_hostingView));
 }
 
+bool LauncherPanel::event(QEvent* event) {
+    if (event->type() == QEvent::ApplicationFontChange) {
+        // The toolkit tells top-level windows only, of which the view inside this one is none.
+        QCoreApplication::sendEvent(&m_hostingView, event);
+        if (!isVisible()) {
+            m_hostingView.grab();
+        }
+    }
+    return QWindow::event(event);
+}
+
 void LauncherPanel::closeEvent(QCloseEvent* event) {
     Q_EMIT closing();
     // A closed QWindow loses its native windows, which the next showing would miss.

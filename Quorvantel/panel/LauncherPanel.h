@@ -46,6 +46,7 @@ Q_SIGNALS:
     void closing();
 
 protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void exposeEvent(QExposeEvent* event) override;
     void hideEvent(QHideEvent* event) override;
