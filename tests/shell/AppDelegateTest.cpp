@@ -1,6 +1,7 @@
 #include "shell/AppDelegate.h"
 
 #include "hotkey/HotKeyRecorderView.h"
+#include "panel/SearchField.h"
 #include "shell/FakePlatform.h"
 #include "support/LogLines.h"
 
@@ -10,6 +11,8 @@
 #include <QToolTip>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace quorvantel {
 namespace {
@@ -82,6 +85,20 @@ TEST_F(AppDelegateTest, ToolTipsFollowTheTheme) {
     EXPECT_EQ(background(), expected(ColorScheme::Dark));
     themeManager.setAppearance(ThemeManager::Appearance::Light);
     EXPECT_EQ(background(), expected(ColorScheme::Light));
+}
+
+TEST_F(AppDelegateTest, ThePanelFollowsTheFontWhileItIsHidden) {
+    start();
+    const auto widgets = QApplication::allWidgets();
+    const auto field = std::ranges::find_if(
+        widgets, [](QWidget* widget) { return qobject_cast<SearchField*>(widget); });
+    ASSERT_NE(field, widgets.end());
+    const QFont before = QApplication::font();
+    QApplication::setFont(QFont(QStringLiteral("Another"), 30));
+    QCoreApplication::processEvents();
+    EXPECT_EQ((*field)->font().family(), QStringLiteral("Another"));
+    EXPECT_EQ((*field)->font().pixelSize(), 18);
+    QApplication::setFont(before);
 }
 
 TEST_F(AppDelegateTest, TheHotKeyTogglesThePanelAndScansAgainAfterThreeSeconds) {
