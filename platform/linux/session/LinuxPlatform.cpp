@@ -26,6 +26,7 @@ LinuxPlatform::LinuxPlatform(const X11Display& display, StartContext& start)
       m_rawEvents(display),
       m_panelHost(display),
       m_hotKeys(display, m_rawEvents, [this] { return m_panelHost.decidesAboutTyping(); }),
+      m_keyboardGuard(display, [this] { m_panelHost.reclaimKeyboard(); }),
       m_keyCapture(display, m_hotKeys),
       m_clickMonitor(display, m_rawEvents),
       m_windowBackdrop(display),

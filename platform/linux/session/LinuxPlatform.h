@@ -16,6 +16,7 @@
 #include "platform/linux/x11/X11Display.h"
 #include "platform/linux/x11/X11HotKeys.h"
 #include "platform/linux/x11/X11KeyCapture.h"
+#include "platform/linux/x11/X11KeyboardGuard.h"
 #include "platform/linux/x11/X11PanelHost.h"
 #include "platform/linux/x11/X11RawEvents.h"
 #include "platform/linux/x11/X11Screens.h"
@@ -56,6 +57,7 @@ private:
     // keep theirs from the panel, and the time must see the presses that any of them consumes.
     X11PanelHost m_panelHost;
     X11HotKeys m_hotKeys;
+    X11KeyboardGuard m_keyboardGuard;
     X11KeyCapture m_keyCapture;
     X11ClickMonitor m_clickMonitor;
     X11WindowBackdrop m_windowBackdrop;

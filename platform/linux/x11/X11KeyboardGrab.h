@@ -21,7 +21,8 @@ namespace quorvantel::platform {
 /// leaves none when it goes.
 ///
 /// While the application does not run on, neither does the keyboard, the keys that the server
-/// itself acts upon included; the end of the application frees it.
+/// itself acts upon included; `X11KeyboardGuard` sees to it that this does not last, and the end of
+/// the application frees it in any case.
 class X11KeyboardGrab : public QAbstractNativeEventFilter {
 public:
     /// Asks for the grab; its keys are reported to `window`, which has to be mapped.

@@ -67,6 +67,13 @@ void X11PanelHost::awaitGrab() {
     m_retry.start();
 }
 
+void X11PanelHost::reclaimKeyboard() {
+    if (m_grab) {
+        m_grab->request();
+        awaitGrab();
+    }
+}
+
 void X11PanelHost::checkGrab() {
     if (m_window.isNull() || !m_grab || m_grab->isHeld()) {
         m_retry.stop();
@@ -186,9 +193,8 @@ void X11PanelHost::handleFocusOut(const xcb_focus_out_event_t& event) {
                                      event.detail == XCB_NOTIFY_DETAIL_NONLINEAR_VIRTUAL;
     const bool endsGrabOfMenu =
         event.mode == XCB_NOTIFY_MODE_UNGRAB && event.event != m_windowId && !isOfEnclosingWindow;
-    if (m_grab && endsGrabOfMenu) {
-        m_grab->request();
-        awaitGrab();
+    if (endsGrabOfMenu) {
+        reclaimKeyboard();
     }
 }
 
@@ -223,8 +229,7 @@ void X11PanelHost::handOver(xcb_keycode_t key, const DesktopKey& desktopKey) {
         m_virtualKeyboard.press(key, desktopKey.modifiers);
     }
     if (desktopKey.fate == KeyFate::HandedOver) {
-        m_grab->request();
-        awaitGrab();
+        reclaimKeyboard();
     } else {
         panelOf(*m_window).close();
     }

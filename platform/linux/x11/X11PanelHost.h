@@ -51,6 +51,9 @@ public:
     /// Whether the panel has the keyboard by a grab, or has asked for it.
     bool decidesAboutTyping() const { return m_grab.has_value(); }
 
+    /// Takes the keyboard again when somebody else has ended the grab.
+    void reclaimKeyboard();
+
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
 private:
