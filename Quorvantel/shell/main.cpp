@@ -2,27 +2,16 @@
 #include "shell/LateAccessibility.h"
 #include "shell/QuorvantelApp.h"
 #include "shell/SessionApplication.h"
+#include "shell/StandardErrorLog.h"
 
 #include <QDir>
 
 #include <array>
-#include <cstdio>
 #include <cstdlib>
 #include <vector>
 
-namespace {
-
-/// Writes every message as a line of its own to standard error, which the session's journal
-/// collects.
-void writeMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/,
-                  const QString& message) {
-    std::fputs(qPrintable(message + u'\n'), stderr);
-}
-
-} // namespace
-
 int main(int argc, char** argv) {
-    qInstallMessageHandler(writeMessage);
+    quorvantel::logToStandardError();
     const auto start = quorvantel::platform::takeStartContext();
     // Global hotkeys and the panel's keyboard grab need X11, also in a session that offers Wayland
     // besides. As an argument, unlike as a variable, this is not handed on to launched programs.
