@@ -3,6 +3,7 @@
 #include "shell/QuorvantelApp.h"
 #include "shell/SessionApplication.h"
 #include "shell/StandardErrorLog.h"
+#include "shell/TerminalStops.h"
 
 #include <QDir>
 
@@ -12,6 +13,7 @@
 
 int main(int argc, char** argv) {
     quorvantel::logToStandardError();
+    quorvantel::outlastTerminalStops();
     const auto start = quorvantel::platform::takeStartContext();
     // Global hotkeys and the panel's keyboard grab need X11, also in a session that offers Wayland
     // besides. As an argument, unlike as a variable, this is not handed on to launched programs.

@@ -28,6 +28,17 @@ TEST_P(SignalTest, EndsTheShownLauncherInOrder) {
     EXPECT_TRUE(ForeignHotKey(session.display(), XK_space, altAndSuper).isHeld());
 }
 
+TEST(TerminationTest, NoTerminalStopsTheLauncherThatTheKeyboardWaitsFor) {
+    LauncherSession session;
+    session.start();
+    for (const int stop : {SIGTSTP, SIGTTIN, SIGTTOU}) {
+        session.signal(stop);
+    }
+    session.summon();
+    session.keyboard().press({XK_Escape});
+    EXPECT_TRUE(session.waitForDismissal());
+}
+
 TEST(TerminationTest, TheLossOfTheDisplayEndsTheLauncherWithoutACrash) {
     LauncherSession session;
     session.start();
