@@ -55,6 +55,18 @@ void LauncherSession::addApplication(const QString& id, const QString& name) {
               entry.toUtf8());
 }
 
+void LauncherSession::storeHotKey(int keyCode, int modifiers) {
+    const QString plist = QStringLiteral(R"(<?xml version="1.0" encoding="UTF-8"?>
+<plist version="1.0"><dict>
+<key>hotKeyCode</key><integer>%1</integer>
+<key>hotKeyModifiers</key><integer>%2</integer>
+</dict></plist>
+)")
+                              .arg(keyCode)
+                              .arg(modifiers);
+    writeFile(m_home.configHome() + QStringLiteral("/Quorvantel/defaults.plist"), plist.toUtf8());
+}
+
 void LauncherSession::setKeyboardLayout(const QStringList& arguments) const {
     ChildProcess process({
         .program = QStringLiteral("setxkbmap"),

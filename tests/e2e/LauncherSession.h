@@ -40,6 +40,10 @@ public:
     /// ".desktop". It runs with the arguments `id` and "two words".
     void addApplication(const QString& id, const QString& name);
 
+    /// Stores a summon hotkey in the launcher's settings: a virtual key code and a Carbon modifier
+    /// mask.
+    void storeHotKey(int keyCode, int modifiers);
+
     /// Gives the keyboard the layouts that these arguments of setxkbmap name.
     void setKeyboardLayout(const QStringList& arguments) const;
 
