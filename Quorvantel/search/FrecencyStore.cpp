@@ -6,6 +6,7 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <utility>
 
 namespace quorvantel {
 
@@ -14,6 +15,10 @@ static_assert(std::bit_cast<std::uint64_t>(FrecencyStore::decayRate) == 0x3FB1BE
 namespace {
 
 constexpr QLatin1StringView weightName("f");
+
+std::optional<QByteArray> encode(const FrecencyEntry& entry) {
+    return encodeWeight({entry.f, entry.lastUpdate}, weightName);
+}
 
 } // namespace
 
@@ -29,7 +34,8 @@ void FrecencyStore::record(const QString& id, double date) {
         updated.f = known->f * std::exp(-decayRate * days) + 1.0;
     }
     m_entries.insert(id, updated);
-    save();
+    m_members.set(id, encode(updated));
+    m_file.save(m_members.text());
 }
 
 double FrecencyStore::weight(const QString& id, double now) const {
@@ -45,27 +51,20 @@ void FrecencyStore::load() {
     if (!root) {
         return;
     }
-    const auto weights = decodeWeights(*root, weightName);
-    if (!weights) {
-        m_file.reportUndecodable();
-        return;
-    }
-    for (auto stored = weights->cbegin(); stored != weights->cend(); ++stored) {
-        m_entries.insert(stored.key(), {stored->weight, stored->lastUpdate});
-    }
-}
-
-void FrecencyStore::save() const {
-    QJsonObject root;
-    for (auto entry = m_entries.cbegin(); entry != m_entries.cend(); ++entry) {
-        const auto encoded = encodeWeight({entry->f, entry->lastUpdate}, weightName);
-        if (!encoded) {
-            m_file.reportUnencodable();
+    QHash<QString, FrecencyEntry> entries;
+    entries.reserve(root->size());
+    for (auto member = root->begin(); member != root->end(); ++member) {
+        const auto stored = decodeWeight(member.value(), weightName);
+        if (!stored) {
+            m_file.reportUndecodable();
             return;
         }
-        root.insert(entry.key(), *encoded);
+        entries.insert(member.key(), {stored->weight, stored->lastUpdate});
     }
-    m_file.save(root);
+    m_entries = std::move(entries);
+    for (auto entry = m_entries.cbegin(); entry != m_entries.cend(); ++entry) {
+        m_members.set(entry.key(), encode(*entry));
+    }
 }
 
 } // namespace quorvantel

@@ -2,6 +2,7 @@
 
 #include "search/FrecencyEntry.h"
 #include "search/JsonFile.h"
+#include "search/JsonMembers.h"
 
 #include <QHash>
 #include <QString>
@@ -39,10 +40,11 @@ public:
 
 private:
     void load();
-    void save() const;
 
     JsonFile m_file;
     QHash<QString, FrecencyEntry> m_entries;
+    /// The entries as they are in the file.
+    JsonMembers m_members;
 };
 
 } // namespace quorvantel

@@ -43,19 +43,18 @@ std::optional<QJsonObject> JsonFile::load() const {
     return document.object();
 }
 
-void JsonFile::save(const QJsonObject& root) const {
-    const QByteArray content = QJsonDocument(root).toJson(QJsonDocument::Compact);
-    if (!platform::replacePrivateFile(m_path, content)) {
+void JsonFile::save(const std::optional<QByteArray>& root) const {
+    if (!root) {
+        report(writing, u"a weight is not a finite number");
+        return;
+    }
+    if (!platform::replacePrivateFile(m_path, *root)) {
         report(writing, u"the file could not be replaced");
     }
 }
 
 void JsonFile::reportUndecodable() const {
     report(reading, u"unexpected content");
-}
-
-void JsonFile::reportUnencodable() const {
-    report(writing, u"a weight is not a finite number");
 }
 
 void JsonFile::report(QStringView action, QStringView reason) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QJsonObject>
 #include <QString>
 
@@ -19,14 +20,13 @@ public:
     /// object. All but the missing file log a line.
     std::optional<QJsonObject> load() const;
 
-    /// Replaces the file atomically, for the user's eyes only; creates missing folders.
-    void save(const QJsonObject& root) const;
+    /// Replaces the file by the text of an object, atomically and for the user's eyes only; creates
+    /// missing folders. Without a text, when the state of the file's owner has no JSON form, the
+    /// file stays as it is.
+    void save(const std::optional<QByteArray>& root) const;
 
     /// Logs that the file holds JSON, but not what its owner writes.
     void reportUndecodable() const;
-
-    /// Logs that the state of the file's owner has no JSON form, so the file stays as it is.
-    void reportUnencodable() const;
 
 private:
     void report(QStringView action, QStringView reason) const;

@@ -40,29 +40,33 @@ double decayed(const LearnedAbbreviationStore::Entry& entry, double now) {
     return entry.weight * std::pow(2.0, -days / halfLifeInDays);
 }
 
-std::optional<QJsonObject> encode(const LearnedAbbreviationStore::Associations& associations) {
-    QJsonObject object;
+std::optional<QByteArray> encode(const LearnedAbbreviationStore::Associations& associations) {
+    QByteArray object("{");
     for (auto entry = associations.cbegin(); entry != associations.cend(); ++entry) {
         const auto encoded = encodeWeight({entry->weight, entry->lastUpdate}, weightName);
         if (!encoded) {
             return std::nullopt;
         }
-        object.insert(entry.key(), *encoded);
+        if (object.size() > 1) {
+            object += ',';
+        }
+        object += jsonString(entry.key()) + ':' + *encoded;
     }
-    return object;
+    return object + '}';
 }
 
 std::optional<LearnedAbbreviationStore::Associations> decode(const QJsonValue& value) {
     if (!value.isObject()) {
         return std::nullopt;
     }
-    const auto weights = decodeWeights(value.toObject(), weightName);
-    if (!weights) {
-        return std::nullopt;
-    }
+    const QJsonObject object = value.toObject();
     LearnedAbbreviationStore::Associations associations;
-    for (auto stored = weights->cbegin(); stored != weights->cend(); ++stored) {
-        associations.insert(stored.key(), {stored->weight, stored->lastUpdate});
+    for (auto member = object.begin(); member != object.end(); ++member) {
+        const auto stored = decodeWeight(member.value(), weightName);
+        if (!stored) {
+            return std::nullopt;
+        }
+        associations.insert(member.key(), {stored->weight, stored->lastUpdate});
     }
     return associations;
 }
@@ -91,7 +95,8 @@ void LearnedAbbreviationStore::learn(const QString& query, const QString& id, do
     const auto known = associations.constFind(id);
     const double weight = known == associations.cend() ? 1.0 : decayed(*known, date) + 1.0;
     associations.insert(id, {weight, date});
-    save();
+    m_members.set(*text, encode(associations));
+    m_file.save(m_members.text());
 }
 
 double LearnedAbbreviationStore::boost(const QString& query, const QString& id, double date) const {
@@ -106,7 +111,8 @@ LearnedAbbreviationStore::Boosts LearnedAbbreviationStore::boosts(const QString&
 
 void LearnedAbbreviationStore::reset() {
     m_table.clear();
-    save();
+    m_members.clear();
+    m_file.save(m_members.text());
 }
 
 void LearnedAbbreviationStore::load() {
@@ -115,6 +121,7 @@ void LearnedAbbreviationStore::load() {
         return;
     }
     QHash<QString, Associations> table;
+    table.reserve(root->size());
     for (auto member = root->begin(); member != root->end(); ++member) {
         const auto associations = decode(member.value());
         if (!associations) {
@@ -124,19 +131,9 @@ void LearnedAbbreviationStore::load() {
         table.insert(member.key(), *associations);
     }
     m_table = std::move(table);
-}
-
-void LearnedAbbreviationStore::save() const {
-    QJsonObject root;
     for (auto query = m_table.cbegin(); query != m_table.cend(); ++query) {
-        const auto encoded = encode(*query);
-        if (!encoded) {
-            m_file.reportUnencodable();
-            return;
-        }
-        root.insert(query.key(), *encoded);
+        m_members.set(query.key(), encode(*query));
     }
-    m_file.save(root);
 }
 
 } // namespace quorvantel

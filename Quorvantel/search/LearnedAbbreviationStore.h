@@ -1,6 +1,7 @@
 #pragma once
 
 #include "search/JsonFile.h"
+#include "search/JsonMembers.h"
 
 #include <QHash>
 #include <QString>
@@ -69,10 +70,11 @@ public:
 
 private:
     void load();
-    void save() const;
 
     JsonFile m_file;
     QHash<QString, Associations> m_table;
+    /// The table as it is in the file.
+    JsonMembers m_members;
 };
 
 } // namespace quorvantel

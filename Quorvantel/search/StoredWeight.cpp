@@ -1,5 +1,10 @@
 #include "search/StoredWeight.h"
 
+#include "search/JsonMembers.h"
+
+#include <QJsonObject>
+
+#include <algorithm>
 #include <cmath>
 
 namespace quorvantel {
@@ -15,6 +20,8 @@ std::optional<double> finiteNumber(const QJsonValue& value) {
     return value.toDouble();
 }
 
+} // namespace
+
 std::optional<StoredWeight> decodeWeight(const QJsonValue& value, QLatin1StringView weightName) {
     const QJsonObject object = value.toObject();
     const auto weight = finiteNumber(object.value(weightName));
@@ -25,26 +32,18 @@ std::optional<StoredWeight> decodeWeight(const QJsonValue& value, QLatin1StringV
     return StoredWeight{*weight, *lastUpdate};
 }
 
-} // namespace
-
-std::optional<QHash<QString, StoredWeight>> decodeWeights(const QJsonObject& object,
-                                                          QLatin1StringView weightName) {
-    QHash<QString, StoredWeight> weights;
-    for (auto member = object.begin(); member != object.end(); ++member) {
-        const auto weight = decodeWeight(member.value(), weightName);
-        if (!weight) {
-            return std::nullopt;
-        }
-        weights.insert(member.key(), *weight);
-    }
-    return weights;
-}
-
-std::optional<QJsonObject> encodeWeight(const StoredWeight& stored, QLatin1StringView weightName) {
-    if (!std::isfinite(stored.weight) || !std::isfinite(stored.lastUpdate)) {
+std::optional<QByteArray> encodeWeight(const StoredWeight& stored, QLatin1StringView weightName) {
+    const auto weight = jsonNumber(stored.weight);
+    const auto lastUpdate = jsonNumber(stored.lastUpdate);
+    if (!weight || !lastUpdate) {
         return std::nullopt;
     }
-    return QJsonObject{{weightName, stored.weight}, {lastUpdateName, stored.lastUpdate}};
+    const auto member = [](QLatin1StringView name, const QByteArray& number) -> QByteArray {
+        return '"' + QByteArrayView(name) + "\":" + number;
+    };
+    const QByteArray first = member(weightName, *weight);
+    const QByteArray second = member(lastUpdateName, *lastUpdate);
+    return '{' + std::min(first, second) + ',' + std::max(first, second) + '}';
 }
 
 } // namespace quorvantel

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <QHash>
-#include <QJsonObject>
+#include <QByteArray>
+#include <QJsonValue>
 #include <QLatin1StringView>
-#include <QString>
 
 #include <optional>
 
@@ -17,13 +16,12 @@ struct StoredWeight {
     double lastUpdate;
 };
 
-/// Reads an object of weights. All of it must be as a store writes it: a value with a missing or
-/// an unknown key, or with anything but a finite number, yields nothing.
-std::optional<QHash<QString, StoredWeight>> decodeWeights(const QJsonObject& object,
-                                                          QLatin1StringView weightName);
+/// Reads a weight. It must be as a store writes it: a missing or an unknown key, or anything but a
+/// finite number, yields nothing.
+std::optional<StoredWeight> decodeWeight(const QJsonValue& value, QLatin1StringView weightName);
 
-/// The reverse for one weight; nothing if it holds a number that JSON cannot express. Numbers
-/// survive the way to the file and back unchanged.
-std::optional<QJsonObject> encodeWeight(const StoredWeight& stored, QLatin1StringView weightName);
+/// The reverse, as compact JSON whose keys are in order; nothing if it holds a number that JSON
+/// cannot express. Numbers survive the way to the file and back unchanged.
+std::optional<QByteArray> encodeWeight(const StoredWeight& stored, QLatin1StringView weightName);
 
 } // namespace quorvantel
