@@ -3,6 +3,7 @@
 #include <QFile>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -24,6 +25,7 @@ namespace fs = std::filesystem;
 constexpr int maximumLinkDepth = 40;
 
 constexpr mode_t ownerOnlyFolder = S_IRWXU;
+constexpr mode_t ownerOnlyFile = S_IRUSR | S_IWUSR;
 
 FileError errorOf(int code) {
     switch (code) {
@@ -123,14 +125,42 @@ bool mayBeReplaced(const fs::path& path) {
     return type != fs::file_type::character && type != fs::file_type::block;
 }
 
+/// Opens an empty file at the path for this save alone, over what a save that was killed left
+/// there; -1 while another save writes it, or when the path is taken by something else.
+int openUnfinished(const std::string& path) {
+    const int descriptor = ::open(
+        path.c_str(), O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, ownerOnlyFile);
+    if (descriptor < 0) {
+        return -1;
+    }
+    // The lock goes when its process does. Whoever has it has the file only if another save has not
+    // finished and renamed it in between.
+    struct stat opened {};
+    struct stat named {};
+    if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0 && ::fstat(descriptor, &opened) == 0 &&
+        ::lstat(path.c_str(), &named) == 0 && opened.st_dev == named.st_dev &&
+        opened.st_ino == named.st_ino && S_ISREG(opened.st_mode) && opened.st_nlink == 1 &&
+        ::fchmod(descriptor, ownerOnlyFile) == 0 && ::ftruncate(descriptor, 0) == 0) {
+        return descriptor;
+    }
+    ::close(descriptor);
+    return -1;
+}
+
 /// A new file, for the user only, that takes the place of another once it is complete. Until then
-/// its destructor removes it.
+/// its destructor removes it. When the process is killed first, it stays under a name that the next
+/// save uses again, so that such files never add up.
 class PendingFile {
 public:
     explicit PendingFile(const fs::path& target)
         : m_target(target),
-          m_path(target.native() + ".XXXXXX"),
-          m_descriptor(::mkostemp(m_path.data(), O_CLOEXEC)) {}
+          m_path(target.native() + ".unfinished"),
+          m_descriptor(openUnfinished(m_path)) {
+        if (m_descriptor < 0) {
+            m_path = target.native() + ".XXXXXX";
+            m_descriptor = ::mkostemp(m_path.data(), O_CLOEXEC);
+        }
+    }
 
     PendingFile(const PendingFile&) = delete;
     PendingFile& operator=(const PendingFile&) = delete;

@@ -5,6 +5,7 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/sysmacros.h>
 #include <unistd.h>
@@ -182,6 +183,43 @@ TEST_F(PrivateFileTest, KeepsTheOldContentWhenTheNewCannotBeWritten) {
     EXPECT_FALSE(replaced);
     EXPECT_EQ(content("file"), "content");
     EXPECT_EQ(files("."), QStringList(u"file"_s));
+}
+
+TEST_F(PrivateFileTest, LeavesNothingOfSavesThatWereKilled) {
+    write("file", "content");
+    const auto beKilled = [this] {
+        std::signal(SIGXFSZ, SIG_DFL);
+        const rlimit none{0, 0};
+        ::setrlimit(RLIMIT_CORE, &none);
+        const rlimit few{4, 4};
+        ::setrlimit(RLIMIT_FSIZE, &few);
+        replace("file", "much longer content");
+    };
+    for (int save = 0; save < 3; ++save) {
+        EXPECT_EXIT(beKilled(), ::testing::KilledBySignal(SIGXFSZ), "");
+    }
+    EXPECT_EQ(content("file"), "content");
+    EXPECT_EQ(files("."), QStringList({u"file"_s, u"file.unfinished"_s}));
+    setMode("file.unfinished", 0644);
+    EXPECT_TRUE(replace("file", "new"));
+    EXPECT_EQ(mode("file"), 0600U);
+    EXPECT_EQ(files("."), QStringList(u"file"_s));
+}
+
+TEST_F(PrivateFileTest, LeavesWhatAnotherSaveWritesAndWhatItDidNotLeave) {
+    write("foreign", "content");
+    link("foreign", "link.unfinished");
+    makeFifo(path("fifo.unfinished"));
+    write("busy.unfinished", "half");
+    QFile busy(path("busy.unfinished"));
+    ASSERT_TRUE(busy.open(QIODevice::ReadOnly));
+    ASSERT_EQ(::flock(busy.handle(), LOCK_EX), 0);
+    for (const char* const name : {"link", "fifo", "busy"}) {
+        EXPECT_TRUE(replace(name, "new")) << name;
+        EXPECT_EQ(content(name), "new") << name;
+    }
+    EXPECT_EQ(content("foreign"), "content");
+    EXPECT_EQ(content("busy.unfinished"), "half");
 }
 
 } // namespace
