@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QMap>
 #include <QString>
 
 #include <cstdint>
@@ -26,7 +27,11 @@ public:
     virtual ~UserDefaults() = default;
 
     virtual std::optional<Value> value(const QString& key) const = 0;
-    virtual void set(const QString& key, const Value& value) = 0;
+
+    /// Sets values that belong together, in one write: a crash leaves all of them or none.
+    virtual void setAll(const QMap<QString, Value>& values) = 0;
+
+    void set(const QString& key, const Value& value) { setAll({{key, value}}); }
 };
 
 /// A stored value where a whole number is expected, whatever type it was stored as: the whole part

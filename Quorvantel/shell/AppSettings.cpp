@@ -41,8 +41,8 @@ bool AppSettings::setHotKeyBinding(const HotKeyBinding& binding) {
     }
     m_hotKeyBinding = binding;
     Q_EMIT hotKeyBindingChanged();
-    m_defaults.set(hotKeyCodeKey.toString(), std::int64_t{binding.keyCode});
-    m_defaults.set(hotKeyModifiersKey.toString(), std::int64_t{binding.modifiers});
+    m_defaults.setAll({{hotKeyCodeKey.toString(), std::int64_t{binding.keyCode}},
+                       {hotKeyModifiersKey.toString(), std::int64_t{binding.modifiers}}});
     if (onHotKeyChange) {
         onHotKeyChange(binding);
     }

@@ -124,12 +124,15 @@ std::optional<UserDefaults::Value> PropertyListDefaults::value(const QString& ke
     return std::nullopt;
 }
 
-void PropertyListDefaults::set(const QString& key, const Value& value) {
-    if (std::holds_alternative<Other>(value)) {
-        return;
+void PropertyListDefaults::setAll(const QMap<QString, Value>& values) {
+    bool hasChanged = false;
+    for (auto value = values.cbegin(); value != values.cend(); ++value) {
+        if (!std::holds_alternative<Other>(*value)) {
+            m_assigned.insert(value.key(), *value);
+            hasChanged = true;
+        }
     }
-    m_assigned.insert(key, value);
-    if (!write()) {
+    if (hasChanged && !write()) {
         reportOnce(Problem::Writing, QStringLiteral("cannot be written"));
     }
 }

@@ -22,7 +22,7 @@ public:
     std::optional<Value> value(const QString& key) const override;
 
     /// Setting `Other` does nothing. A text is stored up to its first null character.
-    void set(const QString& key, const Value& value) override;
+    void setAll(const QMap<QString, Value>& values) override;
 
 private:
     enum class Problem { Reading, Writing };

@@ -35,7 +35,7 @@ TEST_F(PropertyListDefaultsTest, ReadsNothingAndWritesNothingUntilSomethingIsSet
 }
 
 TEST_F(PropertyListDefaultsTest, KeepsEveryTypeAcrossRuns) {
-    const std::vector<std::pair<QString, Value>> values{
+    const QMap<QString, Value> values{
         {u"zero"_s, std::int64_t{0}},
         {u"largest"_s, std::int64_t{4'294'967'295}},
         {u"smallest"_s, std::numeric_limits<std::int64_t>::min()},
@@ -50,14 +50,10 @@ TEST_F(PropertyListDefaultsTest, KeepsEveryTypeAcrossRuns) {
         {u"no data"_s, QByteArray()},
         {u"key & <tag> ü"_s, true},
     };
-    PropertyListDefaults writer;
-    for (const auto& [key, value] : values) {
-        writer.set(key, value);
-    }
+    PropertyListDefaults().setAll(values);
     const PropertyListDefaults reader;
-    for (const auto& [key, value] : values) {
-        ASSERT_TRUE(reader.value(key)) << key.toStdString();
-        EXPECT_EQ(*reader.value(key), value) << key.toStdString();
+    for (auto value = values.cbegin(); value != values.cend(); ++value) {
+        EXPECT_EQ(reader.value(value.key()), *value) << value.key().toStdString();
     }
 }
 

@@ -7,7 +7,7 @@
 
 namespace quorvantel::testing {
 
-/// Defaults that live in memory and write down the order of the writes.
+/// Defaults that live in memory and write down the keys of each write.
 class MemoryDefaults : public platform::UserDefaults {
 public:
     std::optional<Value> value(const QString& key) const override {
@@ -15,9 +15,9 @@ public:
         return found == values.constEnd() ? std::nullopt : std::optional(*found);
     }
 
-    void set(const QString& key, const Value& value) override {
-        values.insert(key, value);
-        writes << key;
+    void setAll(const QMap<QString, Value>& written) override {
+        values.insert(written);
+        writes << written.keys().join(u'+');
     }
 
     QMap<QString, Value> values;
