@@ -1,11 +1,14 @@
 #include "platform/linux/gui/IconThemeImageLoader.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QIcon>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <zlib.h>
 
 #include <chrono>
 #include <cstring>
@@ -133,6 +136,85 @@ TEST_F(IconThemeImageLoaderTest, SmallerImagesHaveShadesThatThePaletteOfTheFileL
         EXPECT_NEAR(qGray(image.pixel(13, 13)), 127, 2) << format;
         EXPECT_TRUE(isFilled(image.convertToFormat(QImage::Format_ARGB32), image.pixel(13, 13)));
     }
+}
+
+QByteArray svg(const QByteArray& content) {
+    return "<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink' "
+           "width='28' height='28'>" +
+           content + "<rect width='28' height='28' fill='#fff'/></svg>";
+}
+
+/// A gzip stream of `size` spaces around a document.
+QByteArray packed(const QByteArray& document, qsizetype size) {
+    const QByteArray content = document + QByteArray(size, ' ');
+    QByteArray stream(size / 100 + 1000, Qt::Uninitialized);
+    z_stream deflater{};
+    deflateInit2(&deflater, Z_BEST_SPEED, Z_DEFLATED, 16 + MAX_WBITS, 8, Z_DEFAULT_STRATEGY);
+    deflater.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(content.data()));
+    deflater.avail_in = static_cast<uInt>(content.size());
+    deflater.next_out = reinterpret_cast<Bytef*>(stream.data());
+    deflater.avail_out = static_cast<uInt>(stream.size());
+    EXPECT_EQ(deflate(&deflater, Z_FINISH), Z_STREAM_END);
+    stream.truncate(static_cast<qsizetype>(deflater.total_out));
+    deflateEnd(&deflater);
+    return stream;
+}
+
+TEST_F(IconThemeImageLoaderTest, VectorImagesReachNothingOutsideThemselvesAndStaySmall) {
+    QImage red(28, 28, QImage::Format_RGB32);
+    red.fill(Qt::red);
+    red.save(path(QStringLiteral("private.png")));
+    QByteArray png;
+    QBuffer buffer(&png);
+    red.save(&buffer, "PNG");
+    const QByteArray embedded =
+        "<image width='9' height='9' xlink:href='data:image/png;base64," + png.toBase64() + "'/>";
+    QByteArray doubling = "<g id='a0'><path d='M0 0'/></g>";
+    for (int i = 1; i < 16; ++i) {
+        const QByteArray use = "<use xlink:href='#a" + QByteArray::number(i - 1) + "'/>";
+        doubling += "<g id='a" + QByteArray::number(i) + "'>" + use + use + "</g>";
+    }
+    const QByteArray file = path(QStringLiteral("private.png")).toUtf8();
+    const QByteArray deep = QByteArray("<g>").repeated(1000) + QByteArray("</g>").repeated(1000);
+    const std::pair<const char*, QByteArray> refused[] = {
+        {"file", svg("<image width='9' height='9' xlink:href='" + file + "'/>")},
+        {"address", svg("<image width='9' height='9' xlink:href='file://" + file + "'/>")},
+        {"svg2", svg("<image width='9' height='9' href='" + file + "'/>")},
+        {"sheet", "<?xml-stylesheet href='" + file + "'?>" + svg({})},
+        {"nested", svg("<image width='9' height='9' xlink:href='data:image/svg+xml;base64," +
+                       svg({}).toBase64() + "'/>")},
+        {"doubling", svg(doubling)},
+        {"itself", svg("<g id='a'><use xlink:href='#a'/></g>")},
+        {"many", svg(QByteArray("<g/>").repeated(5001))},
+        {"deep", svg(deep)},
+        {"large", svg(QByteArray(2 << 20, ' '))},
+        {"packed", packed(svg({}), 2 << 20)},
+    };
+    for (const auto& [name, content] : refused) {
+        const QString icon = path(QStringLiteral("vectors/%1.svg").arg(QLatin1StringView(name)));
+        write(icon, content);
+        EXPECT_TRUE(loader.load(Image::file(icon), iconSize, 1).isNull()) << name;
+        const auto theme = Image::iconTheme(QString::fromLatin1(name));
+        EXPECT_TRUE(loader.load(theme, iconSize, 1).isNull()) << name;
+    }
+    const QByteArray gradient = "<defs><linearGradient id='a'/><linearGradient id='b' "
+                                "xlink:href='#a'/></defs>";
+    for (const QByteArray& content : {svg(embedded), svg(gradient),
+                                      svg("<use xlink:href='#absent'/>"), packed(svg({}), 1000)}) {
+        const QString icon = path(QStringLiteral("vectors/good.svg"));
+        write(icon, content);
+        EXPECT_FALSE(loader.load(Image::file(icon), iconSize, 1).isNull()) << content.constData();
+        EXPECT_TRUE(isFilled(load(QStringLiteral("good"), 1), Qt::white)) << content.constData();
+    }
+}
+
+TEST_F(IconThemeImageLoaderTest, WaitsForNoFifo) {
+    for (const char* const name : {"24/pipe.png", "vectors/pipe.svg", "vectors/only.svg"}) {
+        ASSERT_EQ(::mkfifo(qPrintable(path(QString::fromLatin1(name))), 0600), 0);
+    }
+    addImage(QStringLiteral("pipe"), 48);
+    EXPECT_TRUE(isFilled(load(QStringLiteral("pipe"), 1), colorOfSize(48)));
+    EXPECT_TRUE(loader.load(Image::iconTheme(QStringLiteral("only")), iconSize, 1).isNull());
 }
 
 TEST_F(IconThemeImageLoaderTest, WhatIsNoIconGivesNone) {

@@ -1,9 +1,11 @@
 #include "platform/linux/gui/IconThemeImageLoader.h"
 
-#include <QFileInfo>
+#include "platform/linux/gui/IconGate.h"
+
+#include <QFile>
 #include <QIcon>
-#include <QImageReader>
 #include <QPainter>
+#include <QtGui/private/qiconloader_p.h>
 
 #include <algorithm>
 #include <utility>
@@ -11,11 +13,6 @@
 namespace quorvantel::platform {
 
 namespace {
-
-/// A larger file is no icon; decoding it would hold up the panel.
-constexpr qint64 maximumFileSize = qint64{8} * 1024 * 1024;
-/// Larger images in pixels are no icons either.
-constexpr int maximumSourcePixels = 2048;
 
 /// The image as large as fits into a square of `pixels`, in the middle of it.
 QPixmap fitted(const QImage& image, int pixels, qreal scale) {
@@ -36,46 +33,57 @@ QPixmap fitted(const QImage& image, int pixels, qreal scale) {
     return QPixmap::fromImage(canvas);
 }
 
-QPixmap loadFile(const QString& path, int points, qreal scale) {
-    const QFileInfo info(path);
-    if (!info.isFile() || info.size() > maximumFileSize) {
-        return {};
-    }
-    QImageReader reader(path);
-    const QSize size = reader.size();
-    if (size.width() > maximumSourcePixels || size.height() > maximumSourcePixels) {
-        return {};
-    }
-    const int pixels = qRound(points * scale);
-    const bool isVector = reader.format() == "svg" || reader.format() == "svgz";
-    if (isVector && !size.isEmpty()) {
-        reader.setScaledSize(size.scaled(pixels, pixels, Qt::KeepAspectRatio));
-    }
-    return fitted(reader.read(), pixels, scale);
+bool isVector(const QIconLoaderEngineEntry& entry) {
+    return entry.filename.endsWith(u".svg") || entry.filename.endsWith(u".svgz");
 }
 
-/// The image of a theme's icon that is nearest to a size, at least that large if there is one.
-///
-/// QIcon itself gives the nearest whether smaller or larger, and a small one would be blurred when
-/// it is enlarged.
-QImage sharpestImage(const QIcon& icon, int points, qreal scale) {
-    const int pixels = qRound(points * scale);
-    const auto reaches = [pixels](const QImage& image) {
-        return std::max(image.width(), image.height()) >= pixels;
-    };
-    QImage best = icon.pixmap(QSize(points, points), scale).toImage();
-    QList<QSize> sizes = icon.availableSizes();
-    std::ranges::sort(sizes, {}, &QSize::width);
-    for (const QSize& size : std::as_const(sizes)) {
-        if (reaches(best)) {
-            break;
-        }
-        if (size.width() > points) {
-            const QImage larger = icon.pixmap(size, scale).toImage();
-            best = larger.width() > best.width() ? larger : best;
+int extent(const QIconLoaderEngineEntry& entry) {
+    return entry.dir.size * entry.dir.scale;
+}
+
+/// How well the file of a theme's icon suits a size: the smaller, the better. Sharp ones first, and
+/// of those that must be enlarged the largest.
+int distance(const QIconLoaderEngineEntry& entry, int points, int pixels) {
+    constexpr int enlarged = 1 << 16;
+    const bool isMadeForIt = entry.dir.type == QIconDirInfo::Scalable &&
+                             entry.dir.minSize <= points && entry.dir.maxSize >= points;
+    if (isVector(entry)) {
+        return isMadeForIt || extent(entry) == pixels ? 0 : 1;
+    }
+    return extent(entry) >= pixels ? extent(entry) - pixels + (extent(entry) > pixels ? 2 : 0)
+                                   : enlarged - extent(entry);
+}
+
+/// The files of a theme's icon, those first that suit a size best. Qt finds them, but it would read
+/// them, too, whatever they are.
+QStringList themeFiles(const QString& name, int points, int pixels) {
+    const QThemeIconInfo icon = QIconLoader::instance()->loadIcon(name);
+    std::vector<std::pair<int, QString>> files;
+    for (const auto& entry : icon.entries) {
+        files.emplace_back(distance(*entry, points, pixels), entry->filename);
+    }
+    std::ranges::stable_sort(files, {}, &std::pair<int, QString>::first);
+    QStringList paths;
+    for (const auto& [distance, path] : files) {
+        paths.append(path);
+    }
+    return paths;
+}
+
+/// One that the gate refuses gives way to the next, of which there are not many.
+QImage themeImage(const QString& name, int points, int pixels) {
+    constexpr qsizetype maximumTries = 3;
+    for (const QString& path : themeFiles(name, points, pixels).mid(0, maximumTries)) {
+        if (QImage image = readIcon(path, pixels); !image.isNull()) {
+            return image;
         }
     }
-    return best;
+    return {};
+}
+
+QImage symbolImage(const QString& name, int pixels) {
+    QFile file(QStringLiteral(":/symbols/%1.svg").arg(name));
+    return file.open(QIODevice::ReadOnly) ? decodeIcon(file.readAll(), pixels) : QImage();
 }
 
 } // namespace
@@ -84,16 +92,16 @@ IconThemeImageLoader::IconThemeImageLoader(IconThemes::DesktopTheme desktopTheme
     : m_themes(std::move(desktopTheme)) {}
 
 QPixmap IconThemeImageLoader::load(const Image& image, int points, qreal scale) {
+    const int pixels = qRound(points * scale);
     switch (image.source) {
     case Image::Source::None:
         return {};
     case Image::Source::File:
-        return loadFile(image.name, points, scale);
+        return fitted(readIcon(image.name, pixels), pixels, scale);
     case Image::Source::IconTheme:
-        return fitted(sharpestImage(QIcon::fromTheme(image.name), points, scale),
-                      qRound(points * scale), scale);
+        return fitted(themeImage(image.name, points, pixels), pixels, scale);
     case Image::Source::Symbol:
-        return loadFile(QStringLiteral(":/symbols/%1.svg").arg(image.name), points, scale);
+        return fitted(symbolImage(image.name, pixels), pixels, scale);
     }
     Q_UNREACHABLE();
 }
