@@ -185,8 +185,10 @@ TEST_F(IconThemeImageLoaderTest, VectorImagesReachNothingOutsideThemselvesAndSta
                        svg({}).toBase64() + "'/>")},
         {"doubling", svg(doubling)},
         {"itself", svg("<g id='a'><use xlink:href='#a'/></g>")},
-        {"many", svg(QByteArray("<g/>").repeated(5001))},
+        {"many", svg(QByteArray("<g/>").repeated(8001))},
+        {"long", svg("<path d='M0 0" + QByteArray("L1 1").repeated(1 << 15) + "'/>")},
         {"deep", svg(deep)},
+        {"pictures", svg(embedded.repeated(17))},
         {"large", svg(QByteArray(2 << 20, ' '))},
         {"packed", packed(svg({}), 2 << 20)},
     };

@@ -1,26 +1,45 @@
 #include "platform/linux/gui/SvgGuard.h"
 
-#include <QHash>
 #include <QStringList>
 #include <QXmlStreamReader>
 
 #include <algorithm>
+#include <map>
 #include <utility>
+#include <vector>
 
 namespace quorvantel::platform {
 
 namespace {
 
-constexpr int maximumElements = 5000;
+// The most expensive drawing of this cost, of strokes that cross each other, takes a quarter of a
+// second; common icons cost some hundreds.
+constexpr qsizetype maximumCost = 8000;
+constexpr qsizetype coordinatesPerElement = 16;
+constexpr qsizetype costOfPicture = 500;
 constexpr qsizetype maximumDepth = 100;
 constexpr int maximumUseDepth = 16;
 constexpr QStringView dataScheme = u"data:";
 
 /// What stands inside an element that others may use.
 struct Definition {
-    int elements = 0;
+    qsizetype cost = 0;
     QStringList uses;
 };
+
+/// What it costs to draw an element; the texts of its coordinates count by their length.
+qsizetype costOf(QStringView element, const QXmlStreamAttributes& attributes) {
+    if (element == u"image") {
+        return costOfPicture;
+    }
+    qsizetype coordinates = 0;
+    for (const QXmlStreamAttribute& attribute : attributes) {
+        if (attribute.name() == u"d" || attribute.name() == u"points") {
+            coordinates += attribute.value().size();
+        }
+    }
+    return 1 + coordinates / coordinatesPerElement;
+}
 
 class SvgScan {
 public:
@@ -47,7 +66,7 @@ public:
                 break;
             }
         }
-        int remaining = maximumElements;
+        qsizetype remaining = maximumCost;
         return !reader.hasError() && spend(QString(), 0, remaining);
     }
 
@@ -67,10 +86,10 @@ private:
                 return false;
             }
         }
-        QStringList named = m_open;
-        named.removeDuplicates();
-        for (const QString& name : std::as_const(named)) {
-            if (++m_definitions[name].elements > maximumElements) {
+        const qsizetype cost = costOf(reader.name(), attributes);
+        for (Definition* const definition : openDefinitions()) {
+            definition->cost += cost;
+            if (definition->cost > maximumCost) {
                 return false;
             }
         }
@@ -86,13 +105,23 @@ private:
             return target.isEmpty();
         }
         if (element == u"use") {
-            QStringList named = m_open;
-            named.removeDuplicates();
-            for (const QString& name : std::as_const(named)) {
-                m_definitions[name].uses.append(target.mid(1).toString());
+            for (Definition* const definition : openDefinitions()) {
+                definition->uses.append(target.mid(1).toString());
             }
         }
         return true;
+    }
+
+    /// Those that the current element is part of, each once.
+    std::vector<Definition*> openDefinitions() {
+        std::vector<Definition*> definitions;
+        for (const QString& name : std::as_const(m_open)) {
+            Definition* const definition = &m_definitions[name];
+            if (std::ranges::find(definitions, definition) == definitions.end()) {
+                definitions.push_back(definition);
+            }
+        }
+        return definitions;
     }
 
     bool isHarmlessPicture(QStringView address) const {
@@ -102,22 +131,22 @@ private:
                m_mayDecode(QByteArray::fromBase64(address.mid(comma + 1).toLatin1()));
     }
 
-    /// Takes the elements that one definition draws from those that may still be drawn.
-    bool spend(const QString& name, int depth, int& remaining) const {
-        const auto found = m_definitions.constFind(name);
-        remaining -= found == m_definitions.cend() ? 1 : found->elements;
-        if (remaining < 0 || depth > maximumUseDepth) {
-            return false;
+    /// Takes the cost of one definition from what may still be drawn.
+    bool spend(const QString& name, int depth, qsizetype& remaining) const {
+        const auto found = m_definitions.find(name);
+        if (found == m_definitions.end()) {
+            return --remaining >= 0;
         }
-        return found == m_definitions.cend() ||
-               std::ranges::all_of(found->uses, [&](const QString& used) {
+        remaining -= found->second.cost;
+        return remaining >= 0 && depth <= maximumUseDepth &&
+               std::ranges::all_of(found->second.uses, [&](const QString& used) {
                    return spend(used, depth + 1, remaining);
                });
     }
 
     EmbeddedPictureCheck m_mayDecode;
     QStringList m_open;
-    QHash<QString, Definition> m_definitions;
+    std::map<QString, Definition> m_definitions;
 };
 
 } // namespace
