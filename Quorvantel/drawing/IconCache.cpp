@@ -8,6 +8,15 @@
 
 namespace quorvantel {
 
+namespace {
+
+qsizetype costOf(const QPixmap& pixmap) {
+    constexpr qsizetype entry = 512;
+    return entry + qsizetype{pixmap.width()} * pixmap.height() * pixmap.depth() / 8;
+}
+
+} // namespace
+
 IconCache::IconCache(platform::ImageLoader& loader, QObject* parent)
     : QObject(parent), m_loader(loader) {
     m_idle.setInterval(0);
@@ -16,8 +25,7 @@ IconCache::IconCache(platform::ImageLoader& loader, QObject* parent)
 
 std::optional<QPixmap> IconCache::pixmap(const platform::Image& image, int points, qreal scale) {
     const Key key{image, points, scale};
-    const auto found = m_pixmaps.constFind(key);
-    if (found != m_pixmaps.constEnd()) {
+    if (const QPixmap* const found = m_pixmaps.object(key)) {
         return *found;
     }
     if (std::ranges::find(m_waiting, key) == m_waiting.end()) {
@@ -29,19 +37,23 @@ std::optional<QPixmap> IconCache::pixmap(const platform::Image& image, int point
 
 QPixmap IconCache::pixmapNow(const platform::Image& image, int points, qreal scale) {
     const Key key{image, points, scale};
-    const auto found = m_pixmaps.constFind(key);
-    if (found != m_pixmaps.constEnd()) {
+    if (const QPixmap* const found = m_pixmaps.object(key)) {
         return *found;
     }
-    return *m_pixmaps.insert(key, m_loader.load(image, points, scale));
+    QPixmap pixmap = m_loader.load(image, points, scale);
+    m_pixmaps.insert(key, new QPixmap(pixmap), costOf(pixmap));
+    return pixmap;
 }
 
 void IconCache::refresh() {
     const bool haveIconsChanged = m_loader.refresh();
-    m_pixmaps.removeIf([haveIconsChanged](const auto& entry) {
-        return entry.value().isNull() ||
-               (haveIconsChanged && entry.key().image.source == platform::Image::Source::IconTheme);
-    });
+    for (const Key& key : m_pixmaps.keys()) {
+        const bool isOutdated =
+            haveIconsChanged && key.image.source == platform::Image::Source::IconTheme;
+        if (isOutdated || m_pixmaps.object(key)->isNull()) {
+            m_pixmaps.remove(key);
+        }
+    }
 }
 
 void IconCache::decodeNext() {

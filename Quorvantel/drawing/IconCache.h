@@ -2,7 +2,7 @@
 
 #include "platform/ImageLoader.h"
 
-#include <QHash>
+#include <QCache>
 #include <QObject>
 #include <QPixmap>
 #include <QTimer>
@@ -17,12 +17,16 @@ namespace quorvantel {
 /// Decodes icons once and keeps them, without ever holding up a paint.
 ///
 /// What is not there yet is decoded when the event loop is idle, one image a turn, so that a
-/// keystroke never waits for more than one. Missing images are kept as null pixmaps. Main thread
-/// only.
+/// keystroke never waits for more than one. Missing images are kept as null pixmaps. Of the pixmaps
+/// those that were not asked for longest go when `capacity` is reached, which is some thirty times
+/// what a screen shows. Main thread only.
 class IconCache : public QObject {
     Q_OBJECT
 
 public:
+    /// In bytes of pixels and of what it takes to keep them.
+    static constexpr qsizetype capacity = qsizetype{8} * 1024 * 1024;
+
     /// `loader` must outlive the cache.
     explicit IconCache(platform::ImageLoader& loader, QObject* parent = nullptr);
 
@@ -56,7 +60,7 @@ private:
     void decodeNext();
 
     platform::ImageLoader& m_loader;
-    QHash<Key, QPixmap> m_pixmaps;
+    QCache<Key, QPixmap> m_pixmaps{capacity};
     std::deque<Key> m_waiting;
     QTimer m_idle;
 };
