@@ -9,6 +9,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <chrono>
+#include <deque>
 #include <utility>
 
 namespace quorvantel::platform {
@@ -17,6 +19,8 @@ namespace {
 
 constexpr qint64 maximumEntrySize = qint64{1024} * 1024;
 constexpr int maximumFolderDepth = 10;
+constexpr int maximumNames = 10'000;
+constexpr std::chrono::milliseconds maximumTime{200};
 constexpr QLatin1StringView extension(".desktop");
 constexpr const char* keywords = "Keywords";
 
@@ -26,34 +30,60 @@ struct EntryFile {
     QString identifier;
 };
 
-/// Finds the desktop files in a folder and the folders in it, each of which is entered once, by
-/// whichever path comes first.
+/// Finds the desktop files in a folder and the folders in it, each of which is entered once, by the
+/// shortest path.
+///
+/// A link may lead to anything, such as the whole disk. So the walk ends after so many names in
+/// folders, and after so much time, but never before the files of the folder itself.
 class EntryFinder {
 public:
-    explicit EntryFinder(const QString& root) { enter(root, {}, 0); }
+    explicit EntryFinder(const QString& root) {
+        const auto start = std::chrono::steady_clock::now();
+        m_waiting.push_back({root, {}, 0});
+        do {
+            const Folder folder = m_waiting.front();
+            m_waiting.pop_front();
+            enter(folder);
+        } while (!m_waiting.empty() && m_seen < maximumNames &&
+                 std::chrono::steady_clock::now() - start < maximumTime);
+    }
 
     const std::vector<EntryFile>& files() const { return m_files; }
 
+    /// Whether folders were left out.
+    bool isCutShort() const { return !m_waiting.empty(); }
+
 private:
-    void enter(const QString& folder, const QString& prefix, int depth) {
-        const QString canonical = QFileInfo(folder).canonicalFilePath();
-        if (depth > maximumFolderDepth || canonical.isEmpty() || m_entered.contains(canonical)) {
+    struct Folder {
+        QString path;
+        QString prefix;
+        int depth;
+    };
+
+    void enter(const Folder& folder) {
+        const QString canonical = QFileInfo(folder.path).canonicalFilePath();
+        if (canonical.isEmpty() || m_entered.contains(canonical)) {
             return;
         }
         m_entered.insert(canonical);
-        QDirIterator entries(folder,
+        QDirIterator entries(folder.path,
                              QDir::Files | QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot);
-        while (entries.hasNext()) {
+        while (entries.hasNext() && (folder.depth == 0 || m_seen < maximumNames)) {
             entries.next();
+            m_seen += folder.depth > 0 ? 1 : 0;
             const QString name = entries.fileName();
-            if (entries.fileInfo().isDir()) {
-                enter(entries.filePath(), prefix + name + QLatin1Char('-'), depth + 1);
-            } else if (name.endsWith(extension)) {
-                m_files.push_back({entries.filePath(), prefix + name.chopped(extension.size())});
+            if (name.endsWith(extension) && !entries.fileInfo().isDir()) {
+                m_files.push_back(
+                    {entries.filePath(), folder.prefix + name.chopped(extension.size())});
+            } else if (folder.depth < maximumFolderDepth && entries.fileInfo().isDir()) {
+                m_waiting.push_back({entries.filePath(), folder.prefix + name + QLatin1Char('-'),
+                                     folder.depth + 1});
             }
         }
     }
 
+    std::deque<Folder> m_waiting;
+    int m_seen = 0;
     QSet<QString> m_entered;
     std::vector<EntryFile> m_files;
 };
@@ -149,6 +179,10 @@ std::vector<InstalledApplication> DesktopEntryApplications::list() const {
     std::vector<InstalledApplication> applications;
     for (const QString& directory : m_directories) {
         const EntryFinder finder(directory);
+        if (finder.isCutShort()) {
+            reportOnce(QStringLiteral("some folders in ") + directory,
+                       QStringLiteral("there is too much in them"));
+        }
         for (const EntryFile& file : finder.files()) {
             const std::optional<DesktopEntry> entry = read(file.path);
             if (entry && (entry->isHidden() || isUsable(*entry))) {

@@ -25,7 +25,8 @@ public:
 
     explicit DesktopEntryApplications(QStringList directories = standardDirectories());
 
-    /// Directory by directory; within one, in the order in which the file system lists it.
+    /// Directory by directory; within one, its own files before those of its folders, in the order
+    /// in which the file system lists them.
     std::vector<InstalledApplication> list() const override;
 
 private:

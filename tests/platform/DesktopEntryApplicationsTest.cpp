@@ -211,5 +211,13 @@ TEST_F(DesktopEntryApplicationsTest, ComesToAnEndWithHostileFolders) {
     EXPECT_EQ(found.size(), 2);
 }
 
+TEST_F(DesktopEntryApplicationsTest, DoesNotSearchTheWholeDiskBehindALink) {
+    writeFile(user(u"own.desktop"_s), entryText("Own"));
+    QFile::link(u"/"_s, user(u"disk"_s));
+    EXPECT_TRUE(hiddenByIdentifier().contains(u"own"_s));
+    EXPECT_TRUE(log.lines().contains(u"Quorvantel: ignoring some folders in "_s +
+                                     inHome(u"user"_s) + u": there is too much in them"));
+}
+
 } // namespace
 } // namespace quorvantel::platform
