@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <QUrl>
 
+#include <memory>
+#include <optional>
 #include <vector>
 
 namespace quorvantel::platform {
@@ -39,12 +41,24 @@ struct InstalledApplication {
 /// directories of the XDG Base Directory Specification; macOS has none beyond its bundles.
 class InstalledApplications {
 public:
-    virtual ~InstalledApplications() = default;
-
     /// All applications, the background-only ones included, since those hide later ones of the
     /// same identifier. The order is that of the directories' precedence. An entry that cannot be
-    /// read is left out. Reads the disk; nothing is cached.
-    virtual std::vector<InstalledApplication> list() const = 0;
+    /// read is left out.
+    ///
+    /// The disk is read as the listing goes on, so that its reader can do other things between.
+    class Listing {
+    public:
+        virtual ~Listing() = default;
+
+        /// Reads on, one folder or one entry at a time: the applications that this brought, often
+        /// none; absent at the end.
+        virtual std::optional<std::vector<InstalledApplication>> next() = 0;
+    };
+
+    virtual ~InstalledApplications() = default;
+
+    /// Begins anew; nothing is cached. The listing must not outlive this object.
+    virtual std::unique_ptr<Listing> list() const = 0;
 };
 
 } // namespace quorvantel::platform

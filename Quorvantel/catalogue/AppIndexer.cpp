@@ -2,8 +2,7 @@
 
 #include "catalogue/AppCandidate.h"
 
-#include <QSet>
-
+#include <algorithm>
 #include <utility>
 
 namespace quorvantel {
@@ -67,51 +66,67 @@ AppIndexer::AppIndexer(QStringList roots, QString launcherIdentifier,
       m_installed(installed) {}
 
 std::vector<LaunchTarget> AppIndexer::scan() const {
-    std::vector<LaunchTarget> targets;
-    QSet<QString> taken;
-    const auto add = [&](LaunchTarget target) {
-        if (!taken.contains(target.id())) {
-            taken.insert(target.id());
-            targets.push_back(std::move(target));
-        }
-    };
-    for (const QString& root : m_roots) {
-        for (LaunchTarget& target : bundleTargets(root)) {
-            add(std::move(target));
-        }
+    Scan scan(*this);
+    while (scan.step()) {
     }
-    for (const platform::InstalledApplication& application : m_installed.list()) {
-        // Hiding an entry in a folder of higher precedence is how users and desktops take it out of
-        // the catalogue, so the entries that it stands before are not to come back.
-        if (application.isBackgroundOnly) {
-            taken.insert(application.identifier);
-            continue;
-        }
-        if (auto target = makeAppTarget(installedCandidate(application), m_launcherIdentifier)) {
-            add(std::move(*target));
-        }
-    }
-    return targets;
+    return scan.takeTargets();
 }
 
-std::vector<LaunchTarget> AppIndexer::bundleTargets(const QString& root) const {
-    std::vector<LaunchTarget> targets;
-    const QStringList names = m_bundles.childNames(root);
-    for (const QString& name : names) {
-        if (name.startsWith(QLatin1Char('.')) || !name.endsWith(bundleExtension)) {
-            continue;
-        }
-        const QString path = root + QLatin1Char('/') + name;
-        const std::optional<QVariantMap> info = m_bundles.infoDictionary(path);
-        if (!info) {
-            continue;
-        }
-        if (auto target =
-                makeAppTarget(bundleCandidate(m_bundles, path, *info), m_launcherIdentifier)) {
-            targets.push_back(std::move(*target));
+QStringList AppIndexer::bundlePaths(const QString& root) const {
+    QStringList paths;
+    for (const QString& name : m_bundles.childNames(root)) {
+        if (!name.startsWith(QLatin1Char('.')) && name.endsWith(bundleExtension)) {
+            paths.append(root + QLatin1Char('/') + name);
         }
     }
-    return targets;
+    return paths;
+}
+
+AppIndexer::Scan::Scan(const AppIndexer& indexer)
+    : m_indexer(indexer), m_installed(indexer.m_installed.list()) {}
+
+bool AppIndexer::Scan::step() {
+    if (!m_bundlePaths.isEmpty()) {
+        addBundle(m_bundlePaths.takeLast());
+        return true;
+    }
+    if (m_nextRoot < m_indexer.m_roots.size()) {
+        m_bundlePaths = m_indexer.bundlePaths(m_indexer.m_roots[m_nextRoot++]);
+        std::ranges::reverse(m_bundlePaths);
+        return true;
+    }
+    const auto applications = m_installed->next();
+    if (!applications) {
+        return false;
+    }
+    for (const platform::InstalledApplication& application : *applications) {
+        addInstalled(application);
+    }
+    return true;
+}
+
+void AppIndexer::Scan::addBundle(const QString& path) {
+    const platform::BundleReader& bundles = m_indexer.m_bundles;
+    if (const std::optional<QVariantMap> info = bundles.infoDictionary(path)) {
+        add(makeAppTarget(bundleCandidate(bundles, path, *info), m_indexer.m_launcherIdentifier));
+    }
+}
+
+void AppIndexer::Scan::addInstalled(const platform::InstalledApplication& application) {
+    // Hiding an entry in a folder of higher precedence is how users and desktops take it out of the
+    // catalogue, so the entries that it stands before are not to come back.
+    if (application.isBackgroundOnly) {
+        m_taken.insert(application.identifier);
+        return;
+    }
+    add(makeAppTarget(installedCandidate(application), m_indexer.m_launcherIdentifier));
+}
+
+void AppIndexer::Scan::add(std::optional<LaunchTarget> target) {
+    if (target && !m_taken.contains(target->id())) {
+        m_taken.insert(target->id());
+        m_targets.push_back(std::move(*target));
+    }
 }
 
 } // namespace quorvantel

@@ -56,6 +56,8 @@ AppDelegate::AppDelegate(platform::Platform& platform, AppSettings& settings,
       m_indexer(AppIndexer::standardRoots(QDir::homePath()),
                 platform::launcherIdentifier.toString(), platform.bundleReader(),
                 platform.installedApplications()),
+      m_scan(m_indexer,
+             [this](std::vector<LaunchTarget> targets) { takeApplications(std::move(targets)); }),
       m_lastIndexStart(-std::numeric_limits<double>::infinity()),
       m_lastSummon(m_lastIndexStart),
       m_lastClosing(m_lastIndexStart) {}
@@ -122,11 +124,10 @@ void AppDelegate::reindexIfNeeded(bool force) {
     }
     m_lastIndexStart = now;
     // The panel is on the screen before the disk is read.
-    m_panelController->runAfterFirstFrame([this] { runIndex(); });
+    m_panelController->runAfterFirstFrame([this] { m_scan.start(); });
 }
 
-void AppDelegate::runIndex() {
-    std::vector<LaunchTarget> targets = m_indexer.scan();
+void AppDelegate::takeApplications(std::vector<LaunchTarget> targets) {
     const auto& panes = settingsPaneTargets(m_platform.bundleReader(), m_platform.settingsPanels());
     targets.insert(targets.end(), panes.begin(), panes.end());
     // An application that was installed meanwhile may have brought the icon.

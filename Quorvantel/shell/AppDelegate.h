@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/AppIndexer.h"
+#include "catalogue/YieldingScan.h"
 #include "drawing/IconCache.h"
 #include "help/HelpMenu.h"
 #include "hotkey/HotKeyActivity.h"
@@ -83,7 +84,8 @@ private:
     void applyTheme();
     void buildLauncher();
     void reindexIfNeeded(bool force);
-    void runIndex();
+    /// Searches these from now on, with the settings panes after them.
+    void takeApplications(std::vector<LaunchTarget> targets);
     void registerHotKey(const HotKeyBinding& binding, bool fallbackToDefault);
     void retryHotKey();
     void showHelp();
@@ -104,6 +106,7 @@ private:
     help::HelpMenu m_helpMenu;
     SettingsWindowController m_settingsWindowController;
     AppIndexer m_indexer;
+    YieldingScan m_scan;
     std::unique_ptr<SearchEngine> m_engine;
     std::unique_ptr<LauncherPanelController> m_panelController;
     /// When the last scan began; before it, the distant past.

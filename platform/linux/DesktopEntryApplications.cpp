@@ -37,20 +37,26 @@ struct EntryFile {
 /// folders, and after so much time, but never before the files of the folder itself.
 class EntryFinder {
 public:
-    explicit EntryFinder(const QString& root) {
-        const auto start = std::chrono::steady_clock::now();
-        m_waiting.push_back({root, {}, 0});
-        do {
-            const Folder folder = m_waiting.front();
-            m_waiting.pop_front();
-            enter(folder);
-        } while (!m_waiting.empty() && m_seen < maximumNames &&
-                 std::chrono::steady_clock::now() - start < maximumTime);
+    explicit EntryFinder(const QString& root) { m_waiting.push_back({root, {}, 0}); }
+
+    /// Whether there is another folder to enter; false as well after too much.
+    bool hasFolder() const {
+        const bool isBegun = !m_entered.isEmpty();
+        return !m_waiting.empty() &&
+               !(isBegun && (m_seen >= maximumNames || m_timeTaken >= maximumTime));
     }
 
-    const std::vector<EntryFile>& files() const { return m_files; }
+    /// Enters the next folder and returns the files in it.
+    std::vector<EntryFile> takeFolder() {
+        const auto start = std::chrono::steady_clock::now();
+        const Folder folder = m_waiting.front();
+        m_waiting.pop_front();
+        std::vector<EntryFile> files = enter(folder);
+        m_timeTaken += std::chrono::steady_clock::now() - start;
+        return files;
+    }
 
-    /// Whether folders were left out.
+    /// Whether folders were left out, once there is none to enter.
     bool isCutShort() const { return !m_waiting.empty(); }
 
 private:
@@ -60,10 +66,11 @@ private:
         int depth;
     };
 
-    void enter(const Folder& folder) {
+    std::vector<EntryFile> enter(const Folder& folder) {
+        std::vector<EntryFile> files;
         const QString canonical = QFileInfo(folder.path).canonicalFilePath();
         if (canonical.isEmpty() || m_entered.contains(canonical)) {
-            return;
+            return files;
         }
         m_entered.insert(canonical);
         QDirIterator entries(folder.path,
@@ -73,19 +80,20 @@ private:
             m_seen += folder.depth > 0 ? 1 : 0;
             const QString name = entries.fileName();
             if (name.endsWith(extension) && !entries.fileInfo().isDir()) {
-                m_files.push_back(
+                files.push_back(
                     {entries.filePath(), folder.prefix + name.chopped(extension.size())});
             } else if (folder.depth < maximumFolderDepth && entries.fileInfo().isDir()) {
                 m_waiting.push_back({entries.filePath(), folder.prefix + name + QLatin1Char('-'),
                                      folder.depth + 1});
             }
         }
+        return files;
     }
 
     std::deque<Folder> m_waiting;
     int m_seen = 0;
+    std::chrono::steady_clock::duration m_timeTaken{};
     QSet<QString> m_entered;
-    std::vector<EntryFile> m_files;
 };
 
 bool isApplication(const DesktopEntry& entry) {
@@ -155,6 +163,54 @@ InstalledApplication application(const EntryFile& file, const DesktopEntry& entr
 
 } // namespace
 
+class DesktopEntryApplications::EntryListing : public Listing {
+public:
+    explicit EntryListing(const DesktopEntryApplications& owner) : m_owner(owner) {}
+
+    std::optional<std::vector<InstalledApplication>> next() override {
+        std::vector<InstalledApplication> applications;
+        if (m_nextFile < m_files.size()) {
+            readFile(m_files[m_nextFile++], applications);
+        } else if (m_finder && m_finder->hasFolder()) {
+            m_files = m_finder->takeFolder();
+            m_nextFile = 0;
+        } else if (m_nextDirectory < m_owner.m_directories.size()) {
+            endDirectory();
+            m_finder.emplace(m_owner.m_directories[m_nextDirectory++]);
+        } else {
+            endDirectory();
+            return std::nullopt;
+        }
+        return applications;
+    }
+
+private:
+    void readFile(const EntryFile& file, std::vector<InstalledApplication>& applications) const {
+        const std::optional<DesktopEntry> entry = m_owner.read(file.path);
+        if (entry && (entry->isHidden() || isUsable(*entry))) {
+            applications.push_back(application(file, *entry, m_currentDesktops));
+        }
+    }
+
+    void endDirectory() {
+        if (m_finder && m_finder->isCutShort()) {
+            m_owner.reportOnce(QStringLiteral("some folders in ") +
+                                   m_owner.m_directories[m_nextDirectory - 1],
+                               QStringLiteral("there is too much in them"));
+        }
+        m_finder.reset();
+    }
+
+    const DesktopEntryApplications& m_owner;
+    QByteArray m_currentDesktops = qgetenv("XDG_CURRENT_DESKTOP");
+    qsizetype m_nextDirectory = 0;
+    /// Of the directory that is being read.
+    std::optional<EntryFinder> m_finder;
+    /// Of the folder that was entered last.
+    std::vector<EntryFile> m_files;
+    std::size_t m_nextFile = 0;
+};
+
 QStringList DesktopEntryApplications::standardDirectories() {
     QByteArray shared = qgetenv("XDG_DATA_DIRS");
     if (shared.isEmpty()) {
@@ -174,23 +230,8 @@ QStringList DesktopEntryApplications::standardDirectories() {
 DesktopEntryApplications::DesktopEntryApplications(QStringList directories)
     : m_directories(std::move(directories)) {}
 
-std::vector<InstalledApplication> DesktopEntryApplications::list() const {
-    const QByteArray currentDesktops = qgetenv("XDG_CURRENT_DESKTOP");
-    std::vector<InstalledApplication> applications;
-    for (const QString& directory : m_directories) {
-        const EntryFinder finder(directory);
-        if (finder.isCutShort()) {
-            reportOnce(QStringLiteral("some folders in ") + directory,
-                       QStringLiteral("there is too much in them"));
-        }
-        for (const EntryFile& file : finder.files()) {
-            const std::optional<DesktopEntry> entry = read(file.path);
-            if (entry && (entry->isHidden() || isUsable(*entry))) {
-                applications.push_back(application(file, *entry, currentDesktops));
-            }
-        }
-    }
-    return applications;
+std::unique_ptr<InstalledApplications::Listing> DesktopEntryApplications::list() const {
+    return std::make_unique<EntryListing>(*this);
 }
 
 std::optional<DesktopEntry> DesktopEntryApplications::read(const QString& path) const {

@@ -27,9 +27,11 @@ public:
 
     /// Directory by directory; within one, its own files before those of its folders, in the order
     /// in which the file system lists them.
-    std::vector<InstalledApplication> list() const override;
+    std::unique_ptr<Listing> list() const override;
 
 private:
+    class EntryListing;
+
     std::optional<DesktopEntry> read(const QString& path) const;
     void reportOnce(const QString& path, const QString& problem) const;
 

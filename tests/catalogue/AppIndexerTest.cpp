@@ -1,6 +1,7 @@
 #include "catalogue/AppIndexer.h"
 
 #include "catalogue/FakeBundleReader.h"
+#include "catalogue/Listings.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,7 +15,9 @@ using ::testing::IsEmpty;
 
 class FakeInstalledApplications final : public platform::InstalledApplications {
 public:
-    std::vector<platform::InstalledApplication> list() const override { return applications; }
+    std::unique_ptr<Listing> list() const override {
+        return std::make_unique<testing::FakeListing>(applications);
+    }
 
     std::vector<platform::InstalledApplication> applications;
 };

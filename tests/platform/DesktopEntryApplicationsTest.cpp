@@ -1,5 +1,6 @@
 #include "platform/linux/DesktopEntryApplications.h"
 
+#include "catalogue/Listings.h"
 #include "support/LogLines.h"
 #include "support/TestFiles.h"
 
@@ -29,7 +30,7 @@ protected:
     }
 
     InstalledApplication only() const {
-        const auto list = applications().list();
+        const auto list = testing::everythingIn(applications());
         EXPECT_EQ(list.size(), 1U);
         return list.empty() ? InstalledApplication() : list.front();
     }
@@ -40,7 +41,7 @@ protected:
 
     QMap<QString, bool> hiddenByIdentifier() const {
         QMap<QString, bool> hidden;
-        for (const InstalledApplication& application : applications().list()) {
+        for (const InstalledApplication& application : testing::everythingIn(applications())) {
             hidden.insert(application.identifier, application.isBackgroundOnly);
         }
         return hidden;
@@ -117,7 +118,7 @@ TEST_F(DesktopEntryApplicationsTest, HidesWhatIsNotMeantToBeShown) {
 TEST_F(DesktopEntryApplicationsTest, KeepsTheOrderOfPrecedenceAndWhatHidesLaterEntries) {
     writeFile(user(u"a.desktop"_s), "[Desktop Entry]\nHidden=true\n");
     writeFile(system(u"a.desktop"_s), entryText("A"));
-    const auto list = applications().list();
+    const auto list = testing::everythingIn(applications());
     ASSERT_EQ(list.size(), 2U);
     EXPECT_TRUE(list[0].isBackgroundOnly);
     EXPECT_EQ(list[0].identifier, u"a"_s);
@@ -139,7 +140,7 @@ TEST_F(DesktopEntryApplicationsTest, LeavesOutWhatLacksItsProgramForALaterEntry)
          {"Exec=true\nTryExec=sh", "Exec=\"true\" \"a b\"", "Exec=env no-such-program",
           "Exec=no-such-program\nDBusActivatable=true"}) {
         writeFile(user(u"a.desktop"_s), head + keys);
-        EXPECT_EQ(applications().list().size(), 2U) << keys;
+        EXPECT_EQ(testing::everythingIn(applications()).size(), 2U) << keys;
     }
     EXPECT_TRUE(log.lines().isEmpty());
 }
@@ -163,7 +164,7 @@ TEST_F(DesktopEntryApplicationsTest, LeavesBrokenEntriesOutAndSaysSoOnce) {
 
     const DesktopEntryApplications scanner = applications();
     for (int scan = 0; scan < 2; ++scan) {
-        const auto list = scanner.list();
+        const auto list = testing::everythingIn(scanner);
         ASSERT_EQ(list.size(), 1U);
         EXPECT_EQ(list.front().identifier, u"bus"_s);
         EXPECT_EQ(log.lines().size(), brokenEntries);

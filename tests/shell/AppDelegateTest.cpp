@@ -150,6 +150,20 @@ TEST_F(AppDelegateTest, AScanRefreshesTheResultsOfTheOpenPanel) {
     EXPECT_TRUE(QTest::qWaitFor([this] { return platform.loader.misses == 2; }));
 }
 
+TEST_F(AppDelegateTest, AScanGivesWayToTheUserAndToTheNextScan) {
+    platform.applications.names = QStringList{QStringLiteral("Zebra")};
+    platform.applications.isEndless = true;
+    start();
+    pressHotKey();
+    EXPECT_TRUE(delegate.isPanelVisible());
+    EXPECT_EQ(delegate.engine().targets().size(), 38U);
+    delegate.dismissPanel();
+    now += 5;
+    platform.applications.isEndless = false;
+    pressHotKey();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return delegate.engine().targets().size() == 39; }));
+}
+
 TEST_F(AppDelegateTest, OnlyAPickThatWasNotOnTopTeaches) {
     platform.applications.names =
         QStringList{QStringLiteral("Chess"), QStringLiteral("Chest"), QStringLiteral("Checkers")};
@@ -219,7 +233,8 @@ TEST_F(AppDelegateTest, RecordingTheRefusedHotKeyAgainRegistersItOnceItIsFree) {
         platform.capture.press({40, 0x1000});
     };
     recordAgain();
-    EXPECT_EQ(delegate.hotKeyActivity().active(), HotKeyBinding::defaultBinding()) << "still at work";
+    EXPECT_EQ(delegate.hotKeyActivity().active(), HotKeyBinding::defaultBinding())
+        << "still at work";
     platform.hotKeys.refused.clear();
     recordAgain();
     EXPECT_EQ(delegate.hotKeyActivity().active(), settings.hotKeyBinding());

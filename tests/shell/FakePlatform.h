@@ -2,6 +2,7 @@
 
 #include "catalogue/FakeBundleReader.h"
 #include "catalogue/FakeSettingsPanels.h"
+#include "catalogue/Listings.h"
 #include "platform/Platform.h"
 #include "support/FakeHotKeys.h"
 #include "support/FakeLook.h"
@@ -15,7 +16,7 @@ namespace quorvantel::testing {
 /// Applications that the test names; counts the scans.
 class FakeApplications : public platform::InstalledApplications {
 public:
-    std::vector<platform::InstalledApplication> list() const override {
+    std::unique_ptr<Listing> list() const override {
         ++scans;
         std::vector<platform::InstalledApplication> applications;
         for (const QString& name : names) {
@@ -26,10 +27,11 @@ public:
             application.name = name;
             application.icon = platform::Image::iconTheme(QStringLiteral("missing"));
         }
-        return applications;
+        return std::make_unique<FakeListing>(std::move(applications), isEndless);
     }
 
     QStringList names;
+    bool isEndless = false;
     mutable int scans = 0;
 };
 

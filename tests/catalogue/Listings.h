@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/InstalledApplications.h"
+
+#include <utility>
+
+namespace quorvantel::testing {
+
+/// Hands out the applications that the test names, one at a time; an endless one, none for ever.
+class FakeListing : public platform::InstalledApplications::Listing {
+public:
+    explicit FakeListing(std::vector<platform::InstalledApplication> applications,
+                         bool isEndless = false)
+        : m_applications(std::move(applications)), m_isEndless(isEndless) {}
+
+    std::optional<std::vector<platform::InstalledApplication>> next() override {
+        if (m_isEndless) {
+            return std::vector<platform::InstalledApplication>();
+        }
+        if (m_next == m_applications.size()) {
+            return std::nullopt;
+        }
+        return std::vector{m_applications[m_next++]};
+    }
+
+private:
+    std::vector<platform::InstalledApplication> m_applications;
+    bool m_isEndless;
+    std::size_t m_next = 0;
+};
+
+/// All of a listing.
+inline std::vector<platform::InstalledApplication>
+everythingIn(const platform::InstalledApplications& installed) {
+    std::vector<platform::InstalledApplication> all;
+    const auto listing = installed.list();
+    while (const auto applications = listing->next()) {
+        all.insert(all.end(), applications->begin(), applications->end());
+    }
+    return all;
+}
+
+} // namespace quorvantel::testing
