@@ -11,6 +11,12 @@ namespace quorvantel::help {
 
 namespace {
 
+void bringToFront(QWindow& window) {
+    window.setWindowStates(window.windowStates() & ~Qt::WindowMinimized);
+    window.raise();
+    window.requestActivate();
+}
+
 HelpWindow::Content load(const QString& manifestName, const HelpBundle& bundle) {
     try {
         return loadHelpContent(manifestName, bundle);
@@ -28,8 +34,7 @@ HelpMenu::HelpMenu(HelpBundle bundle, QString manifestName, const HelpStyle& sty
       m_bundle(std::move(bundle)),
       m_manifestName(std::move(manifestName)),
       m_style(style),
-      m_activate(activate ? std::move(activate)
-                          : [](QWindow& window) { window.requestActivate(); }) {}
+      m_activate(activate ? std::move(activate) : bringToFront) {}
 
 HelpMenu::~HelpMenu() = default;
 
@@ -37,9 +42,7 @@ void HelpMenu::showHelp() {
     if (!m_window) {
         m_window = std::make_unique<HelpWindow>(load(m_manifestName, m_bundle), m_bundle, m_style);
     }
-    m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
     m_window->show();
-    m_window->raise();
     m_activate(*m_window->windowHandle());
 }
 

@@ -26,7 +26,7 @@ class HelpMenu : public QObject {
     Q_OBJECT
 
 public:
-    /// Brings a shown window to the front and gives it the keyboard.
+    /// Brings a shown window, which may be minimised, to the front and gives it the keyboard.
     using Activate = std::function<void(QWindow&)>;
 
     /// `manifestName` is the manifest's file name in the bundle without its extension "json".

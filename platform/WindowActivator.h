@@ -11,9 +11,10 @@ class WindowActivator {
 public:
     virtual ~WindowActivator() = default;
 
-    /// Brings a shown window to the front on the virtual desktop that the user is on and gives it
-    /// the keyboard, on behalf of the user's last key press or click in the launcher, so that the
-    /// desktop does not take it for a window that steals the focus.
+    /// Brings a shown window, which may be minimised, to the front on the virtual desktop that the
+    /// user is on and gives it the keyboard, on behalf of the user's last key press or click in the
+    /// launcher, so that the desktop does not take it for a window that steals the focus. The user
+    /// is never taken to another virtual desktop.
     virtual void activate(QWindow& window) = 0;
 
     /// What the desktop adds around a window, such as its title bar, in points; of a window that is

@@ -41,9 +41,7 @@ void SettingsWindowController::show(LearnedAbbreviationStore& learned) {
         buildWindow(learned);
     }
     place();
-    m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
     m_window->show();
-    m_window->raise();
     m_services.windowActivator.activate(*m_window->windowHandle());
 }
 

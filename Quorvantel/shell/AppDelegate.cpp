@@ -238,7 +238,6 @@ void AppDelegate::answer(platform::ApplicationRequest request) {
     case platform::ApplicationRequest::ShowHelp:
         dismissPanel();
         showHelp();
-        m_platform.windowActivator().activate(*m_helpMenu.window()->windowHandle());
         return;
     case platform::ApplicationRequest::ToggleStartAtLogin:
         m_platform.loginItem().setEnabled(!m_platform.loginItem().isEnabled());

@@ -45,7 +45,11 @@ X11WindowActivator::X11WindowActivator(const X11Display& display, const X11UserT
 
 void X11WindowActivator::activate(QWindow& window) {
     const auto id = static_cast<xcb_window_t>(window.winId());
+    // Before all else: a window on another desktop counts as minimised under some window managers,
+    // which take the user to the desktop of a window that is to be restored.
     moveToCurrentDesktop(id);
+    window.setWindowStates(window.windowStates() & ~Qt::WindowMinimized);
+    window.raise();
     requestActivation(id);
     xcb_flush(m_display.connection);
 }
