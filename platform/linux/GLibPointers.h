@@ -36,9 +36,10 @@ struct GErrorDeleter {
 using GErrorPointer = std::unique_ptr<GError, GErrorDeleter>;
 
 struct GKeyFileDeleter {
-    void operator()(GKeyFile* file) const { g_key_file_free(file); }
+    void operator()(GKeyFile* file) const { g_key_file_unref(file); }
 };
 
+/// Holds one reference to a key file.
 using GKeyFilePointer = std::unique_ptr<GKeyFile, GKeyFileDeleter>;
 
 struct GDirDeleter {

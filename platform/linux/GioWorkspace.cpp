@@ -109,6 +109,28 @@ bool isActivatable(GDesktopAppInfo* entry, const QString& path) {
            g_dbus_is_unique_name(name.constData()) == FALSE;
 }
 
+/// Reads an entry for GIO; null when it is of no use. `isBusThere` tells whether it can be
+/// activated.
+GObjectPointer<GDesktopAppInfo> readEntry(const QString& path, bool isBusThere) {
+    // GIO would wait for the writer of a FIFO.
+    if (!QFileInfo(path).isFile()) {
+        return nullptr;
+    }
+    const QByteArray file = QFile::encodeName(path);
+    GObjectPointer<GDesktopAppInfo> entry(g_desktop_app_info_new_from_filename(file.constData()));
+    const GKeyFilePointer keys(g_key_file_new());
+    if (entry || !isBusThere ||
+        !g_key_file_load_from_file(keys.get(), file.constData(), G_KEY_FILE_NONE, nullptr) ||
+        !g_key_file_get_boolean(keys.get(), G_KEY_FILE_DESKTOP_GROUP,
+                                G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE, nullptr)) {
+        return entry;
+    }
+    // GIO refuses an entry whose program is missing, also where a message takes its place.
+    g_key_file_remove_key(keys.get(), G_KEY_FILE_DESKTOP_GROUP, G_KEY_FILE_DESKTOP_KEY_EXEC,
+                          nullptr);
+    return GObjectPointer<GDesktopAppInfo>(g_desktop_app_info_new_from_keyfile(keys.get()));
+}
+
 bool announcesStart(GDesktopAppInfo* entry, bool unlessDenied) {
     constexpr const char* key = G_KEY_FILE_DESKTOP_KEY_STARTUP_NOTIFY;
     return g_desktop_app_info_get_boolean(entry, key) != FALSE ||
@@ -220,11 +242,8 @@ void GioWorkspace::openPanel(QStringList entries) {
 }
 
 void GioWorkspace::openEntry(const QString& path, StartupNotice notice, Completion completion) {
-    // GIO would wait for the writer of a FIFO.
-    const GObjectPointer<GDesktopAppInfo> entry(
-        QFileInfo(path).isFile()
-            ? g_desktop_app_info_new_from_filename(QFile::encodeName(path).constData())
-            : nullptr);
+    GDBusConnection* const bus = m_bus.get();
+    const auto entry = readEntry(path, bus != nullptr);
     if (!entry) {
         LaunchReport(m_alive, std::move(completion), nullptr, {}).fail(entryProblem(path));
         return;
@@ -233,7 +252,6 @@ void GioWorkspace::openEntry(const QString& path, StartupNotice notice, Completi
     const QByteArray startupId =
         isAnnounced ? announce(m_notifier, entry.get(), path) : QByteArray();
     LaunchReport report(m_alive, std::move(completion), m_notifier, startupId);
-    GDBusConnection* const bus = m_bus.get();
     if (bus != nullptr && isActivatable(entry.get(), path)) {
         activate(bus, path, startupId, std::move(report));
     } else {

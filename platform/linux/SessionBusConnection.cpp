@@ -2,6 +2,7 @@
 
 #include "platform/linux/GLibPointers.h"
 
+#include <QByteArray>
 #include <QString>
 
 namespace quorvantel::platform {
@@ -29,8 +30,7 @@ struct SessionBusConnection::State {
     GObjectPointer<GCancellable> cancellable{g_cancellable_new()};
 };
 
-SessionBusConnection::SessionBusConnection()
-    : m_address(sessionBusAddress()), m_state(std::make_shared<State>()) {
+SessionBusConnection::SessionBusConnection() : m_state(std::make_shared<State>()) {
     connect();
 }
 
@@ -49,7 +49,9 @@ GDBusConnection* SessionBusConnection::get() {
 }
 
 void SessionBusConnection::connect() {
-    if (m_address.isEmpty() || m_state->isConnecting) {
+    // Read anew each time: a bus that was silent at the start is hidden until that is over.
+    const QByteArray address = sessionBusAddress();
+    if (address.isEmpty() || m_state->isConnecting) {
         return;
     }
     m_state->isConnecting = true;
@@ -63,7 +65,7 @@ void SessionBusConnection::connect() {
         }
     };
     g_dbus_connection_new_for_address(
-        m_address.constData(),
+        address.constData(),
         static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                           G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
         nullptr, m_state->cancellable.get(), connected, new std::weak_ptr<State>(m_state));

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QByteArray>
-
 #include <gio/gio.h>
 
 #include <memory>
@@ -11,8 +9,8 @@ namespace quorvantel::platform {
 /// A connection to the D-Bus session bus that nobody ever waits for.
 ///
 /// It is made in the background, beginning with the object; a bus that accepts a client and then
-/// says nothing delays nobody. The bus may end at any time without ending this process. Its replies
-/// arrive in the GLib main context.
+/// says nothing delays nobody. The bus may begin and end at any time without ending this process.
+/// Its replies arrive in the GLib main context.
 class SessionBusConnection {
 public:
     SessionBusConnection();
@@ -29,7 +27,6 @@ private:
 
     void connect();
 
-    QByteArray m_address;
     std::shared_ptr<State> m_state;
 };
 
