@@ -44,24 +44,6 @@ QStringList AccessibleObject::states() const {
     return states;
 }
 
-QString AccessibleObject::text() const {
-    const GObjectPointer<AtspiText> text(atspi_accessible_get_text_iface(m_object.get()),
-                                         &g_object_unref);
-    return text ? takeString(atspi_text_get_text(
-                      text.get(), 0, atspi_text_get_character_count(text.get(), nullptr), nullptr))
-                : QString();
-}
-
-QRect AccessibleObject::extents() const {
-    const GObjectPointer<AtspiComponent> component(
-        atspi_accessible_get_component_iface(m_object.get()), &g_object_unref);
-    const std::unique_ptr<AtspiRect, decltype(&g_free)> extents(
-        component ? atspi_component_get_extents(component.get(), ATSPI_COORD_TYPE_SCREEN, nullptr)
-                  : nullptr,
-        &g_free);
-    return extents ? QRect(extents->x, extents->y, extents->width, extents->height) : QRect();
-}
-
 int AccessibleObject::childCount() const {
     return atspi_accessible_get_child_count(m_object.get(), nullptr);
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QRect>
 #include <QString>
 #include <QStringList>
 
@@ -26,12 +25,6 @@ public:
     /// As AT-SPI names them, such as "selected", in its order.
     QStringList states() const;
     bool has(const char* state) const { return states().contains(QLatin1String(state)); }
-
-    /// The text that the user can read in it; empty when it is none that holds text.
-    QString text() const;
-
-    /// Where it is, in pixels from the top-left corner of the screen.
-    QRect extents() const;
 
     int childCount() const;
     std::optional<AccessibleObject> child(int index) const;

@@ -28,6 +28,16 @@ TEST_P(SignalTest, EndsTheShownLauncherInOrder) {
     EXPECT_TRUE(ForeignHotKey(session.display(), XK_space, altAndSuper).isHeld());
 }
 
+TEST(TerminationTest, AHotKeyHeldElsewhereIsLoggedAndTheLauncherStays) {
+    LauncherSession session;
+    const ForeignHotKey other(session.display(), XK_space, altAndSuper);
+    session.start("Quorvantel: hotkey registration failed: "
+                  "RegisterEventHotKey failed with OSStatus 10.");
+    EXPECT_EQ(session.output().count("registration failed"), 1);
+    const auto exit = session.terminate();
+    EXPECT_TRUE(exit && !exit->crashed && exit->status == 0);
+}
+
 TEST(TerminationTest, NoTerminalStopsTheLauncherThatTheKeyboardWaitsFor) {
     LauncherSession session;
     session.start();

@@ -9,6 +9,7 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextBlock>
+#include <QToolButton>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -236,6 +237,26 @@ TEST_F(HelpWindowTest, ArrowsInTheSearchFieldMoveFromTopicToTopic) {
     EXPECT_FALSE(window()->isVisible());
 }
 
+TEST_F(HelpWindowTest, KeysLeadFromTheSearchToALinkAndButtonsBackAndForward) {
+    const auto click = [this](const QString& name) {
+        const auto buttons = window()->findChildren<QToolButton*>();
+        const auto button = std::ranges::find(buttons, name, &QWidget::accessibleName);
+        QTest::mouseClick(*button, Qt::LeftButton);
+        return topic();
+    };
+    QTest::keyClicks(&field(), u"yellow"_s);
+    press(Qt::Key_Return);
+    press(Qt::Key_Tab);
+    press(Qt::Key_Return);
+    EXPECT_EQ(topic(), "Apples");
+    EXPECT_EQ(click(u"Back"_s), "Pears");
+    EXPECT_EQ(click(u"Forward"_s), "Apples");
+    EXPECT_EQ(click(u"Back"_s), "Pears");
+    EXPECT_FALSE(field().hasFocus());
+    press(Qt::Key_F, Qt::ControlModifier);
+    EXPECT_TRUE(field().hasFocus());
+}
+
 TEST_F(HelpWindowTest, TextGrowsAndShrinksAndFollowsTheSystem) {
     const auto size = [this] {
         return view().document()->lastBlock().begin().fragment().charFormat().font().pointSizeF();
@@ -306,6 +327,7 @@ TEST_F(HelpWindowTest, ReadersMeetAFrameAndNamesForAllThatIsInIt) {
     EXPECT_EQ(accessible(*window())->role(), QAccessible::Window);
     EXPECT_EQ(nameless(*accessible(*window())).join(u' ').toStdString(), "");
 
+    EXPECT_EQ(accessible(view())->textInterface()->text(0, 6), u"Apples"_s);
     QAccessibleInterface& page = *accessible(*view().viewport());
     EXPECT_EQ(page.childCount(), 0);
     click(u"Pears"_s);
