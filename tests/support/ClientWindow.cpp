@@ -7,12 +7,29 @@
 #include <stdexcept>
 
 namespace quorvantel::testing {
+namespace {
+
+/// The time of the server's last change to the window, which is that of a change of nothing.
+xcb_timestamp_t serverTime(const XConnection& connection, xcb_window_t window) {
+    xcb_change_property(connection.get(), XCB_PROP_MODE_APPEND, window, XCB_ATOM_WM_NAME,
+                        XCB_ATOM_STRING, 8, 0, nullptr);
+    connection.synchronize();
+    xcb_timestamp_t time = XCB_CURRENT_TIME;
+    while (const XReply<xcb_generic_event_t> event{xcb_poll_for_event(connection.get())}) {
+        if (event->response_type == XCB_PROPERTY_NOTIFY) {
+            time = reinterpret_cast<const xcb_property_notify_event_t*>(event.get())->time;
+        }
+    }
+    return time;
+}
+
+} // namespace
 
 ClientWindow::ClientWindow(const QByteArray& display, const QRect& geometry)
     : m_connection(display), m_map(m_connection), m_window(xcb_generate_id(m_connection.get())) {
     const std::array<std::uint32_t, 2> values{
         m_connection.screen().white_pixel,
-        XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_BUTTON_PRESS,
+        XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_PROPERTY_CHANGE,
     };
     xcb_create_window(
         m_connection.get(), XCB_COPY_FROM_PARENT, m_window, m_connection.root(),
@@ -29,11 +46,13 @@ ClientWindow::ClientWindow(const QByteArray& display, const QRect& geometry)
     xcb_map_window(m_connection.get(), m_window);
 
     // A window manager that is just starting neither activates the windows that it finds nor
-    // listens to the first request.
+    // listens to the first request. One that it still has to read when the window is active must
+    // not count as later than what the user does next.
     const XDesktop desktop(m_connection);
     if (!waitUntil([&] {
             constexpr std::uint32_t fromPager = 2;
-            m_connection.request(m_window, "_NET_ACTIVE_WINDOW", {fromPager});
+            m_connection.request(m_window, "_NET_ACTIVE_WINDOW",
+                                 {fromPager, serverTime(m_connection, m_window)});
             return desktop.activeWindow() == m_window && desktop.inputFocus() == m_window;
         })) {
         throw std::runtime_error("the window manager does not activate the client's window");
