@@ -4,12 +4,14 @@
 
 #include <poll.h>
 #include <sys/socket.h>
+#include <sys/time.h>
 #include <sys/un.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <optional>
 #include <string_view>
@@ -17,6 +19,8 @@
 namespace quorvantel::platform {
 
 namespace {
+
+using Clock = std::chrono::steady_clock;
 
 /// Undoes the escapes of an address, "%" with two hexadecimal digits.
 std::string unescaped(std::string_view value) {
@@ -51,18 +55,20 @@ std::optional<std::string> socketName(std::string_view address) {
     return name ? std::optional('\0' + *name) : std::nullopt;
 }
 
-FileDescriptor connectedTo(const std::string& name) {
-    FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+/// Connects within `patience`; what keeps it from that is in errno.
+bool connectTo(const std::string& name, const FileDescriptor& socket,
+               std::chrono::milliseconds patience) {
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
     if (name.size() >= sizeof address.sun_path) {
-        return FileDescriptor();
+        errno = ENAMETOOLONG;
+        return false;
     }
     name.copy(address.sun_path, name.size());
     const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + name.size());
-    const bool isConnected =
-        ::connect(socket.get(), reinterpret_cast<const sockaddr*>(&address), length) == 0;
-    return isConnected ? std::move(socket) : FileDescriptor();
+    const timeval limit{.tv_sec = 0, .tv_usec = std::chrono::microseconds(patience).count()};
+    ::setsockopt(socket.get(), SOL_SOCKET, SO_SNDTIMEO, &limit, sizeof limit);
+    return ::connect(socket.get(), reinterpret_cast<const sockaddr*>(&address), length) == 0;
 }
 
 } // namespace
@@ -76,16 +82,25 @@ std::string sessionBusAddress() {
 }
 
 bool isBusSilent(const std::string& address, std::chrono::milliseconds patience) {
+    const Clock::time_point deadline = Clock::now() + patience;
     const auto name = socketName(address);
-    const FileDescriptor socket = name ? connectedTo(*name) : FileDescriptor();
-    // Asks for the mechanisms of authentication, which needs no identity.
-    constexpr std::string_view question("\0AUTH\r\n", 7);
-    if (!socket.isOpen() ||
-        ::send(socket.get(), question.data(), question.size(), MSG_NOSIGNAL) < 0) {
+    if (!name) {
         return false;
     }
+    const FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    if (!connectTo(*name, socket, patience)) {
+        // So many wait for the bus that its queue is full.
+        return errno == EAGAIN;
+    }
+    // Asks for the mechanisms of authentication, which needs no identity.
+    constexpr std::string_view question("\0AUTH\r\n", 7);
+    if (::send(socket.get(), question.data(), question.size(), MSG_NOSIGNAL) < 0) {
+        return false;
+    }
+    const auto left =
+        std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now());
     pollfd waiting{socket.get(), POLLIN, 0};
-    return ::poll(&waiting, 1, static_cast<int>(patience.count())) == 0;
+    return ::poll(&waiting, 1, static_cast<int>(std::max(left.count(), std::int64_t{0}))) == 0;
 }
 
 } // namespace quorvantel::platform

@@ -9,8 +9,9 @@ namespace quorvantel::platform {
 /// without it, the bus of the user in `$XDG_RUNTIME_DIR`.
 std::string sessionBusAddress();
 
-/// Whether a bus accepts connections and then says nothing for as long as `patience`. The libraries
-/// for D-Bus would wait for it without end.
+/// Whether a bus keeps its clients waiting, for the connection or for the first word, for as long
+/// as `patience`, which is under a second and not zero. The libraries for D-Bus would wait without
+/// end.
 ///
 /// Only of sockets on this machine can that be told; false for others, and where there is no bus.
 bool isBusSilent(const std::string& address, std::chrono::milliseconds patience);
