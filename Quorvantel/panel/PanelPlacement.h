@@ -35,7 +35,6 @@ public:
 
     /// Where the user dragged the panel's top-left corner to during this run.
     const std::optional<QPointF>& sessionDraggedTopLeft() const { return m_sessionDraggedTopLeft; }
-    QPointF anchorTopLeft() const { return m_anchorTopLeft; }
 
 private:
     QRectF frameForHeight(double height, const platform::Screen& target) const;
