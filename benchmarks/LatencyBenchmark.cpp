@@ -1,7 +1,6 @@
 #include "e2e/LauncherSession.h"
 #include "support/ChildProcess.h"
 #include "support/Keyboard.h"
-#include "support/ReadyPipe.h"
 #include "support/WaitUntil.h"
 
 #include <QApplication>

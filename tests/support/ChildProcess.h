@@ -1,10 +1,6 @@
 #pragma once
 
-#include <QProcessEnvironment>
-#include <QString>
-#include <QStringList>
-
-#include <sys/types.h>
+#include <QProcess>
 
 #include <chrono>
 #include <csignal>
@@ -22,10 +18,10 @@ public:
         QString program; ///< Looked up in PATH when it holds no slash.
         QStringList arguments = {};
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        /// Receives standard output and standard error; discarded when empty.
-        QString outputPath = {};
-        /// One descriptor of the test that the program inherits under the same number, or -1.
-        int inheritedDescriptor = -1;
+        /// Receives standard output and standard error.
+        QString outputPath = QProcess::nullDevice();
+        /// Whether standard output is for `readLine` instead.
+        bool announcesItself = false;
         /// What the program gets when the test process dies first.
         int deathSignal = SIGKILL;
     };
@@ -36,8 +32,7 @@ public:
         bool crashed; ///< Ended by a signal.
     };
 
-    /// Starts the program. Throws std::system_error when there is no process to be had; a program
-    /// that cannot be executed exits with status 127.
+    /// Starts the program. Throws std::runtime_error when it cannot be executed.
     explicit ChildProcess(const Launch& launch);
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
@@ -45,18 +40,19 @@ public:
     /// Asks the program to end (SIGTERM), and makes it when it has not after five seconds.
     ~ChildProcess();
 
-    pid_t pid() const { return m_pid; }
+    qint64 pid() const { return m_process.processId(); }
     bool isRunning();
     void signal(int number);
+
+    /// The line, without its end, with which a program announces itself on standard output, as with
+    /// "-displayfd 1" and "--print-address". Throws std::runtime_error when none comes in time.
+    QByteArray readLine();
 
     /// How the program ended; absent while it still runs after `timeout`.
     std::optional<Exit> waitForExit(std::chrono::milliseconds timeout);
 
 private:
-    void reap();
-
-    pid_t m_pid = -1;
-    std::optional<Exit> m_exit;
+    QProcess m_process;
 };
 
 } // namespace quorvantel::testing

@@ -3,12 +3,13 @@
 namespace quorvantel::testing {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 QProcessEnvironment serviceEnvironment() {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     // Services of the desktop abort without their settings' schemas, which they would look for in
     // the test's own XDG_DATA_DIRS.
-    environment.insert(QStringLiteral("GSETTINGS_SCHEMA_DIR"),
-                       QStringLiteral("/usr/share/glib-2.0/schemas"));
+    environment.insert(u"GSETTINGS_SCHEMA_DIR"_s, u"/usr/share/glib-2.0/schemas"_s);
     return environment;
 }
 
@@ -16,14 +17,12 @@ QProcessEnvironment serviceEnvironment() {
 
 SessionBus::SessionBus(const QString& directory)
     : m_process({
-          .program = QStringLiteral("dbus-daemon"),
-          .arguments = {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                        QStringLiteral("--nopidfile"),
-                        QStringLiteral("--address=unix:dir=%1").arg(directory),
-                        QStringLiteral("--print-address=%1").arg(m_ready.writeEnd())},
+          .program = u"dbus-daemon"_s,
+          .arguments = {u"--session"_s, u"--nofork"_s, u"--nopidfile"_s, u"--print-address"_s,
+                        u"--address=unix:dir="_s + directory},
           .environment = serviceEnvironment(),
-          .inheritedDescriptor = m_ready.writeEnd(),
+          .announcesItself = true,
       }),
-      m_address(QString::fromLocal8Bit(m_ready.readLine("dbus-daemon"))) {}
+      m_address(QString::fromLocal8Bit(m_process.readLine())) {}
 
 } // namespace quorvantel::testing

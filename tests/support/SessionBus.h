@@ -1,7 +1,6 @@
 #pragma once
 
 #include "support/ChildProcess.h"
-#include "support/ReadyPipe.h"
 
 #include <QString>
 
@@ -21,7 +20,6 @@ public:
     void signal(int number) { m_process.signal(number); }
 
 private:
-    ReadyPipe m_ready;
     ChildProcess m_process;
     QString m_address;
 };

@@ -1,27 +1,19 @@
 #include "support/XServer.h"
 
 namespace quorvantel::testing {
-namespace {
 
-ChildProcess::Launch serverLaunch(QSize pixels, int displayDescriptor) {
-    ChildProcess::Launch launch{
-        .program = QStringLiteral("Xvfb"),
-        .arguments = {QStringLiteral("-displayfd"), QString::number(displayDescriptor),
-                      QStringLiteral("-screen"), QStringLiteral("0"),
-                      QStringLiteral("%1x%2x24").arg(pixels.width()).arg(pixels.height()),
-                      QStringLiteral("-dpi"), QStringLiteral("96"), QStringLiteral("-noreset"),
-                      QStringLiteral("-nolisten"), QStringLiteral("tcp")},
-        .inheritedDescriptor = displayDescriptor,
-    };
-    // Given the chance, the server removes its lock file and its socket.
-    launch.deathSignal = SIGTERM;
-    return launch;
-}
-
-} // namespace
+using namespace Qt::StringLiterals;
 
 XServer::XServer(QSize pixels)
-    : m_process(serverLaunch(pixels, m_ready.writeEnd())),
-      m_display(":" + m_ready.readLine("Xvfb")) {}
+    : m_process({
+          .program = u"Xvfb"_s,
+          .arguments = {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s,
+                        u"%1x%2x24"_s.arg(pixels.width()).arg(pixels.height()), u"-dpi"_s, u"96"_s,
+                        u"-noreset"_s, u"-nolisten"_s, u"tcp"_s},
+          .announcesItself = true,
+          // Given the chance, the server removes its lock file and its socket.
+          .deathSignal = SIGTERM,
+      }),
+      m_display(":" + m_process.readLine()) {}
 
 } // namespace quorvantel::testing

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "support/ChildProcess.h"
-#include "support/ReadyPipe.h"
 
 #include <QByteArray>
 #include <QSize>
@@ -22,7 +21,6 @@ public:
     void kill() { m_process.signal(SIGKILL); }
 
 private:
-    ReadyPipe m_ready;
     ChildProcess m_process;
     QByteArray m_display;
 };
