@@ -2,12 +2,11 @@
 
 #include "support/ForeignHotKey.h"
 #include "support/Keyboard.h"
-#include "support/WaitUntil.h"
+#include "support/UnmanagedWindow.h"
 #include "support/XDesktop.h"
 
 #include <QProcess>
 #include <QTest>
-#include <QWindow>
 
 #include <X11/keysym.h>
 #include <gtest/gtest.h>
@@ -117,15 +116,6 @@ TEST_F(X11HotKeysTest, ACombinationThatAnotherClientHoldsIsRefusedWhole) {
     EXPECT_EQ(std::get<HotKeyStatus>(result), XCB_VALUE);
 }
 
-TEST_F(X11HotKeysTest, FreesTheCombinationWithItsRegistration) {
-    {
-        const auto registration = registerKey(space, HotKeyModifier::control);
-        EXPECT_FALSE(ForeignHotKey(qgetenv("DISPLAY"), XK_space, XCB_MOD_MASK_CONTROL).isHeld());
-    }
-    EXPECT_TRUE(waitUntil(
-        [] { return ForeignHotKey(qgetenv("DISPLAY"), XK_space, XCB_MOD_MASK_CONTROL).isHeld(); }));
-}
-
 TEST_F(X11HotKeysTest, StaysAtThePhysicalPositionWhateverTheLayout) {
     // The key of virtual code 6 bears "z" on a US keyboard and "y" on a German one.
     const auto registration = registerKey(6, HotKeyModifier::control);
@@ -161,11 +151,7 @@ TEST_F(X11HotKeysTest, TellsThatAnotherKeyboardTakesACombinationAwayOrGivesItBac
 
 TEST_F(X11HotKeysTest, IsReportedWhileAWindowOfTheLaunchersHoldsTheKeyboard) {
     const auto registration = registerKey(space, HotKeyModifier::control);
-    QWindow window;
-    window.setFlags(Qt::Tool | Qt::BypassWindowManagerHint);
-    window.setGeometry(0, 0, 100, 100);
-    window.show();
-    ASSERT_TRUE(waitUntil([&] { return window.isExposed(); }));
+    testing::UnmanagedWindow window(QRect(0, 0, 100, 100));
     ASSERT_TRUE(window.setKeyboardGrabEnabled(true));
     EXPECT_TRUE(reports({XK_Control_L, XK_space}));
     // The window takes the key with it: the hotkey is pressed while it is there and let go after.

@@ -3,11 +3,10 @@
 #include "platform/linux/x11/X11HotKeys.h"
 #include "platform/linux/x11/X11PanelHost.h"
 #include "support/Keyboard.h"
-#include "support/WaitUntil.h"
+#include "support/UnmanagedWindow.h"
 #include "support/XDesktop.h"
 
 #include <QCoreApplication>
-#include <QWindow>
 
 #include <X11/keysym.h>
 #include <gtest/gtest.h>
@@ -25,6 +24,7 @@ namespace {
 using namespace std::chrono_literals;
 using testing::Keyboard;
 using testing::patience;
+using testing::UnmanagedWindow;
 using testing::waitUntil;
 using testing::XConnection;
 using testing::XDesktop;
@@ -83,27 +83,6 @@ private:
     xcb_window_t m_window = xcb_generate_id(m_connection.get());
 };
 
-class PanelWindow : public QWindow {
-public:
-    PanelWindow() {
-        setFlags(Qt::Tool | Qt::BypassWindowManagerHint);
-        setGeometry(200, 0, 100, 100);
-        show();
-        waitUntil([this] { return isExposed(); });
-    }
-
-    std::function<void()> onKey;
-    int presses = 0;
-
-protected:
-    void keyPressEvent(QKeyEvent* /*event*/) override {
-        ++presses;
-        if (onKey) {
-            std::exchange(onKey, nullptr)();
-        }
-    }
-};
-
 TEST(X11KeyboardGuardTest, NoKeyWaitsForAMainThreadThatIsAway) {
     const X11Display display = X11Display::current().value();
     const XConnection connection;
@@ -112,7 +91,7 @@ TEST(X11KeyboardGuardTest, NoKeyWaitsForAMainThreadThatIsAway) {
     X11PanelHost host(display);
     X11HotKeys hotKeys(display, rawEvents, [&] { return host.decidesAboutTyping(); });
     const X11KeyboardGuard guard(display, [&] { host.reclaimKeyboard(); });
-    PanelWindow panel;
+    UnmanagedWindow panel(QRect(200, 0, 100, 100));
     TypedInto application;
     std::future<std::optional<std::chrono::milliseconds>> delay;
     const auto type = [&](const std::vector<xcb_keysym_t>& chord) {

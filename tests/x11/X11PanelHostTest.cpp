@@ -2,10 +2,8 @@
 
 #include "support/ForeignGrab.h"
 #include "support/Keyboard.h"
-#include "support/WaitUntil.h"
+#include "support/UnmanagedWindow.h"
 #include "support/XDesktop.h"
-
-#include <QWindow>
 
 #include <X11/keysym.h>
 #include <gtest/gtest.h>
@@ -17,25 +15,10 @@ namespace {
 
 using testing::ForeignGrab;
 using testing::Keyboard;
+using testing::UnmanagedWindow;
 using testing::waitUntil;
 using testing::XConnection;
 using testing::XDesktop;
-
-/// An unmanaged window that counts the keys pressed in it.
-class KeyWindow : public QWindow {
-public:
-    explicit KeyWindow(const QRect& place) {
-        setFlags(Qt::Tool | Qt::BypassWindowManagerHint);
-        setGeometry(place);
-        show();
-        waitUntil([this] { return isExposed(); });
-    }
-
-    int presses = 0;
-
-protected:
-    void keyPressEvent(QKeyEvent* /*event*/) override { ++presses; }
-};
 
 class X11PanelHostTest : public ::testing::Test {
 protected:
@@ -51,7 +34,7 @@ protected:
         return desktop.inputFocus() == static_cast<xcb_window_t>(window.winId());
     }
 
-    void expectTypingReaches(const KeyWindow& window) {
+    void expectTypingReaches(const UnmanagedWindow& window) {
         const int before = window.presses;
         keyboard.press({XK_a});
         EXPECT_TRUE(waitUntil([&] { return window.presses == before + 1; }));
@@ -62,8 +45,8 @@ protected:
     Keyboard keyboard{connection};
     X11Display display = X11Display::current().value();
     X11PanelHost host{display};
-    KeyWindow client{QRect(0, 0, 100, 100)};
-    KeyWindow panel{QRect(200, 0, 100, 100)};
+    UnmanagedWindow client{QRect(0, 0, 100, 100)};
+    UnmanagedWindow panel{QRect(200, 0, 100, 100)};
 };
 
 TEST_F(X11PanelHostTest, TheGrabIsTriedAgainWhileAnotherClientHoldsTheKeyboard) {
