@@ -131,19 +131,6 @@ TEST_F(LaunchTest, APaneOpensInTheSettingsOfTheDesktop) {
                      1.0);
 }
 
-TEST_F(LaunchTest, AClickOnARowLaunchesIt) {
-    session.start();
-    session.summon();
-    session.search("zinc", 2);
-
-    const QPoint middleOfSecondRow(320, 56 + 1 + 6 + 48 + 2 + 24);
-    session.pointer().click(session.panel()->topLeft() + middleOfSecondRow);
-
-    EXPECT_THAT(session.waitForRuns(zealionArc, 1), SizeIs(1));
-    EXPECT_TRUE(session.waitForDismissal());
-    EXPECT_DOUBLE_EQ(learnedWeight(zinc, zealionArc), 1.0);
-}
-
 TEST_F(LaunchTest, AnApplicationInstalledMeanwhileIsFoundAtALaterShowing) {
     session.start();
     session.summon();

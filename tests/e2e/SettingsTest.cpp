@@ -30,27 +30,16 @@ protected:
 
     void press(const std::vector<xcb_keysym_t>& chord) { session.keyboard().press(chord); }
 
-    void pressInTurn(const std::vector<xcb_keysym_t>& keys) {
-        for (const xcb_keysym_t key : keys) {
-            press({key});
-        }
-    }
-
     bool waitForPanel() {
         return waitUntil([this] { return session.panel().has_value(); });
     }
 
-    /// Whether the panel comes to have this background.
+    /// Whether the panel comes up with this background.
     bool showsPanelIn(QRgb color) {
         session.summon();
-        const bool shows = waitUntil([&] {
-            // Between the edge of the panel and its search field.
-            const QPoint point(session.panel()->center().x(), session.panel()->top() + 5);
-            return session.desktop().screenshot(QRect(point, QSize(1, 1))).pixel(0, 0) == color;
-        });
-        press({XK_Escape});
-        EXPECT_TRUE(session.waitForDismissal());
-        return shows;
+        // Between the edge of the panel and its search field.
+        const QRect point(session.panel()->topLeft() + QPoint(320, 5), QSize(1, 1));
+        return waitUntil([&] { return session.desktop().screenshot(point).pixel(0, 0) == color; });
     }
 
     LauncherSession session;
@@ -169,15 +158,13 @@ TEST_F(SettingsTest, TheyComeInTheMiddleAndGoBackFromTheWholeScreenToTheirSize) 
         << frame().y();
 }
 
-TEST_F(SettingsTest, DarkAndTealRecolourThePanel) {
+TEST_F(SettingsTest, DarkAndTealAreThePanelsForGood) {
     session.start();
-    EXPECT_TRUE(showsPanelIn(qRgb(0xF4, 0xF5, 0xF7)));
     openSettings();
-    pressInTurn({XK_Down, XK_Down, XK_Tab, XK_Left});
-    EXPECT_TRUE(showsPanelIn(qRgb(0x16, 0x17, 0x19)));
-    pressInTurn({XK_Tab, XK_Right});
+    for (const xcb_keysym_t key : {XK_Down, XK_Down, XK_Tab, XK_Left, XK_Tab, XK_Right}) {
+        press({key});
+    }
     EXPECT_TRUE(showsPanelIn(qRgb(0x0F, 0x1C, 0x1A)));
-
     ASSERT_TRUE(session.terminate());
     session.start();
     EXPECT_TRUE(showsPanelIn(qRgb(0x0F, 0x1C, 0x1A)));
