@@ -11,6 +11,7 @@ namespace {
 
 using ::testing::SizeIs;
 using namespace ::quorvantel::testing;
+using namespace Qt::StringLiterals;
 
 /// A text and the keys of each of its letters, as people enter letters that their keyboard has no
 /// key for. AltGr is held for the rest of its letter.
@@ -56,8 +57,8 @@ protected:
     /// Shows the panel to a user of the layout; two applications match the text.
     void summon() {
         const QString& text = GetParam().text;
-        session.addApplication(QStringLiteral("first"), text);
-        session.addApplication(QStringLiteral("second"), text + QStringLiteral(" second"));
+        session.addApplication(u"first"_s, text);
+        session.addApplication(u"second"_s, text + u" second"_s);
         session.setKeyboardLayout(GetParam().layout);
         session.start();
         session.summon();
@@ -69,8 +70,8 @@ protected:
         ASSERT_TRUE(session.waitForPanelHeight(panelHeight(2)));
         session.keyboard().press({XK_Down});
         session.keyboard().press({XK_Return});
-        EXPECT_THAT(session.waitForRuns(QStringLiteral("second"), 1), SizeIs(1));
-        const auto learned = session.waitForDataFile(QStringLiteral("abbreviations.json"));
+        EXPECT_THAT(session.waitForRuns(u"second"_s, 1), SizeIs(1));
+        const auto learned = session.waitForDataFile(u"abbreviations.json"_s);
         ASSERT_TRUE(learned);
         EXPECT_EQ(learned->keys(), QStringList{GetParam().text});
     }
@@ -98,23 +99,20 @@ TEST_P(InputMethodTest, WhatIsTypedWhileTheLauncherIsBusyKeepsItsOrder) {
 
 INSTANTIATE_TEST_SUITE_P(
     With, InputMethodTest,
-    ::testing::Values(Entry{"DeadKeys",
-                            {QStringLiteral("us"), QStringLiteral("intl")},
-                            {{XK_c}, {XK_a}, {XK_f}, {XK_dead_acute, XK_e}, {XK_dead_grave, XK_a}},
-                            QStringLiteral("caféà")},
-                      Entry{"TheComposeKey",
-                            {QStringLiteral("us"), QStringLiteral("-option"),
-                             QStringLiteral("compose:menu")},
-                            {{XK_c}, {XK_Multi_key, XK_o, XK_e}, {XK_u}, {XK_r}},
-                            QStringLiteral("cœur")},
-                      Entry{"AltGr",
-                            {QStringLiteral("us"), QStringLiteral("intl")},
-                            {{XK_f}, {XK_ISO_Level3_Shift, XK_s}, {XK_ISO_Level3_Shift, XK_l}},
-                            QStringLiteral("fßø")},
-                      Entry{"AnotherAlphabet",
-                            {QStringLiteral("gr")},
-                            {{XK_Greek_zeta}, {XK_Greek_eta}},
-                            QStringLiteral("ζη")}),
+    ::testing::Values(
+        Entry{"DeadKeys",
+              {u"us"_s, u"intl"_s},
+              {{XK_c}, {XK_a}, {XK_f}, {XK_dead_acute, XK_e}, {XK_dead_grave, XK_a}},
+              u"caféà"_s},
+        Entry{"TheComposeKey",
+              {u"us"_s, u"-option"_s, u"compose:menu"_s},
+              {{XK_c}, {XK_Multi_key, XK_o, XK_e}, {XK_u}, {XK_r}},
+              u"cœur"_s},
+        Entry{"AltGr",
+              {u"us"_s, u"intl"_s},
+              {{XK_f}, {XK_ISO_Level3_Shift, XK_s}, {XK_ISO_Level3_Shift, XK_l}},
+              u"fßø"_s},
+        Entry{"AnotherAlphabet", {u"gr"_s}, {{XK_Greek_zeta}, {XK_Greek_eta}}, u"ζη"_s}),
     [](const auto& entry) { return entry.param.name; });
 
 } // namespace

@@ -14,6 +14,8 @@
 namespace quorvantel::testing {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 void require(bool condition, const QByteArray& failure) {
     if (!condition) {
         throw std::runtime_error(failure.toStdString());
@@ -39,20 +41,17 @@ LauncherSession::LauncherSession(const QString& windowManager)
       m_pointer(m_connection),
       m_bus(m_home.path()),
       m_windowManager(m_connection, m_server.display(), windowManager, m_bus.address()) {
-    const QString script = homeFile(QStringLiteral("prove"));
+    const QString script = homeFile(u"prove"_s);
     writeProgram(script, proofScript);
-    QDir().mkpath(homeFile(QStringLiteral("proofs")));
+    QDir().mkpath(homeFile(u"proofs"_s));
 }
 
 void LauncherSession::addApplication(const QString& id, const QString& name) {
-    const QString entry = QStringLiteral("[Desktop Entry]\n"
-                                         "Type=Application\n"
-                                         "Name=%1\n"
-                                         "Exec=%2 %3 \"two words\" %U\n")
-                              .arg(name, homeFile(QStringLiteral("prove")), id);
-    writeFile(m_home.dataHome() + QStringLiteral("/applications/") + id +
-                  QStringLiteral(".desktop"),
-              entry.toUtf8());
+    const QString entry = u"[Desktop Entry]\n"
+                          "Type=Application\n"
+                          "Name=%1\n"
+                          "Exec=%2 %3 \"two words\" %U\n"_s.arg(name, homeFile(u"prove"_s), id);
+    writeFile(m_home.dataHome() + u"/applications/"_s + id + u".desktop"_s, entry.toUtf8());
 }
 
 void LauncherSession::storeHotKey(int keyCode, int modifiers) {
@@ -64,14 +63,13 @@ void LauncherSession::storeHotKey(int keyCode, int modifiers) {
 )")
                               .arg(keyCode)
                               .arg(modifiers);
-    writeFile(m_home.configHome() + QStringLiteral("/Quorvantel/defaults.plist"), plist.toUtf8());
+    writeFile(m_home.configHome() + u"/Quorvantel/defaults.plist"_s, plist.toUtf8());
 }
 
 void LauncherSession::setKeyboardLayout(const QStringList& arguments) const {
     ChildProcess process({
-        .program = QStringLiteral("setxkbmap"),
-        .arguments =
-            QStringList{QStringLiteral("-display"), QString::fromLatin1(display())} + arguments,
+        .program = u"setxkbmap"_s,
+        .arguments = QStringList{u"-display"_s, QString::fromLatin1(display())} + arguments,
     });
     const auto exit = process.waitForExit(patience);
     require(exit && !exit->crashed && exit->status == 0, "setxkbmap failed");
@@ -80,18 +78,17 @@ void LauncherSession::setKeyboardLayout(const QStringList& arguments) const {
 ChildProcess::Launch LauncherSession::launch() const {
     ChildProcess::Launch launch{
         .program = QStringLiteral(QUORVANTEL_PROGRAM),
-        .outputPath = homeFile(QStringLiteral("output")),
+        .outputPath = homeFile(u"output"_s),
     };
-    launch.environment.insert(QStringLiteral("DISPLAY"), QString::fromLatin1(display()));
-    launch.environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_bus.address());
-    launch.environment.insert(QStringLiteral("DESKTOP_AUTOSTART_ID"),
-                              QStringLiteral("autostarted"));
-    launch.environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
+    launch.environment.insert(u"DISPLAY"_s, QString::fromLatin1(display()));
+    launch.environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, m_bus.address());
+    launch.environment.insert(u"DESKTOP_AUTOSTART_ID"_s, u"autostarted"_s);
+    launch.environment.remove(u"QT_QPA_PLATFORM"_s);
     return launch;
 }
 
 void LauncherSession::start(const QByteArray& expected, const QMap<QString, QString>& environment) {
-    QFile::remove(homeFile(QStringLiteral("output")));
+    QFile::remove(homeFile(u"output"_s));
     ChildProcess::Launch prepared = launch();
     for (const auto& [name, value] : environment.asKeyValueRange()) {
         prepared.environment.insert(name, value);
@@ -109,7 +106,7 @@ std::optional<ChildProcess::Exit> LauncherSession::terminate() {
 bool LauncherSession::waitForRest() const {
     // User and system time in clock ticks, the 14th and 15th field of proc(5) "stat".
     const auto usedTime = [this] {
-        const QByteArray stat = readFile(QStringLiteral("/proc/%1/stat").arg(m_launcher->pid()));
+        const QByteArray stat = readFile(u"/proc/%1/stat"_s.arg(m_launcher->pid()));
         return stat.split(' ').mid(13, 2);
     };
     return waitUntil([&usedTime] {
@@ -165,10 +162,10 @@ std::vector<QStringList> LauncherSession::waitForRuns(const QString& id, std::si
 }
 
 std::vector<QStringList> LauncherSession::runs(const QString& id) const {
-    const QDir proofs(homeFile(QStringLiteral("proofs")));
+    const QDir proofs(homeFile(u"proofs"_s));
     std::vector<QStringList> result;
-    for (const QString& proof : proofs.entryList({id + QStringLiteral(".*")}, QDir::Files)) {
-        if (!proof.endsWith(QStringLiteral(".part"))) {
+    for (const QString& proof : proofs.entryList({id + u".*"_s}, QDir::Files)) {
+        if (!proof.endsWith(u".part"_s)) {
             result.push_back(QString::fromUtf8(readFile(proofs.filePath(proof)))
                                  .split(QLatin1Char('\n'), Qt::SkipEmptyParts));
         }
@@ -177,11 +174,11 @@ std::vector<QStringList> LauncherSession::runs(const QString& id) const {
 }
 
 QByteArray LauncherSession::output() const {
-    return readFile(homeFile(QStringLiteral("output")));
+    return readFile(homeFile(u"output"_s));
 }
 
 std::optional<QJsonObject> LauncherSession::dataFile(const QString& name) const {
-    const auto content = readFile(m_home.dataHome() + QStringLiteral("/Quorvantel/") + name);
+    const auto content = readFile(m_home.dataHome() + u"/Quorvantel/"_s + name);
     const QJsonDocument document = QJsonDocument::fromJson(content);
     return document.isObject() ? std::optional(document.object()) : std::nullopt;
 }

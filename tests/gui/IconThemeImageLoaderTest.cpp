@@ -1,31 +1,24 @@
 #include "platform/linux/gui/IconThemeImageLoader.h"
 
+#include "support/TestFiles.h"
+
 #include <QBuffer>
-#include <QDir>
-#include <QFile>
 #include <QIcon>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 #include <zlib.h>
 
 #include <chrono>
 #include <cstring>
 #include <filesystem>
-#include <stdexcept>
 
 namespace quorvantel::platform {
 namespace {
 
-constexpr int iconSize = 28;
+using namespace Qt::StringLiterals;
 
-void write(const QString& path, const QByteArray& content) {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
-        throw std::runtime_error("cannot write an icon");
-    }
-}
+constexpr int iconSize = 28;
 
 QColor colorOfSize(int pixels) {
     return QColor::fromHsv(pixels * 2, 255, 255);
@@ -43,22 +36,20 @@ protected:
             sections += "\n[" + name + "]\nSize=" + name + "\nType=Fixed\n";
             QDir().mkpath(path(QString::fromLatin1(name)));
         }
-        QDir().mkpath(path(QStringLiteral("vectors")));
+        QDir().mkpath(path(u"vectors"_s));
         sections += "\n[vectors]\nSize=64\nMinSize=8\nMaxSize=512\nType=Scalable\n";
-        write(path(QStringLiteral("index.theme")), index + "vectors\n" + sections);
+        testing::writeFile(path(u"index.theme"_s), index + "vectors\n" + sections);
         QIcon::setThemeSearchPaths({directory.path()});
-        QIcon::setThemeName(QStringLiteral("sizes"));
+        QIcon::setThemeName(u"sizes"_s);
     }
 
-    QString path(const QString& name) const {
-        return directory.filePath(QStringLiteral("sizes/") + name);
-    }
+    QString path(const QString& name) const { return directory.filePath(u"sizes/"_s + name); }
 
     /// Gives the theme an image of one colour, which tells its size.
     void addImage(const QString& icon, int pixels) {
         QImage image(pixels, pixels, QImage::Format_ARGB32);
         image.fill(colorOfSize(pixels));
-        image.save(path(QStringLiteral("%1/%2.png").arg(pixels).arg(icon)));
+        image.save(path(u"%1/%2.png"_s.arg(pixels).arg(icon)));
     }
 
     QImage load(const QString& icon, qreal scale) {
@@ -67,6 +58,8 @@ protected:
         EXPECT_EQ(pixmap.devicePixelRatio(), scale);
         return pixmap.toImage().convertToFormat(QImage::Format_ARGB32);
     }
+
+    bool has(const Image& icon) { return !loader.load(icon, iconSize, 1).isNull(); }
 
     static bool isFilled(const QImage& image, const QColor& color) {
         QImage expected(image.size(), QImage::Format_ARGB32);
@@ -81,26 +74,26 @@ protected:
 
 TEST_F(IconThemeImageLoaderTest, TheNextLargerImageFillsTheFrameAtEveryScale) {
     for (const int size : {24, 32, 48}) {
-        addImage(QStringLiteral("app"), size);
+        addImage(u"app"_s, size);
     }
-    EXPECT_TRUE(isFilled(load(QStringLiteral("app"), 1), colorOfSize(32)));
-    EXPECT_TRUE(isFilled(load(QStringLiteral("app"), 1.5), colorOfSize(48)));
+    EXPECT_TRUE(isFilled(load(u"app"_s, 1), colorOfSize(32)));
+    EXPECT_TRUE(isFilled(load(u"app"_s, 1.5), colorOfSize(48)));
     // There is none of 56 pixels.
-    EXPECT_TRUE(isFilled(load(QStringLiteral("app"), 2), colorOfSize(48)));
-    addImage(QStringLiteral("small"), 24);
-    EXPECT_TRUE(isFilled(load(QStringLiteral("small"), 1), colorOfSize(24)));
-    EXPECT_TRUE(isFilled(load(QStringLiteral("small"), 2), colorOfSize(24)));
+    EXPECT_TRUE(isFilled(load(u"app"_s, 2), colorOfSize(48)));
+    addImage(u"small"_s, 24);
+    EXPECT_TRUE(isFilled(load(u"small"_s, 1), colorOfSize(24)));
+    EXPECT_TRUE(isFilled(load(u"small"_s, 2), colorOfSize(24)));
 }
 
 TEST_F(IconThemeImageLoaderTest, AVectorImageIsDrawnInTheVerySize) {
     for (const int size : {24, 32, 48}) {
-        addImage(QStringLiteral("app"), size);
+        addImage(u"app"_s, size);
     }
-    write(path(QStringLiteral("vectors/app.svg")),
-          "<svg xmlns='http://www.w3.org/2000/svg' width='28' height='28'>"
-          "<rect width='28' height='14' fill='#fff'/></svg>");
+    testing::writeFile(path(u"vectors/app.svg"_s),
+                       "<svg xmlns='http://www.w3.org/2000/svg' width='28' height='28'>"
+                       "<rect width='28' height='14' fill='#fff'/></svg>");
     for (const qreal scale : {1.0, 1.5, 2.0}) {
-        const QImage image = load(QStringLiteral("app"), scale);
+        const QImage image = load(u"app"_s, scale);
         const int half = image.height() / 2;
         EXPECT_TRUE(isFilled(image.copy(0, 0, image.width(), half), Qt::white)) << scale;
         EXPECT_TRUE(isFilled(image.copy(0, half, image.width(), half), Qt::transparent)) << scale;
@@ -110,11 +103,11 @@ TEST_F(IconThemeImageLoaderTest, AVectorImageIsDrawnInTheVerySize) {
 TEST_F(IconThemeImageLoaderTest, AnOblongImageIsCentred) {
     QImage image(48, 24, QImage::Format_ARGB32);
     image.fill(Qt::red);
-    image.save(path(QStringLiteral("48/wide.png")));
-    const QString file = path(QStringLiteral("wide.png"));
+    image.save(path(u"48/wide.png"_s));
+    const QString file = path(u"wide.png"_s);
     image.save(file);
     for (const qreal scale : {1.0, 2.0}) {
-        const QImage fromTheme = load(QStringLiteral("wide"), scale);
+        const QImage fromTheme = load(u"wide"_s, scale);
         const int quarter = fromTheme.height() / 4;
         EXPECT_TRUE(isFilled(fromTheme.copy(0, 0, fromTheme.width(), quarter), Qt::transparent));
         EXPECT_TRUE(isFilled(fromTheme.copy(0, quarter, fromTheme.width(), 2 * quarter), Qt::red));
@@ -130,7 +123,7 @@ TEST_F(IconThemeImageLoaderTest, SmallerImagesHaveShadesThatThePaletteOfTheFileL
     }
     for (const auto format : {QImage::Format_Mono, QImage::Format_Indexed8,
                               QImage::Format_Grayscale16, QImage::Format_RGBA64}) {
-        const QString file = path(QStringLiteral("checks.png"));
+        const QString file = path(u"checks.png"_s);
         checks.convertToFormat(format).save(file);
         const QImage image = loader.load(Image::file(file), iconSize, 1).toImage();
         EXPECT_NEAR(qGray(image.pixel(13, 13)), 127, 2) << format;
@@ -163,7 +156,7 @@ QByteArray packed(const QByteArray& document, qsizetype size) {
 TEST_F(IconThemeImageLoaderTest, VectorImagesReachNothingOutsideThemselvesAndStaySmall) {
     QImage red(28, 28, QImage::Format_RGB32);
     red.fill(Qt::red);
-    red.save(path(QStringLiteral("private.png")));
+    red.save(path(u"private.png"_s));
     QByteArray png;
     QBuffer buffer(&png);
     red.save(&buffer, "PNG");
@@ -174,7 +167,7 @@ TEST_F(IconThemeImageLoaderTest, VectorImagesReachNothingOutsideThemselvesAndSta
         const QByteArray use = "<use xlink:href='#a" + QByteArray::number(i - 1) + "'/>";
         doubling += "<g id='a" + QByteArray::number(i) + "'>" + use + use + "</g>";
     }
-    const QByteArray file = path(QStringLiteral("private.png")).toUtf8();
+    const QByteArray file = path(u"private.png"_s).toUtf8();
     const QByteArray deep = QByteArray("<g>").repeated(1000) + QByteArray("</g>").repeated(1000);
     const std::pair<const char*, QByteArray> refused[] = {
         {"file", svg("<image width='9' height='9' xlink:href='" + file + "'/>")},
@@ -193,70 +186,70 @@ TEST_F(IconThemeImageLoaderTest, VectorImagesReachNothingOutsideThemselvesAndSta
         {"packed", packed(svg({}), 2 << 20)},
     };
     for (const auto& [name, content] : refused) {
-        const QString icon = path(QStringLiteral("vectors/%1.svg").arg(QLatin1StringView(name)));
-        write(icon, content);
-        EXPECT_TRUE(loader.load(Image::file(icon), iconSize, 1).isNull()) << name;
+        const QString icon = path(u"vectors/%1.svg"_s.arg(QLatin1StringView(name)));
+        testing::writeFile(icon, content);
+        EXPECT_FALSE(has(Image::file(icon))) << name;
         const auto theme = Image::iconTheme(QString::fromLatin1(name));
-        EXPECT_TRUE(loader.load(theme, iconSize, 1).isNull()) << name;
+        EXPECT_FALSE(has(theme)) << name;
     }
     const QByteArray gradient = "<defs><linearGradient id='a'/><linearGradient id='b' "
                                 "xlink:href='#a'/></defs>";
     for (const QByteArray& content : {svg(embedded), svg(gradient),
                                       svg("<use xlink:href='#absent'/>"), packed(svg({}), 1000)}) {
-        const QString icon = path(QStringLiteral("vectors/good.svg"));
-        write(icon, content);
-        EXPECT_FALSE(loader.load(Image::file(icon), iconSize, 1).isNull()) << content.constData();
-        EXPECT_TRUE(isFilled(load(QStringLiteral("good"), 1), Qt::white)) << content.constData();
+        const QString icon = path(u"vectors/good.svg"_s);
+        testing::writeFile(icon, content);
+        EXPECT_TRUE(has(Image::file(icon))) << content.constData();
+        EXPECT_TRUE(isFilled(load(u"good"_s, 1), Qt::white)) << content.constData();
     }
 }
 
 TEST_F(IconThemeImageLoaderTest, WaitsForNoFifo) {
     for (const char* const name : {"24/pipe.png", "vectors/pipe.svg", "vectors/only.svg"}) {
-        ASSERT_EQ(::mkfifo(qPrintable(path(QString::fromLatin1(name))), 0600), 0);
+        testing::makeFifo(path(QString::fromLatin1(name)));
     }
-    addImage(QStringLiteral("pipe"), 48);
-    EXPECT_TRUE(isFilled(load(QStringLiteral("pipe"), 1), colorOfSize(48)));
-    EXPECT_TRUE(loader.load(Image::iconTheme(QStringLiteral("only")), iconSize, 1).isNull());
+    addImage(u"pipe"_s, 48);
+    EXPECT_TRUE(isFilled(load(u"pipe"_s, 1), colorOfSize(48)));
+    EXPECT_FALSE(has(Image::iconTheme(u"only"_s)));
 }
 
 TEST_F(IconThemeImageLoaderTest, WhatIsNoIconGivesNone) {
-    write(path(QStringLiteral("broken.png")), "no picture");
-    QImage(2049, 1, QImage::Format_Mono).save(path(QStringLiteral("huge.png")));
-    EXPECT_TRUE(loader.load(Image::iconTheme(QStringLiteral("absent")), iconSize, 1).isNull());
+    testing::writeFile(path(u"broken.png"_s), "no picture");
+    QImage(2049, 1, QImage::Format_Mono).save(path(u"huge.png"_s));
+    EXPECT_FALSE(has(Image::iconTheme(u"absent"_s)));
     for (const char* const name : {"broken.png", "huge.png", "absent.png", "24"}) {
         const auto file = Image::file(path(QString::fromLatin1(name)));
-        EXPECT_TRUE(loader.load(file, iconSize, 1).isNull()) << name;
+        EXPECT_FALSE(has(file)) << name;
     }
 }
 
 TEST_F(IconThemeImageLoaderTest, SeesWhatIsInstalledLater) {
     // A cache of the theme's icons that lists none.
-    write(path(QStringLiteral("icon-theme.cache")),
-          QByteArray::fromHex("00010000 0000000c 00000014 00000001 ffffffff 00000000"));
+    testing::writeFile(
+        path(u"icon-theme.cache"_s),
+        QByteArray::fromHex("00010000 0000000c 00000014 00000001 ffffffff 00000000"));
     const auto past = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1);
-    std::filesystem::last_write_time(path(QStringLiteral("icon-theme.cache")).toStdString(), past);
+    std::filesystem::last_write_time(path(u"icon-theme.cache"_s).toStdString(), past);
     std::filesystem::last_write_time(path({}).toStdString(), past);
     const QTemporaryDir user;
     QIcon::setThemeSearchPaths({user.path(), directory.path()});
     loader.refresh();
-    EXPECT_TRUE(loader.load(Image::iconTheme(QStringLiteral("app")), iconSize, 1).isNull());
+    EXPECT_FALSE(has(Image::iconTheme(u"app"_s)));
     EXPECT_FALSE(loader.refresh());
 
-    addImage(QStringLiteral("app"), 32);
-    EXPECT_TRUE(loader.load(Image::iconTheme(QStringLiteral("app")), iconSize, 1).isNull());
-    QFile::remove(path(QStringLiteral("icon-theme.cache")));
+    addImage(u"app"_s, 32);
+    EXPECT_FALSE(has(Image::iconTheme(u"app"_s)));
+    QFile::remove(path(u"icon-theme.cache"_s));
     EXPECT_TRUE(loader.refresh());
-    EXPECT_TRUE(isFilled(load(QStringLiteral("app"), 1), colorOfSize(32)));
+    EXPECT_TRUE(isFilled(load(u"app"_s, 1), colorOfSize(32)));
     EXPECT_FALSE(loader.refresh());
 
-    QDir(user.path()).mkpath(QStringLiteral("sizes/32"));
-    QFile::copy(path(QStringLiteral("32/app.png")),
-                user.filePath(QStringLiteral("sizes/32/mine.png")));
-    EXPECT_TRUE(loader.load(Image::iconTheme(QStringLiteral("mine")), iconSize, 1).isNull());
+    QDir(user.path()).mkpath(u"sizes/32"_s);
+    QFile::copy(path(u"32/app.png"_s), user.filePath(u"sizes/32/mine.png"_s));
+    EXPECT_FALSE(has(Image::iconTheme(u"mine"_s)));
     EXPECT_TRUE(loader.refresh());
-    EXPECT_TRUE(isFilled(load(QStringLiteral("mine"), 1), colorOfSize(32)));
+    EXPECT_TRUE(isFilled(load(u"mine"_s, 1), colorOfSize(32)));
 
-    QIcon::setThemeName(QStringLiteral("another"));
+    QIcon::setThemeName(u"another"_s);
     EXPECT_TRUE(loader.refresh());
 }
 

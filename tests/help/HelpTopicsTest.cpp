@@ -4,7 +4,6 @@
 #include "markdown/TextRole.h"
 #include "search/FrecencyStore.h"
 #include "search/FuzzyScorer.h"
-#include "settings/Contrast.h"
 #include "settings/HelpStyle.h"
 #include "settings/SettingsWindowController.h"
 #include "support/FakeLook.h"
@@ -208,14 +207,8 @@ TEST_F(HelpTopicsTruth, AWordOfItsNameFindsAPane) {
     }
 }
 
-double contrast(const QColor& one, const QColor& other) {
-    const auto opaque = [](const QColor& color) {
-        return ThemeColor{color.redF(), color.greenF(), color.blueF(), 1};
-    };
-    return contrastRatio(opaque(one), opaque(other));
-}
-
 TEST(HelpStyle, TextIsReadableInEveryPalette) {
+    using testing::contrast;
     constexpr double readable = 4.5;
     for (const ColorScheme scheme : {ColorScheme::Light, ColorScheme::Dark}) {
         for (const ThemePreset preset : {ThemePreset::Graphite, ThemePreset::Teal, ThemePreset::Ink,

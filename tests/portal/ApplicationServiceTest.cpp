@@ -18,8 +18,9 @@ namespace quorvantel::platform {
 namespace {
 
 using testing::waitUntil;
+using namespace Qt::StringLiterals;
 
-const QString name = QStringLiteral("org.quorvantel.Quorvantel");
+const QString name = u"org.quorvantel.Quorvantel"_s;
 
 /// A launcher on a connection of its own, and what it was asked for.
 struct Launcher {
@@ -54,9 +55,8 @@ class ApplicationServiceTest : public ::testing::Test {
 protected:
     /// Calls the launcher as a desktop does and returns the error's name, empty for success.
     QString call(const QString& method, const QVariantList& arguments) {
-        QDBusMessage message =
-            QDBusMessage::createMethodCall(name, QStringLiteral("/org/quorvantel/Quorvantel"),
-                                           QStringLiteral("org.freedesktop.Application"), method);
+        QDBusMessage message = QDBusMessage::createMethodCall(
+            name, u"/org/quorvantel/Quorvantel"_s, u"org.freedesktop.Application"_s, method);
         message.setArguments(arguments);
         const QDBusPendingCall call = second.bus.asyncCall(message);
         waitUntil([&call] { return call.isFinished(); });
@@ -69,27 +69,25 @@ protected:
 
     QTemporaryDir directory;
     testing::SessionBus bus{directory.path()};
-    Launcher first{bus.address(), QStringLiteral("first")};
-    Launcher second{bus.address(), QStringLiteral("second")};
+    Launcher first{bus.address(), u"first"_s};
+    Launcher second{bus.address(), u"second"_s};
 };
 
 TEST_F(ApplicationServiceTest, HandsOverEveryRequestWithTheCallersToken) {
     first.receive();
     ASSERT_TRUE(isNameTaken());
-    const QVariantMap token{{QStringLiteral("activation-token"), QStringLiteral("token")}};
+    const QVariantMap token{{u"activation-token"_s, u"token"_s}};
     QVariantMap both = token;
-    both[QStringLiteral("desktop-startup-id")] = QStringLiteral("id_TIME1");
-    EXPECT_EQ(call(QStringLiteral("Activate"), {token}), QString());
-    EXPECT_EQ(call(QStringLiteral("Open"), {QStringList{QStringLiteral("file:///")}, both}),
-              QString());
+    both[u"desktop-startup-id"_s] = u"id_TIME1"_s;
+    EXPECT_EQ(call(u"Activate"_s, {token}), QString());
+    EXPECT_EQ(call(u"Open"_s, {QStringList{u"file:///"_s}, both}), QString());
     for (const char* const action : {"settings", "help", "start-at-login", "quit"}) {
-        EXPECT_EQ(call(QStringLiteral("ActivateAction"),
-                       {QString::fromLatin1(action), QVariantList(), QVariantMap()}),
-                  QString());
+        EXPECT_EQ(
+            call(u"ActivateAction"_s, {QString::fromLatin1(action), QVariantList(), QVariantMap()}),
+            QString());
     }
-    EXPECT_EQ(call(QStringLiteral("ActivateAction"),
-                   {QStringLiteral("fly"), QVariantList(), QVariantMap()}),
-              QStringLiteral("org.freedesktop.DBus.Error.InvalidArgs"));
+    EXPECT_EQ(call(u"ActivateAction"_s, {u"fly"_s, QVariantList(), QVariantMap()}),
+              u"org.freedesktop.DBus.Error.InvalidArgs"_s);
     using enum ApplicationRequest;
     const decltype(first.requests) expected{{Summon, "token"},        {Summon, "id_TIME1"},
                                             {OpenSettings, {}},       {ShowHelp, {}},
@@ -108,14 +106,14 @@ TEST_F(ApplicationServiceTest, ALauncherThatHasTheNameIsSummonedAndThisOneEnds) 
 
 TEST_F(ApplicationServiceTest, GoesOnAloneWhenWhatHasTheNameDoesNotAnswer) {
     Deaf deaf;
-    first.bus.registerVirtualObject(QStringLiteral("/"), &deaf, QDBusConnection::SubPath);
+    first.bus.registerVirtualObject(u"/"_s, &deaf, QDBusConnection::SubPath);
     first.bus.registerService(name);
-    const testing::LogLines log(QStringLiteral("Quorvantel: "));
+    const testing::LogLines log(u"Quorvantel: "_s);
     second.receive();
     EXPECT_TRUE(waitUntil([&log] { return !log.lines().isEmpty(); }));
-    EXPECT_EQ(log.lines(), QStringList{QStringLiteral(
-                               "Quorvantel: what holds the name org.quorvantel.Quorvantel on the "
-                               "session bus does not answer, so this launcher goes on alone")});
+    EXPECT_EQ(log.lines(),
+              QStringList{u"Quorvantel: what holds the name org.quorvantel.Quorvantel on the "
+                          "session bus does not answer, so this launcher goes on alone"_s});
     EXPECT_TRUE(second.requests.empty());
 }
 

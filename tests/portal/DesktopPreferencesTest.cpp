@@ -19,9 +19,7 @@ DesktopPreferences managerTells(const char* name, const QVariant& value) {
 
 std::string fontTold(const QString& text) {
     const auto font = managerTells("Gtk/FontName", text).font;
-    return !font ? "none"
-                 : qPrintable(
-                       QStringLiteral("%1 %2").arg(font->families.join(u'|')).arg(font->points));
+    return !font ? "none" : qPrintable(u"%1 %2"_s.arg(font->families.join(u'|')).arg(font->points));
 }
 
 TEST(DesktopPreferencesTest, EveryDesktopCanAskForContrastAndForRest) {
@@ -81,24 +79,11 @@ TEST(DesktopPreferencesTest, TheFontIsTheRunningDesktops) {
 }
 
 TEST(XSettingsTest, DataThatEndEarlyTellWhatIsBeforeTheEnd) {
-    using namespace std::string_literals;
     // A colour, a number and a text, as a big-endian manager writes them.
-    const QByteArray data = QByteArray::fromStdString("\1\0\0\0"
-                                                      "\0\0\0\7"
-                                                      "\0\0\0\3"s
-                                                      "\2\0\0\1"
-                                                      "C\0\0\0"
-                                                      "\0\0\0\0"
-                                                      "\1\1\1\1\1\1\1\1"s
-                                                      "\0\0\0\5"
-                                                      "A/Num\0\0\0"
-                                                      "\0\0\0\0"
-                                                      "\0\0\1\2"s
-                                                      "\1\0\0\4"
-                                                      "Text"
-                                                      "\0\0\0\0"
-                                                      "\0\0\0\3"
-                                                      "abc\0"s);
+    const QByteArray data = QByteArray::fromHex("01000000 00000007 00000003") +
+                            QByteArray::fromHex("02000001 43000000 00000000 0101010101010101") +
+                            QByteArray::fromHex("00000005 412f4e756d000000 00000000 00000102") +
+                            QByteArray::fromHex("01000004 54657874 00000000 00000003 61626300");
     const XSettingsValues all{{"A/Num", 258}, {"Text", u"abc"_s}};
     EXPECT_EQ(parseXSettings(data), all);
     for (qsizetype length = 0; length < data.size() - 1; ++length) {

@@ -22,7 +22,7 @@ using testing::waitUntil;
 using namespace Qt::StringLiterals;
 
 constexpr auto appearanceGroup = "org.freedesktop.appearance";
-const QString colorScheme = QStringLiteral("color-scheme");
+const QString colorScheme = u"color-scheme"_s;
 
 bool isAnimated() {
     return QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration) > 0;
@@ -43,19 +43,17 @@ protected:
         QObject::connect(&appearance, &SystemAppearance::changed, [this] { ++changes; });
     }
     ~DesktopSystemAppearanceTest() override {
-        QDBusConnection::disconnectFromBus(QStringLiteral("launcher"));
-        QDBusConnection::disconnectFromBus(QStringLiteral("portal"));
+        QDBusConnection::disconnectFromBus(u"launcher"_s);
+        QDBusConnection::disconnectFromBus(u"portal"_s);
     }
 
     QTemporaryDir directory;
     SessionBus sessionBus{directory.path()};
-    QDBusConnection portalBus =
-        QDBusConnection::connectToBus(sessionBus.address(), QStringLiteral("portal"));
+    QDBusConnection portalBus = QDBusConnection::connectToBus(sessionBus.address(), u"portal"_s);
     FakeSettingsPortal portal{portalBus, {{QLatin1String(appearanceGroup), {{colorScheme, 2U}}}}};
     DarkFallback fallback;
     PortalSettings portalSettings{
-        QDBusConnection::connectToBus(sessionBus.address(), QStringLiteral("launcher")),
-        preferenceNamespaces()};
+        QDBusConnection::connectToBus(sessionBus.address(), u"launcher"_s), preferenceNamespaces()};
     X11Settings manager{X11Display::current().value()};
     DesktopSystemAppearance appearance{portalSettings, manager, fallback};
     int changes = 0;
@@ -89,7 +87,7 @@ TEST_F(DesktopSystemAppearanceTest, WithoutAPreferenceTheFallbackDecides) {
     Q_EMIT fallback.changed();
     EXPECT_EQ(changes, 3);
     EXPECT_FALSE(appearance.prefersDark());
-    PortalSettings withoutBus(QDBusConnection(QStringLiteral("none")), preferenceNamespaces());
+    PortalSettings withoutBus(QDBusConnection(u"none"_s), preferenceNamespaces());
     EXPECT_FALSE(DesktopSystemAppearance(withoutBus, manager, fallback).prefersDark());
 }
 
