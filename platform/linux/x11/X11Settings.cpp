@@ -91,7 +91,7 @@ X11Settings::X11Settings(const X11Display& display)
       m_managerSelection(display.atom("_XSETTINGS_S0")),
       m_settings(display.atom("_XSETTINGS_SETTINGS")) {
     // In this order nothing that happens meanwhile is missed.
-    watchManager();
+    m_selectionEvent = display.watchOwner(m_managerSelection);
     const XcbPointer<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
         display.connection, xcb_get_selection_owner(display.connection, m_managerSelection),
         nullptr));
@@ -123,24 +123,6 @@ bool X11Settings::nativeEventFilter(const QByteArray& /*eventType*/, void* messa
         }
     }
     return false;
-}
-
-void X11Settings::watchManager() {
-    const auto* const extension = xcb_get_extension_data(m_display.connection, &xcb_xfixes_id);
-    if (extension == nullptr || extension->present == 0) {
-        return;
-    }
-    m_selectionEvent =
-        static_cast<std::uint8_t>(extension->first_event + XCB_XFIXES_SELECTION_NOTIFY);
-    // The extension is to be greeted before its use.
-    xcb_discard_reply(m_display.connection,
-                      xcb_xfixes_query_version(m_display.connection, XCB_XFIXES_MAJOR_VERSION,
-                                               XCB_XFIXES_MINOR_VERSION)
-                          .sequence);
-    xcb_xfixes_select_selection_input(m_display.connection, m_display.root, m_managerSelection,
-                                      XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
-                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
-                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
 }
 
 void X11Settings::followManager(xcb_window_t manager) {

@@ -30,7 +30,6 @@ Q_SIGNALS:
     void changed();
 
 private:
-    void watchManager();
     void followManager(xcb_window_t manager);
     void setValues(const XSettingsValues& values);
     XSettingsValues read() const;

@@ -39,7 +39,7 @@ X11WindowBackdrop::X11WindowBackdrop(const X11Display& display)
       m_managerSelection(display.atom("_NET_WM_CM_S0")),
       m_blurRegion(display.atom("_KDE_NET_WM_BLUR_BEHIND_REGION")) {
     // In this order nothing that happens meanwhile is missed.
-    watchManager();
+    m_selectionEvent = display.watchOwner(m_managerSelection);
     m_state = stateNow();
     qApp->installNativeEventFilter(this);
 }
@@ -96,24 +96,6 @@ void X11WindowBackdrop::handleOwner(const xcb_xfixes_selection_notify_event_t& e
     state.isComposited = event.owner != XCB_WINDOW_NONE;
     state.isPicom = state.isComposited && isPicom(event.owner);
     setState(state);
-}
-
-void X11WindowBackdrop::watchManager() {
-    const auto* const extension = xcb_get_extension_data(m_display.connection, &xcb_xfixes_id);
-    if (extension == nullptr || extension->present == 0) {
-        return;
-    }
-    m_selectionEvent =
-        static_cast<std::uint8_t>(extension->first_event + XCB_XFIXES_SELECTION_NOTIFY);
-    // The extension is to be greeted before its use.
-    xcb_discard_reply(m_display.connection,
-                      xcb_xfixes_query_version(m_display.connection, XCB_XFIXES_MAJOR_VERSION,
-                                               XCB_XFIXES_MINOR_VERSION)
-                          .sequence);
-    xcb_xfixes_select_selection_input(m_display.connection, m_display.root, m_managerSelection,
-                                      XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
-                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
-                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
 }
 
 X11WindowBackdrop::State X11WindowBackdrop::stateNow() const {

@@ -45,7 +45,6 @@ private:
 
     void handleProperty(const xcb_property_notify_event_t& event);
     void handleOwner(const xcb_xfixes_selection_notify_event_t& event);
-    void watchManager();
     State stateNow() const;
     bool isPicom(xcb_window_t manager) const;
     void setState(const State& state);
