@@ -36,7 +36,8 @@ bool isManaged(const XConnection& connection) {
 WindowManager::WindowManager(const XConnection& connection, const QByteArray& display,
                              const QString& name, const QString& busAddress)
     : m_process(managerLaunch(display, name, busAddress)) {
-    if (!waitUntil([&connection] { return isManaged(connection); })) {
+    // KWin loads much before it begins, and several of them may begin at once.
+    if (!waitUntil([&connection] { return isManaged(connection); }, 3 * patience)) {
         throw std::runtime_error(name.toStdString() + " does not manage the display");
     }
 }
