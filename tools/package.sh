@@ -31,7 +31,7 @@ git archive HEAD | tar -x -C "$source"
 make_package() { (cd "$source" && dpkg-buildpackage --unsigned-source --unsigned-changes --build=binary); }
 step "Making the package" "$out/build.log" make_package
 step "Checking it with lintian" "$out/lintian.log" \
-    lintian --pedantic --fail-on error,warning,info,pedantic --allow-root "$out/"quorvantel_*.changes
+    lintian --pedantic --display-info --fail-on error,warning,info,pedantic --allow-root "$out/"quorvantel_*.changes
 package="$(echo "$out/quorvantel_${version}_"*.deb)"
 echo "✓ $package"
 if [[ ${1:-} == --try ]]; then
