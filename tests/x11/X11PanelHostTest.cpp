@@ -77,6 +77,7 @@ TEST_F(X11PanelHostTest, AKeyboardThatStaysGrabbedMakesThePanelTakeTheFocusAndRe
 
 TEST_F(X11PanelHostTest, AHeldKeyDoesNotRepeatItselfIntoTheApplicationInFront) {
     host.takeKeyboard(panel);
+    ASSERT_TRUE(waitUntil([this] { return desktop.isKeyboardGrabbed(); }));
     keyboard.hold(XK_Return);
     ASSERT_TRUE(waitUntil([this] { return panel.presses > 2; })) << "it does not repeat at all";
     keyboard.release(XK_Return);
