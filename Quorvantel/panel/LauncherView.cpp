@@ -4,7 +4,7 @@
 #include "drawing/PixelGrid.h"
 #include "panel/LauncherLayout.h"
 #include "panel/accessibility/PanelAccessible.h"
-#include "settings/InterfaceFont.h"
+#include "theme/InterfaceFont.h"
 
 #include <QKeyEvent>
 #include <QPainter>

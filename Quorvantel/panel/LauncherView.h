@@ -8,7 +8,7 @@
 #include "panel/SettingsButton.h"
 #include "platform/Screens.h"
 #include "search/SearchEngine.h"
-#include "settings/ThemedRoot.h"
+#include "theme/ThemedRoot.h"
 
 #include <QWidget>
 

@@ -4,7 +4,7 @@
 #include "drawing/IconCache.h"
 #include "panel/ResultRowView.h"
 #include "panel/ScrollMotion.h"
-#include "settings/ThemedRoot.h"
+#include "theme/ThemedRoot.h"
 
 #include <QVariantAnimation>
 #include <QWidget>

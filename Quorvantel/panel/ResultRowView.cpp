@@ -3,8 +3,8 @@
 #include "drawing/ContinuousCorners.h"
 #include "drawing/PixelGrid.h"
 #include "panel/LauncherLayout.h"
-#include "settings/Contrast.h"
-#include "settings/InterfaceFont.h"
+#include "theme/Contrast.h"
+#include "theme/InterfaceFont.h"
 
 #include <QPainter>
 

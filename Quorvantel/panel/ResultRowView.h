@@ -2,7 +2,7 @@
 
 #include "catalogue/LaunchTarget.h"
 #include "drawing/IconCache.h"
-#include "settings/ThemedRoot.h"
+#include "theme/ThemedRoot.h"
 
 #include <QWidget>
 

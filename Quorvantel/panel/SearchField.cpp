@@ -1,7 +1,7 @@
 #include "panel/SearchField.h"
 
-#include "settings/ControlPalette.h"
-#include "settings/InterfaceFont.h"
+#include "theme/ControlPalette.h"
+#include "theme/InterfaceFont.h"
 
 #include <QAction>
 #include <QContextMenuEvent>

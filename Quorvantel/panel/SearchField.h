@@ -1,6 +1,6 @@
 #pragma once
 
-#include "settings/ThemedRoot.h"
+#include "theme/ThemedRoot.h"
 
 #include <QLineEdit>
 #include <QMenu>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "drawing/IconCache.h"
-#include "settings/ThemedRoot.h"
+#include "theme/ThemedRoot.h"
 
 #include <QToolButton>
 

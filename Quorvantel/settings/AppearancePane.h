@@ -2,8 +2,8 @@
 
 #include "settings/DetailPane.h"
 #include "settings/SegmentedPill.h"
-#include "settings/ThemeManager.h"
-#include "settings/ThemedRoot.h"
+#include "theme/ThemeManager.h"
+#include "theme/ThemedRoot.h"
 
 namespace quorvantel {
 

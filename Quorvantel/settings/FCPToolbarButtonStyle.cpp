@@ -1,10 +1,10 @@
 #include "settings/FCPToolbarButtonStyle.h"
 
 #include "drawing/Motion.h"
-#include "settings/ControlColors.h"
-#include "settings/EaseInOut.h"
 #include "settings/FocusRing.h"
-#include "settings/InterfaceFont.h"
+#include "theme/ControlColors.h"
+#include "theme/EaseInOut.h"
+#include "theme/InterfaceFont.h"
 
 #include <QPainter>
 #include <QPainterPath>

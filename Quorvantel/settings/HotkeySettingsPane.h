@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hotkey/HotKeyRecorderView.h"
+#include "settings/HotKeyRecorderView.h"
 #include "settings/SettingsServices.h"
 #include "settings/SettingsText.h"
 

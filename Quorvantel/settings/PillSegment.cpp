@@ -1,8 +1,8 @@
 #include "settings/PillSegment.h"
 
-#include "settings/ControlColors.h"
 #include "settings/FocusRing.h"
-#include "settings/InterfaceFont.h"
+#include "theme/ControlColors.h"
+#include "theme/InterfaceFont.h"
 
 #include <QPainter>
 

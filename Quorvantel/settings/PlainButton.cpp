@@ -1,9 +1,9 @@
 #include "settings/PlainButton.h"
 
 #include "drawing/ContinuousCorners.h"
-#include "settings/ControlColors.h"
 #include "settings/FocusRing.h"
-#include "settings/InterfaceFont.h"
+#include "theme/ControlColors.h"
+#include "theme/InterfaceFont.h"
 
 #include <QPainter>
 

@@ -2,7 +2,7 @@
 
 #include "settings/PillSegment.h"
 #include "settings/SpringAnimation.h"
-#include "settings/ThemedRoot.h"
+#include "theme/ThemedRoot.h"
 
 #include <QStringList>
 #include <QWidget>

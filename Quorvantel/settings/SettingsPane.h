@@ -1,7 +1,7 @@
 #pragma once
 
 #include "settings/DetailPane.h"
-#include "settings/ThemedRoot.h"
+#include "theme/ThemedRoot.h"
 
 namespace quorvantel {
 

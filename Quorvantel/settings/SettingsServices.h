@@ -5,9 +5,9 @@
 #include "platform/KeyCapture.h"
 #include "platform/WindowActivator.h"
 #include "platform/WindowFrame.h"
-#include "settings/ThemeManager.h"
-#include "settings/ThemedRoot.h"
-#include "shell/AppSettings.h"
+#include "preferences/AppSettings.h"
+#include "theme/ThemeManager.h"
+#include "theme/ThemedRoot.h"
 
 #include <functional>
 

@@ -2,7 +2,7 @@
 
 #include "drawing/IconCache.h"
 #include "settings/SettingsSection.h"
-#include "settings/ThemedRoot.h"
+#include "theme/ThemedRoot.h"
 
 #include <QListWidget>
 

@@ -1,7 +1,7 @@
 #include "settings/SettingsText.h"
 
-#include "settings/ControlColors.h"
-#include "settings/InterfaceFont.h"
+#include "theme/ControlColors.h"
+#include "theme/InterfaceFont.h"
 
 namespace quorvantel {
 

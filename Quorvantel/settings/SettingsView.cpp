@@ -2,12 +2,12 @@
 
 #include "settings/AdvancedSettingsPane.h"
 #include "settings/AppearancePane.h"
-#include "settings/ControlPalette.h"
 #include "settings/GeneralSettingsPane.h"
 #include "settings/HotkeySettingsPane.h"
 #include "settings/SettingsAccessible.h"
 #include "settings/SettingsPane.h"
 #include "settings/SidebarSplitter.h"
+#include "theme/ControlPalette.h"
 
 #include <QHBoxLayout>
 #include <QLayout>

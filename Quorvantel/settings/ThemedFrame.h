@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/WindowFrame.h"
-#include "settings/ThemeManager.h"
+#include "theme/ThemeManager.h"
 
 #include <QWidget>
 

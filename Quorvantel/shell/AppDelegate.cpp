@@ -3,9 +3,9 @@
 #include "catalogue/SettingsPaneCatalogue.h"
 #include "help/HelpWindow.h"
 #include "platform/Directories.h"
-#include "settings/ControlPalette.h"
-#include "settings/HelpStyle.h"
 #include "settings/ThemedFrame.h"
+#include "shell/HelpStyle.h"
+#include "theme/ControlPalette.h"
 
 #include <QCoreApplication>
 #include <QDebug>

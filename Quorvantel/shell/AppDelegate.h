@@ -8,13 +8,13 @@
 #include "hotkey/HotKeyService.h"
 #include "panel/LauncherPanelController.h"
 #include "platform/Platform.h"
+#include "preferences/AppSettings.h"
 #include "search/FrecencyStore.h"
 #include "search/LearnedAbbreviationStore.h"
 #include "search/SearchEngine.h"
 #include "settings/SettingsWindowController.h"
-#include "settings/ThemeManager.h"
-#include "settings/ThemedRoot.h"
-#include "shell/AppSettings.h"
+#include "theme/ThemeManager.h"
+#include "theme/ThemedRoot.h"
 
 #include <QObject>
 #include <QString>

@@ -1,5 +1,5 @@
-#include "hotkey/HotKeyRecorderView.h"
 #include "settings/FCPToolbarButtonStyle.h"
+#include "settings/HotKeyRecorderView.h"
 #include "settings/PlainButton.h"
 #include "settings/SegmentedPill.h"
 #include "settings/SettingsText.h"

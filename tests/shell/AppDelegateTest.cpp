@@ -1,7 +1,7 @@
 #include "shell/AppDelegate.h"
 
-#include "hotkey/HotKeyRecorderView.h"
 #include "panel/SearchField.h"
+#include "settings/HotKeyRecorderView.h"
 #include "shell/FakePlatform.h"
 #include "support/LogLines.h"
 

@@ -3,9 +3,9 @@
 #include "drawing/IconCache.h"
 #include "platform/ImageLoader.h"
 #include "platform/SystemAppearance.h"
-#include "settings/Contrast.h"
-#include "settings/ThemedRoot.h"
 #include "support/MemoryDefaults.h"
+#include "theme/Contrast.h"
+#include "theme/ThemedRoot.h"
 
 #include <QImage>
 #include <QPainter>

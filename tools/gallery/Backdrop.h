@@ -1,6 +1,6 @@
 #pragma once
 
-#include "settings/ResolvedTheme.h"
+#include "theme/ResolvedTheme.h"
 
 #include <QImage>
 #include <QWidget>

@@ -1,7 +1,7 @@
 #include "tools/gallery/HelpScenes.h"
 
 #include "help/HelpMenu.h"
-#include "settings/HelpStyle.h"
+#include "shell/HelpStyle.h"
 
 #include <QApplication>
 #include <QLineEdit>

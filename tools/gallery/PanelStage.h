@@ -6,9 +6,9 @@
 #include "platform/SystemAppearance.h"
 #include "search/FrecencyStore.h"
 #include "search/SearchEngine.h"
-#include "settings/ThemeManager.h"
-#include "settings/ThemedRoot.h"
 #include "support/MemoryDefaults.h"
+#include "theme/ThemeManager.h"
+#include "theme/ThemedRoot.h"
 #include "tools/gallery/DrawnIcons.h"
 
 #include <QTemporaryDir>

@@ -1,7 +1,7 @@
 #include "tools/gallery/SettingsScenes.h"
 
-#include "hotkey/HotKeyRecorderView.h"
 #include "platform/linux/gui/IconThemeImageLoader.h"
+#include "settings/HotKeyRecorderView.h"
 #include "settings/SettingsView.h"
 #include "support/MemoryDefaults.h"
 

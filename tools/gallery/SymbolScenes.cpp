@@ -3,7 +3,7 @@
 #include "drawing/ContinuousCorners.h"
 #include "drawing/IconCache.h"
 #include "platform/linux/gui/IconThemeImageLoader.h"
-#include "settings/ResolvedTheme.h"
+#include "theme/ResolvedTheme.h"
 
 #include <QDir>
 #include <QGuiApplication>
