@@ -9,11 +9,11 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace quorvantel::platform;
     const QByteArray content(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
-    const PropertyList list = parsePropertyList(content);
+    const auto list = PropertyList::parse(content);
     if (decodeColorArchive(content) && !list) {
         std::abort();
     }
-    if (list && toVariant(list.get()).isValid() && toXml(list.get()).isEmpty()) {
+    if (list && list->toVariant().isValid() && list->toXml().isEmpty()) {
         std::abort();
     }
     return 0;

@@ -8,6 +8,8 @@
 
 namespace quorvantel::platform {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The values of the key "NSColorSpace".
@@ -22,77 +24,52 @@ enum ColorSpace : std::uint64_t {
 constexpr std::uint64_t standardRgbIdentifier = 7;
 
 /// No colour is written with more text than this.
-constexpr std::uint64_t maximumComponentsSize = 256;
+constexpr qsizetype maximumComponentsSize = 256;
 
-plist_t entry(plist_t dictionary, const char* key) {
-    return dictionary != nullptr && plist_get_node_type(dictionary) == PLIST_DICT
-               ? plist_dict_get_item(dictionary, key)
-               : nullptr;
+QVariant entry(const QVariant& dictionary, QLatin1StringView key) {
+    return dictionary.toMap().value(key);
 }
 
-std::optional<std::uint64_t> unsignedNumber(plist_t node) {
-    if (node == nullptr || plist_get_node_type(node) != PLIST_UINT) {
-        return std::nullopt;
-    }
-    std::uint64_t number = 0;
-    plist_get_uint_val(node, &number);
-    return number;
+std::optional<std::uint64_t> unsignedNumber(const QVariant& value) {
+    const bool isWhole = value.typeId() == QMetaType::LongLong && value.toLongLong() >= 0;
+    return isWhole || value.typeId() == QMetaType::ULongLong
+               ? std::optional<std::uint64_t>(value.toULongLong())
+               : std::nullopt;
 }
 
-bool isText(plist_t node, QByteArrayView text) {
-    if (node == nullptr || plist_get_node_type(node) != PLIST_STRING) {
-        return false;
-    }
-    std::uint64_t length = 0;
-    const char* const characters = plist_get_string_ptr(node, &length);
-    return QByteArrayView(characters, static_cast<qsizetype>(length)) == text;
-}
-
-/// A reference to another object: a type of its own in binary lists, a dictionary in XML.
-std::optional<std::uint64_t> reference(plist_t node) {
-    if (node == nullptr || plist_get_node_type(node) != PLIST_UID) {
-        return unsignedNumber(entry(node, "CF$UID"));
-    }
-    std::uint64_t index = 0;
-    plist_get_uid_val(node, &index);
-    return index;
+bool isText(const QVariant& value, QLatin1StringView text) {
+    return value.typeId() == QMetaType::QString && value.toString() == text;
 }
 
 /// The objects of a keyed archive, which refer to each other by their position. References are
 /// followed one at a time, never in a loop, so circular ones do no harm.
 class ArchivedObjects {
 public:
-    explicit ArchivedObjects(plist_t archive) : m_objects(entry(archive, "$objects")) {}
+    explicit ArchivedObjects(const QVariant& archive)
+        : m_objects(entry(archive, "$objects"_L1).toList()) {}
 
-    /// What `node` refers to; null when it is no reference or leads outside the archive.
-    plist_t follow(plist_t node) const {
-        const auto index = reference(node);
-        if (!index || m_objects == nullptr || plist_get_node_type(m_objects) != PLIST_ARRAY ||
-            *index >= plist_array_get_size(m_objects)) {
-            return nullptr;
-        }
-        return plist_array_get_item(m_objects, static_cast<std::uint32_t>(*index));
+    /// What `reference` refers to; nothing when it is no reference or leads outside the archive.
+    QVariant follow(const QVariant& reference) const {
+        const auto index = unsignedNumber(entry(reference, "CF$UID"_L1));
+        return index && *index < static_cast<std::uint64_t>(m_objects.size())
+                   ? m_objects[static_cast<qsizetype>(*index)]
+                   : QVariant();
     }
 
-    bool isOfClass(plist_t object, QByteArrayView name) const {
-        return isText(entry(follow(entry(object, "$class")), "$classname"), name);
+    bool isOfClass(const QVariant& object, QLatin1StringView name) const {
+        return isText(entry(follow(entry(object, "$class"_L1)), "$classname"_L1), name);
     }
 
 private:
-    plist_t m_objects;
+    QVariantList m_objects;
 };
 
 /// Decimal numbers in ASCII, separated by spaces and possibly ended by a null character.
-std::optional<std::vector<double>> componentNumbers(plist_t node) {
-    if (node == nullptr || plist_get_node_type(node) != PLIST_DATA) {
+std::optional<std::vector<double>> componentNumbers(const QVariant& value) {
+    QByteArray text = value.toByteArray();
+    if (value.typeId() != QMetaType::QByteArray || text.size() > maximumComponentsSize) {
         return std::nullopt;
     }
-    std::uint64_t size = 0;
-    const char* const bytes = plist_get_data_ptr(node, &size);
-    if (size > maximumComponentsSize) {
-        return std::nullopt;
-    }
-    QByteArray text(bytes, static_cast<qsizetype>(size));
     if (const auto end = text.indexOf('\0'); end >= 0) {
         text.truncate(end);
     }
@@ -107,16 +84,16 @@ std::optional<std::vector<double>> componentNumbers(plist_t node) {
     return numbers;
 }
 
-std::optional<ColorComponents> rgb(plist_t node) {
-    const auto numbers = componentNumbers(node);
+std::optional<ColorComponents> rgb(const QVariant& value) {
+    const auto numbers = componentNumbers(value);
     if (!numbers || numbers->size() < 3) {
         return std::nullopt;
     }
     return ColorComponents{(*numbers)[0], (*numbers)[1], (*numbers)[2]};
 }
 
-std::optional<ColorComponents> white(plist_t node) {
-    const auto numbers = componentNumbers(node);
+std::optional<ColorComponents> white(const QVariant& value) {
+    const auto numbers = componentNumbers(value);
     if (!numbers || numbers->empty()) {
         return std::nullopt;
     }
@@ -125,38 +102,39 @@ std::optional<ColorComponents> white(plist_t node) {
 
 /// The components of a colour that was made in the sRGB space; its "NSRGB" holds them converted to
 /// the calibrated space, for readers that know no other.
-std::optional<ColorComponents> standardRgb(const ArchivedObjects& objects, plist_t color) {
-    plist_t const space = objects.follow(entry(color, "NSCustomColorSpace"));
-    if (!objects.isOfClass(space, "NSColorSpace") ||
-        unsignedNumber(entry(space, "NSID")) != standardRgbIdentifier) {
+std::optional<ColorComponents> standardRgb(const ArchivedObjects& objects, const QVariant& color) {
+    const QVariant space = objects.follow(entry(color, "NSCustomColorSpace"_L1));
+    if (!objects.isOfClass(space, "NSColorSpace"_L1) ||
+        unsignedNumber(entry(space, "NSID"_L1)) != standardRgbIdentifier) {
         return std::nullopt;
     }
-    return rgb(entry(color, "NSComponents"));
+    return rgb(entry(color, "NSComponents"_L1));
 }
 
 } // namespace
 
 std::optional<ColorComponents> decodeColorArchive(const QByteArray& archive) {
-    const PropertyList list = parsePropertyList(archive);
-    if (!list || !isText(entry(list.get(), "$archiver"), "NSKeyedArchiver")) {
+    const auto list = PropertyList::parse(archive);
+    const QVariant root = list ? list->toVariant() : QVariant();
+    if (!isText(entry(root, "$archiver"_L1), "NSKeyedArchiver"_L1)) {
         return std::nullopt;
     }
-    const ArchivedObjects objects(list.get());
-    plist_t const color = objects.follow(entry(entry(list.get(), "$top"), "root"));
-    if (!objects.isOfClass(color, "NSColor")) {
+    const ArchivedObjects objects(root);
+    const QVariant color = objects.follow(entry(entry(root, "$top"_L1), "root"_L1));
+    if (!objects.isOfClass(color, "NSColor"_L1)) {
         return std::nullopt;
     }
-    switch (unsignedNumber(entry(color, "NSColorSpace"))
+    switch (unsignedNumber(entry(color, "NSColorSpace"_L1))
                 .value_or(std::numeric_limits<std::uint64_t>::max())) {
     case CalibratedRgb:
     case DeviceRgb:
         if (const auto components = standardRgb(objects, color)) {
             return components;
         }
-        return rgb(entry(color, "NSRGB"));
+        return rgb(entry(color, "NSRGB"_L1));
     case CalibratedWhite:
     case DeviceWhite:
-        return white(entry(color, "NSWhite"));
+        return white(entry(color, "NSWhite"_L1));
     default:
         return std::nullopt;
     }

@@ -32,11 +32,11 @@ std::optional<QVariantMap> PropertyListBundleReader::infoDictionary(const QStrin
     if (bytes == nullptr) {
         return std::nullopt;
     }
-    const PropertyList list = parsePropertyList(*bytes);
-    if (!list || plist_get_node_type(list.get()) != PLIST_DICT) {
+    const auto list = PropertyList::parse(*bytes);
+    if (!list || !list->isDictionary()) {
         return std::nullopt;
     }
-    return toVariant(list.get()).toMap();
+    return list->toVariant().toMap();
 }
 
 QString PropertyListBundleReader::localizedName(const QString& /*path*/,

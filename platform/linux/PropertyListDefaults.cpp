@@ -6,7 +6,6 @@
 
 #include <QFile>
 
-#include <type_traits>
 #include <utility>
 
 namespace quorvantel::platform {
@@ -17,18 +16,18 @@ constexpr qint64 maximumSize = qint64{1024} * 1024;
 
 /// What stands at the path of the settings: a dictionary, empty when there is no file; nothing
 /// when the file is damaged; or why it cannot be read.
-using Stored = std::variant<PropertyList, FileError>;
+using Stored = std::variant<std::optional<PropertyList>, FileError>;
 
 Stored readDictionary(const QString& path) {
     const FileContent content = readRegularFile(path, maximumSize);
     if (const auto* error = std::get_if<FileError>(&content)) {
         if (*error == FileError::Missing) {
-            return PropertyList(plist_new_dict());
+            return PropertyList::dictionary();
         }
         return *error;
     }
-    PropertyList list = parsePropertyList(std::get<QByteArray>(content));
-    if (list && plist_get_node_type(list.get()) != PLIST_DICT) {
+    auto list = PropertyList::parse(std::get<QByteArray>(content));
+    if (list && !list->isDictionary()) {
         list.reset();
     }
     return list;
@@ -52,37 +51,6 @@ UserDefaults::Value fromVariant(const QVariant& value) {
     }
 }
 
-plist_t toNode(bool value) {
-    return plist_new_bool(value ? 1 : 0);
-}
-
-plist_t toNode(std::int64_t value) {
-    // libplist takes the bits of a negative number, and writes it as one.
-    return plist_new_uint(static_cast<std::uint64_t>(value));
-}
-
-plist_t toNode(double value) {
-    return plist_new_real(value);
-}
-
-plist_t toNode(const QString& value) {
-    return plist_new_string(value.toUtf8().constData());
-}
-
-plist_t toNode(const QByteArray& value) {
-    return plist_new_data(value.constData(), static_cast<std::uint64_t>(value.size()));
-}
-
-void assign(plist_t dictionary, const QString& key, const UserDefaults::Value& value) {
-    std::visit(
-        [&](const auto& held) {
-            if constexpr (!std::is_same_v<std::decay_t<decltype(held)>, UserDefaults::Other>) {
-                plist_dict_set_item(dictionary, key.toUtf8().constData(), toNode(held));
-            }
-        },
-        value);
-}
-
 /// Moves a damaged file out of the way under a name that is free, so that nothing in it is lost.
 bool setAside(const QString& path) {
     QString name = path + QStringLiteral(".damaged");
@@ -104,12 +72,12 @@ PropertyListDefaults::PropertyListDefaults(QString path) : m_path(std::move(path
         reportOnce(Problem::Reading, describe(*error));
         return;
     }
-    const auto& list = std::get<PropertyList>(stored);
+    const auto& list = std::get<std::optional<PropertyList>>(stored);
     if (!list) {
         reportOnce(Problem::Reading, QStringLiteral("damaged"));
         return;
     }
-    const QVariantMap values = toVariant(list.get()).toMap();
+    const QVariantMap values = list->toVariant().toMap();
     for (auto value = values.cbegin(); value != values.cend(); ++value) {
         m_stored.insert(value.key(), fromVariant(value.value()));
     }
@@ -139,7 +107,7 @@ void PropertyListDefaults::setAll(const QMap<QString, Value>& values) {
 
 bool PropertyListDefaults::write() {
     Stored stored = readDictionary(m_path);
-    auto* list = std::get_if<PropertyList>(&stored);
+    auto* list = std::get_if<std::optional<PropertyList>>(&stored);
     if (list == nullptr) {
         return false;
     }
@@ -147,13 +115,13 @@ bool PropertyListDefaults::write() {
         if (!setAside(m_path)) {
             return false;
         }
-        list->reset(plist_new_dict());
+        *list = PropertyList::dictionary();
     }
     // All that this run has set, since an earlier write may have failed.
     for (auto value = m_assigned.cbegin(); value != m_assigned.cend(); ++value) {
-        assign(list->get(), value.key(), value.value());
+        (*list)->insert(value.key(), value.value());
     }
-    return replacePrivateFile(m_path, toXml(list->get()));
+    return replacePrivateFile(m_path, (*list)->toXml());
 }
 
 void PropertyListDefaults::reportOnce(Problem problem, const QString& description) {

@@ -14,19 +14,6 @@ constexpr int maximumContainers = 5'000;
 constexpr int maximumNodes = 20'000;
 constexpr std::uint64_t maximumTreeBytes = 16'777'216;
 
-/// Counts every opening tag, also those in comments: what is nested is at most what is opened.
-bool isHarmlessXml(QByteArrayView content) {
-    int containers = 0;
-    for (qsizetype at = content.indexOf('<'); at >= 0; at = content.indexOf('<', at + 1)) {
-        const QByteArrayView tag = content.sliced(at);
-        if ((tag.startsWith("<array") || tag.startsWith("<dict")) &&
-            ++containers > maximumContainers) {
-            return false;
-        }
-    }
-    return true;
-}
-
 /// The object table of a binary property list: objects that refer to each other by number, an
 /// offset table, and a trailer of 32 bytes that says where that is.
 class ObjectTable {
@@ -193,10 +180,20 @@ private:
 
 } // namespace
 
-bool isHarmlessPropertyList(QByteArrayView content) {
-    if (!content.startsWith("bplist")) {
-        return isHarmlessXml(content);
+bool isHarmlessXmlList(QByteArrayView content) {
+    // Also the tags in comments count: what is nested is at most what is opened.
+    int containers = 0;
+    for (qsizetype at = content.indexOf('<'); at >= 0; at = content.indexOf('<', at + 1)) {
+        const QByteArrayView tag = content.sliced(at);
+        if ((tag.startsWith("<array") || tag.startsWith("<dict")) &&
+            ++containers > maximumContainers) {
+            return false;
+        }
     }
+    return true;
+}
+
+bool isHarmlessBinaryList(QByteArrayView content) {
     const std::optional<ObjectTable> table = ObjectTable::find(content);
     return table && table->isHarmless();
 }

@@ -7,6 +7,7 @@
 #include <QFile>
 
 #include <gtest/gtest.h>
+#include <plist/plist.h>
 #include <sys/stat.h>
 
 #include <cstdlib>
@@ -59,10 +60,12 @@ QByteArray nestedBinaryList(int depth, int references) {
 }
 
 QByteArray toBinary(const QByteArray& xml) {
-    const PropertyList list = parsePropertyList(xml);
+    plist_t list = nullptr;
+    plist_from_xml(xml.constData(), static_cast<std::uint32_t>(xml.size()), &list);
     char* bytes = nullptr;
     std::uint32_t size = 0;
-    plist_to_bin(list.get(), &bytes, &size);
+    plist_to_bin(list, &bytes, &size);
+    plist_free(list);
     const QByteArray binary(bytes, size);
     std::free(bytes);
     return binary;
@@ -118,7 +121,9 @@ TEST_F(PropertyListBundleReaderTest, FindsNoDictionaryInDamagedLists) {
     EXPECT_FALSE(read(xml.chopped(20)));
     EXPECT_FALSE(read(toBinary(xml).chopped(20)));
     EXPECT_FALSE(read(xmlList("<array/>")));
-    EXPECT_FALSE(read("hello"));
+    for (const QByteArray other : {"hello", "{\"a\": \"b\"}", "{ a = b; }", "[[[1]]]"}) {
+        EXPECT_FALSE(PropertyList::parse(other)) << other.constData();
+    }
     EXPECT_FALSE(read(xml + QByteArray(1024 * 1024, ' ')));
 }
 
@@ -127,13 +132,13 @@ TEST_F(PropertyListBundleReaderTest, SurvivesListsThatAreNestedBeyondReason) {
     EXPECT_FALSE(read(xmlList("<dict><key>a</key>" + QByteArray("<array>").repeated(depth) +
                               QByteArray("</array>").repeated(depth) + "</dict>")));
     EXPECT_FALSE(read(QByteArray("<plist>") + QByteArray("<array>").repeated(100'000)));
-    EXPECT_FALSE(parsePropertyList(nestedBinaryList(100'000, 1)));
-    EXPECT_TRUE(parsePropertyList(nestedBinaryList(10, 2)));
-    EXPECT_FALSE(parsePropertyList(nestedBinaryList(100, 2)));
+    EXPECT_FALSE(PropertyList::parse(nestedBinaryList(100'000, 1)));
+    EXPECT_TRUE(PropertyList::parse(nestedBinaryList(10, 2)));
+    EXPECT_FALSE(PropertyList::parse(nestedBinaryList(100, 2)));
 }
 
 TEST_F(PropertyListBundleReaderTest, SurvivesBinaryListsThatLie) {
-    EXPECT_FALSE(parsePropertyList(binaryList({QByteArray("\xA1") + bigEndian(0, 4)})));
+    EXPECT_FALSE(PropertyList::parse(binaryList({QByteArray("\xA1") + bigEndian(0, 4)})));
     const QByteArray cycle = QByteArray("\xD1") + bigEndian(1, 4) + bigEndian(0, 4);
     EXPECT_FALSE(read(binaryList({cycle, "\x51k"})));
     const QByteArray pair = QByteArray("\xD1") + bigEndian(1, 4) + bigEndian(1, 4);
@@ -141,11 +146,11 @@ TEST_F(PropertyListBundleReaderTest, SurvivesBinaryListsThatLie) {
     EXPECT_FALSE(read(binaryList({pair, QByteArray("\x52k\0", 3)})));
     EXPECT_FALSE(read(binaryList({pair, QByteArray("\x61\0\0", 3)})));
     const QByteArray hugeCount = QByteArray("\xAF\x13") + QByteArray(8, '\xFF');
-    EXPECT_FALSE(parsePropertyList(binaryList({hugeCount})));
+    EXPECT_FALSE(PropertyList::parse(binaryList({hugeCount})));
     const QByteArray longText = QByteArray("\x5F\x12") + bigEndian(500'000, 4);
     QByteArray many = QByteArray("\xAF\x11") + bigEndian(10'000, 2);
     many += bigEndian(1, 4).repeated(10'000);
-    EXPECT_FALSE(parsePropertyList(binaryList({many, longText + QByteArray(500'000, 'x')})));
+    EXPECT_FALSE(PropertyList::parse(binaryList({many, longText + QByteArray(500'000, 'x')})));
 }
 
 TEST_F(PropertyListBundleReaderTest, ReadsRegularFilesOnly) {

@@ -19,7 +19,8 @@ using Value = UserDefaults::Value;
 class PropertyListDefaultsTest : public ::testing::Test {
 protected:
     QVariantMap onDisk() const {
-        return toVariant(parsePropertyList(readFile(path)).get()).toMap();
+        const auto list = PropertyList::parse(readFile(path));
+        return list ? list->toVariant().toMap() : QVariantMap();
     }
 
     const QString path = PropertyListDefaults::standardPath();
