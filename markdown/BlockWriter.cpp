@@ -1,6 +1,5 @@
 #include "markdown/BlockWriter.h"
 
-#include "markdown/CheckBoxes.h"
 #include "markdown/TextRole.h"
 
 #include <algorithm>
@@ -9,7 +8,6 @@ namespace quorvantel::markdown {
 
 namespace {
 
-constexpr int maximumBlocks = 8'000;
 constexpr int maximumCells = 8'000;
 /// A one-cell table costs the layout more than the cell of a larger one does.
 constexpr int cellsPerFrame = 8;
@@ -19,13 +17,25 @@ constexpr std::size_t maximumFrameDepth = 4;
 /// In a block without text. An empty block next to a table would be laid out beside it.
 const QString blockKeeper(QChar(0x200B));
 
+/// Empty for an item that is no task.
+QString textOf(QTextBlockFormat::MarkerType box) {
+    switch (box) {
+    case QTextBlockFormat::MarkerType::Checked:
+        return QStringLiteral(u"\u2611\u00A0 ");
+    case QTextBlockFormat::MarkerType::Unchecked:
+        return QStringLiteral(u"\u2610\u00A0 ");
+    case QTextBlockFormat::MarkerType::NoMarker:
+        break;
+    }
+    return {};
+}
+
 } // namespace
 
 BlockWriter::BlockWriter(TextWriter& text, const DocumentStyler& styler)
-    : m_text(text), m_styler(styler), m_blocks(maximumBlocks), m_cells(maximumCells) {}
+    : m_text(text), m_styler(styler), m_cells(maximumCells) {}
 
 void BlockWriter::start(BlockRole role, QTextBlockFormat format) {
-    --m_blocks;
     const bool isTight = role == BlockRole::Paragraph && m_lists.isTight();
     format.setProperty(blockRoleProperty, static_cast<int>(isTight ? BlockRole::TightItem : role));
     const std::optional<OpenLists::Item> item = m_lists.takePendingItem();
@@ -36,8 +46,9 @@ void BlockWriter::start(BlockRole role, QTextBlockFormat format) {
     if (!item->number.isEmpty()) {
         format.setProperty(hangingMarkerProperty, item->number);
     }
+    const QString box = textOf(item->box);
     if (item->hasBoxForBullet()) {
-        format.setMarker(item->box);
+        format.setProperty(hangingMarkerProperty, box);
     }
     if (item->isMarkedByDocument()) {
         // The list itself indents its blocks.
@@ -46,9 +57,8 @@ void BlockWriter::start(BlockRole role, QTextBlockFormat format) {
         placeBlock(format, m_lists.indent());
         m_text.insert(item->number);
     }
-    if (item->isTask()) {
-        addCheckBox(item->box);
-    }
+    m_text.insert(box, item->box == QTextBlockFormat::MarkerType::Checked ? TextRole::checkedBox
+                                                                          : TextRole::uncheckedBox);
 }
 
 QTextBlockFormat BlockWriter::placeBlock(QTextBlockFormat format, int indent) {
@@ -63,14 +73,6 @@ QTextBlockFormat BlockWriter::placeBlock(QTextBlockFormat format, int indent) {
     }
     m_isBlockFresh = false;
     return format;
-}
-
-void BlockWriter::addCheckBox(QTextBlockFormat::MarkerType box) {
-    QTextCharFormat format =
-        m_text.format(box == QTextBlockFormat::MarkerType::Checked ? TextRole::checkedBox
-                                                                   : TextRole::uncheckedBox);
-    format.setObjectType(CheckBoxes::objectType);
-    m_text.insertObject(format);
 }
 
 void BlockWriter::addCode(const QString& text) {

@@ -13,14 +13,14 @@
 namespace quorvantel::markdown {
 
 /// Writes the blocks of a document, in the lists and frames that they are in. It writes only so
-/// many of them, as a document's layout takes time for each.
+/// many frames and cells of tables, as a document's layout takes time for each.
 class BlockWriter {
 public:
     /// The writer of text, whose cursor it moves, and the styler must outlive it.
     BlockWriter(TextWriter& text, const DocumentStyler& styler);
 
     /// Whether nothing more may be written but the remark.
-    bool isExhausted() const { return m_blocks <= 0 || m_cells <= 0; }
+    bool isExhausted() const { return m_cells <= 0; }
 
     /// Starts a block, in which an item of a list begins if one is to; text follows.
     void start(BlockRole role, QTextBlockFormat format = {});
@@ -64,7 +64,6 @@ private:
     /// Starts a block of that format, indented and styled, which it returns.
     QTextBlockFormat placeBlock(QTextBlockFormat format, int indent);
     void flushItem();
-    void addCheckBox(QTextBlockFormat::MarkerType box);
     void openFrame(FrameRole role, int rows, int columns);
     void markLastBlock(int property);
 
@@ -74,8 +73,7 @@ private:
     std::vector<OpenFrame> m_frames;
     /// The cursor is in a block that nothing has claimed.
     bool m_isBlockFresh = true;
-    /// How much more may be written.
-    int m_blocks;
+    /// How many more may be written.
     int m_cells;
 };
 

@@ -1,6 +1,5 @@
 #include "markdown/DocumentBuilder.h"
 
-#include "markdown/CheckBoxes.h"
 #include "markdown/CmarkIterator.h"
 #include "markdown/DocumentImages.h"
 #include "markdown/NodeText.h"
@@ -16,11 +15,11 @@ namespace quorvantel::markdown {
 
 namespace {
 
-/// Has a document draw objects of a type by a handler that it owns.
-template <typename Handler>
-Handler& drawnBy(QTextDocument& document, Handler* handler) {
-    document.documentLayout()->registerHandler(Handler::objectType, handler);
-    return *handler;
+/// The images of a document, which owns them and draws them.
+DocumentImages& imagesOf(QTextDocument& document, const QUrl& baseUrl) {
+    auto* const images = new DocumentImages(baseUrl, &document);
+    document.documentLayout()->registerHandler(DocumentImages::objectType, images);
+    return *images;
 }
 
 bool isTableRow(cmark_node* node) {
@@ -48,9 +47,7 @@ DocumentBuilder::DocumentBuilder(QTextDocument& document, const QUrl& baseUrl,
                                  const DocumentStyler& styler)
     : m_text(document, styler),
       m_blocks(m_text, styler),
-      m_inlines(m_text, drawnBy(document, new DocumentImages(baseUrl, &document))) {
-    drawnBy(document, new CheckBoxes(&document));
-}
+      m_inlines(m_text, imagesOf(document, baseUrl)) {}
 
 void DocumentBuilder::build(const CmarkTree& tree, bool isTruncated) {
     m_text.cursor().beginEditBlock();

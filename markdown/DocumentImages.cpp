@@ -17,8 +17,7 @@ namespace quorvantel::markdown {
 namespace {
 
 constexpr qint64 maximumFileSize = qint64{32} * 1024 * 1024;
-constexpr qsizetype maximumPixelsPerImage = 40'000'000;
-constexpr qsizetype maximumPixelsInAll = 120'000'000;
+constexpr qsizetype maximumPixels = 40'000'000;
 /// Narrower than this, an image is no longer scaled down with the text.
 constexpr double minimumWidth = 40;
 
@@ -56,7 +55,6 @@ bool DocumentImages::load(const QString& source) {
     auto entry = m_entries.find(source);
     if (entry == m_entries.end()) {
         entry = m_entries.insert(source, Entry{read(source), {}});
-        m_pixels += qsizetype{entry->image.width()} * entry->image.height();
     }
     return !entry->image.isNull();
 }
@@ -90,9 +88,7 @@ QImage DocumentImages::decode(const QString& path) const {
     QImageReader reader(&buffer, format);
     reader.setAutoTransform(true);
     const QSize size = reader.size();
-    const qsizetype pixels = qsizetype{size.width()} * size.height();
-    if (!size.isValid() || pixels > maximumPixelsPerImage ||
-        m_pixels + pixels > maximumPixelsInAll) {
+    if (!size.isValid() || qsizetype{size.width()} * size.height() > maximumPixels) {
         return {};
     }
     return reader.read();

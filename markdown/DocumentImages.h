@@ -46,7 +46,6 @@ private:
 
     ContainedFolder m_folder;
     QHash<QString, Entry> m_entries;
-    qsizetype m_pixels = 0;
 };
 
 } // namespace quorvantel::markdown

@@ -1,7 +1,6 @@
 #include "markdown/DocumentStyler.h"
 
 #include "markdown/BlockRole.h"
-#include "markdown/CheckBoxes.h"
 #include "markdown/FrameRole.h"
 #include "markdown/TextRole.h"
 
@@ -142,8 +141,6 @@ void DocumentStyler::style(QTextBlockFormat& format) const {
     const QString marker = format.stringProperty(hangingMarkerProperty);
     if (!marker.isEmpty()) {
         format.setTextIndent(-QFontMetricsF(m_style.font).horizontalAdvance(marker));
-    } else if (format.marker() != QTextBlockFormat::MarkerType::NoMarker) {
-        format.setTextIndent(-em(CheckBoxes::advance));
     }
 }
 

@@ -19,9 +19,9 @@ namespace quorvantel::markdown {
 /// document's text. A link keeps its address only if that is relative, or http, https or mailto;
 /// following links is up to the caller. Headings are anchors, named like "getting-started".
 ///
-/// No text makes this fail, recurse deeply or run for long: what goes beyond 64 KiB or
-/// some thousands of blocks is left out, with a remark at the end, and what is nested very deeply
-/// is shown less deep.
+/// No text makes this fail, recurse deeply or run for long: what goes beyond 32 KiB or
+/// some thousands of a table's cells is left out, with a remark at the end, a table of very many
+/// columns is none, and what is nested very deeply is shown less deep.
 ///
 /// The document can be shown by any text view. Undo is off. Main thread only.
 std::unique_ptr<QTextDocument> renderMarkdown(const QByteArray& text, const QUrl& baseUrl,

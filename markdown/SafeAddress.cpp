@@ -4,17 +4,8 @@
 
 namespace quorvantel::markdown {
 
-namespace {
-
-constexpr qsizetype maximumAddress = 2'048;
-
-} // namespace
-
 QString safeAddress(const char* address) {
     const QString text = QString::fromUtf8(address);
-    if (text.size() > maximumAddress) {
-        return {};
-    }
     const QUrl url(text);
     const QString scheme = url.scheme();
     const bool isSafe =

@@ -29,9 +29,9 @@ TEST(MarkdownRenderer, ShowsEveryKindOfBlock) {
          "1. first\n  more\n  `code\n2. second\nafter"},
         // The document's own lists begin at one, so other numbers are text.
         {"7. seven\n8. eight\n", "  7.\u00A0 seven\n  8.\u00A0 eight"},
-        {"- [x] done\n- [ ] open\n- plain\n", "  [x]\uFFFCdone\n  [ ]\uFFFCopen\n• plain"},
+        {"- [x] done\n- [ ] open\n- plain\n", "  ☑\u00A0 done\n  ☐\u00A0 open\n• plain"},
         {"1. a\n2. [x] b\n3. c\n\n***\n\n5. [ ] d\n6. e\n",
-         "1. a\n2. \uFFFCb\n3. c\n---\n  5.\u00A0 \uFFFCd\n  6.\u00A0 e"},
+         "1. a\n2. ☑\u00A0 b\n3. c\n---\n  5.\u00A0 ☐\u00A0 d\n  6.\u00A0 e"},
         {"| L | C | R | N |\n|:--|:-:|--:|---|\n| a | *b* | c \\| d | |\n| only |\n",
          "|<L\n|=C\n|>R\n|<N\n|<a\n|=b\n|>c | d\n|<only"},
         {"```cpp\nif (a &lt; b) {\n    *x*\n\n}\n```\n\n    indented\n      more\n",

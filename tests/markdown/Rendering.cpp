@@ -84,10 +84,7 @@ QString markerOf(const QTextBlock& block) {
     if (format.hasProperty(QTextFormat::BlockTrailingHorizontalRulerWidth)) {
         return u"---"_s;
     }
-    const QString box = format.marker() == QTextBlockFormat::MarkerType::Checked     ? u"[x]"_s
-                        : format.marker() == QTextBlockFormat::MarkerType::Unchecked ? u"[ ]"_s
-                                                                                     : QString();
-    return levels(format.indent()) + QString(u'#').repeated(format.headingLevel()) + box;
+    return levels(format.indent()) + QString(u'#').repeated(format.headingLevel());
 }
 
 } // namespace
