@@ -36,12 +36,10 @@ seeds() {
 options() {
     case "$1" in
     DefaultsFuzzer | PropertyListFuzzer) echo -dict=fuzz/PropertyList.dict ;;
-    ScorerFuzzer) echo -max_len=200 ;;
-    *)
-        if [[ -e fuzz/${1%Fuzzer}.dict ]]; then
-            echo "-dict=fuzz/${1%Fuzzer}.dict"
-        fi
+    DesktopEntryFuzzer | HelpManifestFuzzer | IconFuzzer | RankingStoreFuzzer)
+        echo "-dict=fuzz/${1%Fuzzer}.dict"
         ;;
+    ScorerFuzzer) echo -max_len=200 ;;
     esac
 }
 
@@ -52,7 +50,7 @@ run() {
     option="$(options "$name")"
     mkdir -p "$work/corpus/$name" "$work/logs" "$findings"
     # shellcheck disable=SC2086 # Without an option there is no argument.
-    TMPDIR="$stage" "$work/fuzz/$name" -max_total_time="$seconds" -timeout=10 \
+    TMPDIR="$stage" "$work/fuzz/$name" -max_total_time="$seconds" -timeout=10 -max_len=4096 \
         -print_final_stats=1 -artifact_prefix="$findings/$name-" $option \
         "$work/corpus/$name" "$seed" >"$log" 2>&1 </dev/null || status=$?
     if ((status != 0)); then
