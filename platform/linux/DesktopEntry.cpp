@@ -23,16 +23,16 @@ Languages userLanguages() {
     return languages;
 }
 
-/// Whether a line is needed to tell whether the entry is installed, and its icon.
-bool isAboutIcon(QByteArrayView line) {
-    return line.startsWith("Icon") || line.startsWith("Hidden") || line.startsWith("TryExec") ||
-           line.startsWith('[');
-}
-
 bool startsGroup(QByteArrayView line) {
     const auto isSpace = [](char unit) { return unit == ' ' || (unit >= '\t' && unit <= '\r'); };
     const auto first = std::ranges::find_if_not(line, isSpace);
     return first != line.end() && *first == '[';
+}
+
+/// Whether a line is needed to tell whether the entry is installed, and its icon.
+bool isAboutIcon(QByteArrayView line) {
+    return line.startsWith("Icon") || line.startsWith("Hidden") || line.startsWith("TryExec") ||
+           startsGroup(line);
 }
 
 /// Whether a line holds a translation into another language than the user's.

@@ -215,8 +215,12 @@ TEST_F(IconThemeImageLoaderTest, WaitsForNoFifo) {
 TEST_F(IconThemeImageLoaderTest, WhatIsNoIconGivesNone) {
     testing::writeFile(path(u"broken.png"_s), "no picture");
     QImage(2049, 1, QImage::Format_Mono).save(path(u"huge.png"_s));
+    // One pixel on a screen of 65,281.
+    testing::writeFile(path(u"screen.gif"_s),
+                       QByteArray::fromHex("47494638396101ffbc000000002c00000000010001000002024401"
+                                           "0001043b"));
     EXPECT_FALSE(has(Image::iconTheme(u"absent"_s)));
-    for (const char* const name : {"broken.png", "huge.png", "absent.png", "24"}) {
+    for (const char* const name : {"broken.png", "huge.png", "screen.gif", "absent.png", "24"}) {
         const auto file = Image::file(path(QString::fromLatin1(name)));
         EXPECT_FALSE(has(file)) << name;
     }

@@ -20,20 +20,40 @@ namespace {
 constexpr qint64 maximumFileSize = qint64{8} * 1024 * 1024;
 constexpr qsizetype maximumSvgSize = qsizetype{1024} * 1024;
 constexpr int maximumSourcePixels = 2048;
+/// For so many pixels of eight bytes.
+constexpr int maximumMegabytes = 32;
 constexpr QByteArrayView gzipMagic("\x1f\x8b");
+
+/// Bounds, while it lives, the memory of each picture that is decoded. Some formats hold several,
+/// of which a reader asked for the size knows only one.
+class DecodingLimit {
+public:
+    DecodingLimit() { QImageReader::setAllocationLimit(maximumMegabytes); }
+    DecodingLimit(const DecodingLimit&) = delete;
+    DecodingLimit& operator=(const DecodingLimit&) = delete;
+    ~DecodingLimit() { QImageReader::setAllocationLimit(m_before); }
+
+private:
+    int m_before = QImageReader::allocationLimit();
+};
+
+bool isSmall(const QSize& size) {
+    return std::max(size.width(), size.height()) <= maximumSourcePixels;
+}
 
 bool isSupported(const QImageReader& reader) {
     const QByteArray format = reader.format();
     const QSize size = reader.size();
     return format != "svg" && format != "svgz" && format != "pdf" && !size.isEmpty() &&
-           std::max(size.width(), size.height()) <= maximumSourcePixels;
+           isSmall(size);
 }
 
 QImage decodeRaster(const QByteArray& content) {
     QBuffer buffer;
     buffer.setData(content);
     QImageReader reader(&buffer);
-    return isSupported(reader) ? reader.read() : QImage();
+    const QImage image = isSupported(reader) ? reader.read() : QImage();
+    return isSmall(image.size()) ? image : QImage();
 }
 
 bool isSmallRaster(const QByteArray& content) {
@@ -86,6 +106,7 @@ QImage readIcon(const QString& path, int pixels) {
 }
 
 QImage decodeIcon(const QByteArray& content, int pixels) {
+    const DecodingLimit limit;
     if (content.startsWith(gzipMagic)) {
         const std::optional<QByteArray> document = unpacked(content);
         return document ? decodeSvg(*document, pixels) : QImage();
