@@ -1,5 +1,5 @@
 #include "Fuzzing.h"
-#include "platform/ColorArchive.h"
+#include "platform/linux/KeyedColorArchive.h"
 #include "platform/linux/PropertyList.h"
 #include "platform/linux/PropertyListBundleReader.h"
 
@@ -10,7 +10,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     using namespace quorvantel::platform;
     const QByteArray content = bytesOf(data, size);
     const auto list = PropertyList::parse(content);
-    require(list || !decodeColorArchive(content));
+    require(list || !KeyedColorArchive().decode(content));
     const QVariant value = list ? list->toVariant() : QVariant();
     if (value.isValid()) {
         require(!list->toXml().isEmpty());

@@ -15,13 +15,15 @@ struct ColorComponents {
     friend bool operator==(const ColorComponents&, const ColorComponents&) = default;
 };
 
-/// Reads the colour out of a keyed archive (`NSKeyedArchiver`) of one `NSColor`, a property list in
-/// XML or binary form.
-///
-/// Calibrated and device RGB, sRGB and white are understood. The components are those of the
-/// archive: no colour management takes place, white gives three equal components, and opacity is
-/// dropped. Anything else, from another class of object to a damaged or malicious archive, is no
-/// colour. The archive may come from anyone.
-std::optional<ColorComponents> decodeColorArchive(const QByteArray& archive);
+/// Reads the colours that earlier versions stored.
+class ColorArchive {
+public:
+    virtual ~ColorArchive() = default;
+
+    /// The colour in the keyed archive (`NSKeyedArchiver`) of one `NSColor`, without its opacity.
+    /// Anything else, from another class of object to a damaged or malicious archive, is no colour.
+    /// The archive may come from anyone.
+    virtual std::optional<ColorComponents> decode(const QByteArray& archive) const = 0;
+};
 
 } // namespace quorvantel::platform

@@ -7,11 +7,13 @@ namespace quorvantel::platform {
 /// The identifier under which the system knows the launcher itself.
 inline constexpr QStringView launcherIdentifier = u"org.quorvantel.Quorvantel";
 
-/// The folder for the user's application data, without a trailing slash: Application Support on
-/// macOS, `$XDG_DATA_HOME` on Linux (XDG Base Directory Specification).
-QString applicationSupportDirectory();
+/// Where the system keeps the user's files.
+class Directories {
+public:
+    virtual ~Directories() = default;
 
-/// The folder for the user's settings, without a trailing slash: `$XDG_CONFIG_HOME` on Linux.
-QString configurationDirectory();
+    /// The folder for what applications store, without a trailing slash; it need not exist.
+    virtual QString applicationSupport() const = 0;
+};
 
 } // namespace quorvantel::platform

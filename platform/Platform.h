@@ -3,6 +3,8 @@
 #include "platform/ApplicationRequests.h"
 #include "platform/BundleReader.h"
 #include "platform/ClickMonitor.h"
+#include "platform/ColorArchive.h"
+#include "platform/Directories.h"
 #include "platform/GlobalHotKeys.h"
 #include "platform/ImageLoader.h"
 #include "platform/InstalledApplications.h"
@@ -12,6 +14,7 @@
 #include "platform/Screens.h"
 #include "platform/SettingsPanels.h"
 #include "platform/SystemAppearance.h"
+#include "platform/UserDefaults.h"
 #include "platform/WindowActivator.h"
 #include "platform/WindowBackdrop.h"
 #include "platform/WindowFrame.h"
@@ -26,6 +29,9 @@ class Platform {
 public:
     virtual ~Platform() = default;
 
+    virtual Directories& directories() = 0;
+    virtual UserDefaults& userDefaults() = 0;
+    virtual ColorArchive& colorArchive() = 0;
     virtual BundleReader& bundleReader() = 0;
     virtual InstalledApplications& installedApplications() = 0;
     virtual SettingsPanels& settingsPanels() = 0;

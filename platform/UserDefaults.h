@@ -43,8 +43,4 @@ std::int64_t integerValue(const UserDefaults::Value& value);
 /// number but zero, also as a text.
 bool booleanValue(const UserDefaults::Value& value);
 
-/// The defaults of this application for the current user; opened on first use and kept until the
-/// program ends.
-UserDefaults& standardUserDefaults();
-
 } // namespace quorvantel::platform

@@ -32,6 +32,11 @@ HotKeyBinding load(const platform::UserDefaults& defaults) {
 
 } // namespace
 
+AppSettings& AppSettings::shared(platform::UserDefaults& defaults) {
+    static AppSettings instance(defaults);
+    return instance;
+}
+
 AppSettings::AppSettings(platform::UserDefaults& defaults, QObject* parent)
     : QObject(parent), m_defaults(defaults), m_hotKeyBinding(load(defaults)) {}
 

@@ -18,9 +18,9 @@ class AppSettings : public QObject {
     Q_OBJECT
 
 public:
-    /// The instance that the whole application shares, over the standard defaults; made on first
-    /// use.
-    static AppSettings& shared();
+    /// The instance that the whole application shares, made on first use over the defaults that are
+    /// given then, which must outlive every use of it.
+    static AppSettings& shared(platform::UserDefaults& defaults);
 
     /// Loads the binding; writes nothing. `defaults` must outlive the settings.
     explicit AppSettings(platform::UserDefaults& defaults, QObject* parent = nullptr);

@@ -1,6 +1,5 @@
 #include "shell/QuorvantelApp.h"
 
-#include "platform/Directories.h"
 #include "shell/TerminationSignals.h"
 
 #include <QApplication>
@@ -10,8 +9,9 @@ namespace quorvantel {
 
 QuorvantelApp::QuorvantelApp(platform::Platform& platform)
     : m_platform(platform),
-      m_delegate(platform, AppSettings::shared(), ThemeManager::shared(),
-                 platform::applicationSupportDirectory() + QStringLiteral("/Quorvantel")) {}
+      m_delegate(platform, AppSettings::shared(platform.userDefaults()),
+                 ThemeManager::shared(platform.userDefaults(), platform.colorArchive()),
+                 platform.directories().applicationSupport() + QStringLiteral("/Quorvantel")) {}
 
 int QuorvantelApp::run() {
     const TerminationSignals signals([] { QApplication::quit(); });

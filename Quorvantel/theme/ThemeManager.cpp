@@ -95,6 +95,13 @@ QString hexText(const platform::ColorComponents& color) {
 
 } // namespace
 
+ThemeManager& ThemeManager::shared(platform::UserDefaults& defaults,
+                                   const platform::ColorArchive& archive) {
+    static ThemeManager instance(
+        defaults, [&archive](const QByteArray& data) { return archive.decode(data); });
+    return instance;
+}
+
 ThemeManager::ThemeManager(platform::UserDefaults& defaults, ColorArchiveDecoder decodeColorArchive,
                            QObject* parent)
     : QObject(parent), m_defaults(defaults) {

@@ -21,9 +21,10 @@ class ThemeManager : public QObject {
 public:
     enum class Appearance { Light, Dark, Auto };
 
-    /// The instance that the whole application shares, over the standard defaults; made on first
-    /// use.
-    static ThemeManager& shared();
+    /// The instance that the whole application shares, made on first use from what is given then.
+    /// `defaults` must outlive every use of it.
+    static ThemeManager& shared(platform::UserDefaults& defaults,
+                                const platform::ColorArchive& archive);
 
     /// Reads the colour out of what earlier versions stored as the accent; absent when it is none.
     using ColorArchiveDecoder =

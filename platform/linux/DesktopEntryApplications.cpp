@@ -1,8 +1,8 @@
 #include "platform/linux/DesktopEntryApplications.h"
 
-#include "platform/Directories.h"
 #include "platform/PrivateFile.h"
 #include "platform/linux/TypedNames.h"
+#include "platform/linux/XdgDirectories.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -216,7 +216,8 @@ QStringList DesktopEntryApplications::standardDirectories() {
     if (shared.isEmpty()) {
         shared = QByteArrayLiteral("/usr/local/share:/usr/share");
     }
-    QStringList directories{applicationSupportDirectory() + QStringLiteral("/applications")};
+    QStringList directories{XdgDirectories().applicationSupport() +
+                            QStringLiteral("/applications")};
     for (const QByteArray& name : shared.split(':')) {
         const QString directory = QFile::decodeName(name);
         if (QDir::isAbsolutePath(directory)) {

@@ -1,8 +1,8 @@
 #include "platform/linux/PropertyListDefaults.h"
 
-#include "platform/Directories.h"
 #include "platform/PrivateFile.h"
 #include "platform/linux/PropertyList.h"
+#include "platform/linux/XdgDirectories.h"
 
 #include <QFile>
 
@@ -63,7 +63,7 @@ bool setAside(const QString& path) {
 } // namespace
 
 QString PropertyListDefaults::standardPath() {
-    return configurationDirectory() + QStringLiteral("/Quorvantel/defaults.plist");
+    return XdgDirectories().configuration() + QStringLiteral("/Quorvantel/defaults.plist");
 }
 
 PropertyListDefaults::PropertyListDefaults(QString path) : m_path(std::move(path)) {

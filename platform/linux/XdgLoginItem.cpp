@@ -1,8 +1,8 @@
 #include "platform/linux/XdgLoginItem.h"
 
-#include "platform/Directories.h"
 #include "platform/PrivateFile.h"
 #include "platform/linux/DesktopEntry.h"
+#include "platform/linux/XdgDirectories.h"
 
 #include <QDebug>
 #include <QFile>
@@ -38,7 +38,7 @@ QString entryFor(const QString& program) {
 
 XdgLoginItem::XdgLoginItem(QString program, std::function<void(const QString&)> tell)
     : m_program(std::move(program)),
-      m_path(configurationDirectory() + QStringLiteral("/autostart/") + launcherIdentifier +
+      m_path(XdgDirectories().configuration() + QStringLiteral("/autostart/") + launcherIdentifier +
              QStringLiteral(".desktop")),
       m_tell(std::move(tell)) {}
 

@@ -18,7 +18,6 @@ namespace quorvantel {
 namespace {
 
 using testing::FakePlatform;
-using testing::MemoryDefaults;
 
 class AppDelegateTest : public ::testing::Test {
 protected:
@@ -51,9 +50,8 @@ protected:
     }
 
     FakePlatform platform;
-    MemoryDefaults defaults;
-    AppSettings settings{defaults};
-    ThemeManager themeManager{defaults};
+    AppSettings settings{platform.defaults};
+    ThemeManager themeManager{platform.defaults};
     QTemporaryDir directory;
     double now = 1000;
     AppDelegate delegate{platform, settings, themeManager, directory.path(),

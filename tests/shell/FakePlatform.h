@@ -9,6 +9,7 @@
 #include "support/FakeScreens.h"
 #include "support/FakeWindowActivator.h"
 #include "support/FakeWindowFrame.h"
+#include "support/MemoryDefaults.h"
 #include "support/ScriptedKeyCapture.h"
 
 namespace quorvantel::testing {
@@ -104,9 +105,22 @@ public:
     bool enabled = false;
 };
 
+class FakeDirectories : public platform::Directories {
+public:
+    QString applicationSupport() const override { return {}; }
+};
+
+class NoColorArchive : public platform::ColorArchive {
+public:
+    std::optional<platform::ColorComponents> decode(const QByteArray&) const override { return {}; }
+};
+
 /// A desktop that the test controls.
 class FakePlatform : public platform::Platform {
 public:
+    platform::Directories& directories() override { return folders; }
+    platform::UserDefaults& userDefaults() override { return defaults; }
+    platform::ColorArchive& colorArchive() override { return archive; }
     platform::BundleReader& bundleReader() override { return bundles; }
     platform::InstalledApplications& installedApplications() override { return applications; }
     platform::SettingsPanels& settingsPanels() override { return panels; }
@@ -124,6 +138,9 @@ public:
     platform::ApplicationRequests& applicationRequests() override { return requests; }
     platform::LoginItem& loginItem() override { return item; }
 
+    FakeDirectories folders;
+    MemoryDefaults defaults;
+    NoColorArchive archive;
     FakeBundleReader bundles;
     FakeApplications applications;
     FakeSettingsPanels panels;

@@ -4,7 +4,10 @@
 #include "platform/linux/DesktopEntryApplications.h"
 #include "platform/linux/DesktopSettingsPanels.h"
 #include "platform/linux/GioWorkspace.h"
+#include "platform/linux/KeyedColorArchive.h"
 #include "platform/linux/PropertyListBundleReader.h"
+#include "platform/linux/PropertyListDefaults.h"
+#include "platform/linux/XdgDirectories.h"
 #include "platform/linux/XdgLoginItem.h"
 #include "platform/linux/gui/IconThemeImageLoader.h"
 #include "platform/linux/gui/PaletteSystemAppearance.h"
@@ -33,6 +36,9 @@ class LinuxPlatform : public Platform {
 public:
     LinuxPlatform(const X11Display& display, StartContext& start);
 
+    Directories& directories() override { return m_directories; }
+    UserDefaults& userDefaults() override { return m_userDefaults; }
+    ColorArchive& colorArchive() override { return m_colorArchive; }
     BundleReader& bundleReader() override { return m_bundleReader; }
     InstalledApplications& installedApplications() override { return m_installedApplications; }
     SettingsPanels& settingsPanels() override { return m_settingsPanels; }
@@ -65,6 +71,9 @@ private:
     X11UserTime m_userTime;
     X11WindowActivator m_windowActivator;
     X11StartupNotifier m_startupNotifier;
+    XdgDirectories m_directories;
+    PropertyListDefaults m_userDefaults;
+    KeyedColorArchive m_colorArchive;
     PropertyListBundleReader m_bundleReader;
     DesktopEntryApplications m_installedApplications;
     DesktopSettingsPanels m_settingsPanels;

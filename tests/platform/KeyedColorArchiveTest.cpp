@@ -1,4 +1,4 @@
-#include "platform/ColorArchive.h"
+#include "platform/linux/KeyedColorArchive.h"
 
 #include <QRegularExpression>
 
@@ -78,7 +78,7 @@ TEST(ColorArchiveTest, DecodesTheColourSpacesOfPractice) {
         {archive(color({"NSColorSpace=1", "NSRGB:1 1 1", "NSCustomColorSpace@1"})), {1, 1, 1}},
     };
     for (const auto& [bytes, components] : cases) {
-        EXPECT_EQ(decodeColorArchive(bytes), components) << bytes.constData();
+        EXPECT_EQ(KeyedColorArchive().decode(bytes), components) << bytes.constData();
     }
 }
 
@@ -110,7 +110,7 @@ TEST(ColorArchiveTest, AnythingElseIsNoColour) {
         plain("1", "NSRGB=1"),
     };
     for (const QByteArray& bytes : none) {
-        EXPECT_EQ(decodeColorArchive(bytes), std::nullopt) << bytes.left(1000).constData();
+        EXPECT_EQ(KeyedColorArchive().decode(bytes), std::nullopt) << bytes.left(1000).constData();
     }
 }
 

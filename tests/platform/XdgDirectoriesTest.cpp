@@ -1,4 +1,4 @@
-#include "platform/Directories.h"
+#include "platform/linux/XdgDirectories.h"
 
 #include "platform/linux/DesktopEntryApplications.h"
 #include "support/TestFiles.h"
@@ -11,19 +11,19 @@ namespace {
 using namespace Qt::StringLiterals;
 using namespace quorvantel::testing;
 
-TEST(DirectoriesTest, FollowTheEnvironmentWhereItGivesAbsolutePaths) {
+TEST(XdgDirectoriesTest, FollowTheEnvironmentWhereItGivesAbsolutePaths) {
     qputenv("XDG_DATA_HOME", "/data/");
     qputenv("XDG_CONFIG_HOME", "/config");
-    EXPECT_EQ(applicationSupportDirectory(), u"/data"_s);
-    EXPECT_EQ(configurationDirectory(), u"/config"_s);
+    EXPECT_EQ(XdgDirectories().applicationSupport(), u"/data"_s);
+    EXPECT_EQ(XdgDirectories().configuration(), u"/config"_s);
 
     qputenv("XDG_DATA_HOME", "data");
     qputenv("XDG_CONFIG_HOME", "");
-    EXPECT_EQ(applicationSupportDirectory(), inHome(u".local/share"_s));
-    EXPECT_EQ(configurationDirectory(), inHome(u".config"_s));
+    EXPECT_EQ(XdgDirectories().applicationSupport(), inHome(u".local/share"_s));
+    EXPECT_EQ(XdgDirectories().configuration(), inHome(u".config"_s));
 }
 
-TEST(DirectoriesTest, OrderTheApplicationDirectoriesByPrecedenceEachOnce) {
+TEST(XdgDirectoriesTest, OrderTheApplicationDirectoriesByPrecedenceEachOnce) {
     qputenv("XDG_DATA_HOME", "/home/data");
     qputenv("XDG_DATA_DIRS", "/one:relative::/two/:/home/data/:/one/");
     EXPECT_EQ(DesktopEntryApplications::standardDirectories(),

@@ -1,4 +1,4 @@
-#include "platform/Directories.h"
+#include "platform/linux/XdgDirectories.h"
 
 #include <QDir>
 #include <QFile>
@@ -16,11 +16,11 @@ QString baseDirectory(const char* variable, const QString& fallback) {
 
 } // namespace
 
-QString applicationSupportDirectory() {
+QString XdgDirectories::applicationSupport() const {
     return baseDirectory("XDG_DATA_HOME", QStringLiteral(".local/share"));
 }
 
-QString configurationDirectory() {
+QString XdgDirectories::configuration() const {
     return baseDirectory("XDG_CONFIG_HOME", QStringLiteral(".config"));
 }
 

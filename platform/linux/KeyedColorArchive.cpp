@@ -1,4 +1,4 @@
-#include "platform/ColorArchive.h"
+#include "platform/linux/KeyedColorArchive.h"
 
 #include "platform/linux/PropertyList.h"
 
@@ -113,7 +113,7 @@ std::optional<ColorComponents> standardRgb(const ArchivedObjects& objects, const
 
 } // namespace
 
-std::optional<ColorComponents> decodeColorArchive(const QByteArray& archive) {
+std::optional<ColorComponents> KeyedColorArchive::decode(const QByteArray& archive) const {
     const auto list = PropertyList::parse(archive);
     const QVariant root = list ? list->toVariant() : QVariant();
     if (!isText(entry(root, "$archiver"_L1), "NSKeyedArchiver"_L1)) {
