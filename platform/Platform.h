@@ -20,8 +20,6 @@
 #include "platform/WindowFrame.h"
 #include "platform/Workspace.h"
 
-#include <memory>
-
 namespace quorvantel::platform {
 
 /// Everything that the launcher needs of the operating system.
@@ -49,16 +47,5 @@ public:
     virtual ApplicationRequests& applicationRequests() = 0;
     virtual LoginItem& loginItem() = 0;
 };
-
-/// What the system left to the process when it started it. Each platform has its own.
-struct StartContext;
-
-/// Takes what was left to this process, so that neither the toolkit nor a launched program does. To
-/// be called once, before the application object exists.
-std::shared_ptr<StartContext> takeStartContext();
-
-/// The platform that this program was built for; null when the session has no display that the
-/// launcher can work on, which one log line tells. The application object must exist.
-std::unique_ptr<Platform> makePlatform(StartContext& start);
 
 } // namespace quorvantel::platform

@@ -1,7 +1,5 @@
 #include "shell/QuorvantelApp.h"
 
-#include "shell/TerminationSignals.h"
-
 #include <QApplication>
 #include <QDebug>
 
@@ -14,7 +12,6 @@ QuorvantelApp::QuorvantelApp(platform::Platform& platform)
                  platform.directories().applicationSupport() + QStringLiteral("/Quorvantel")) {}
 
 int QuorvantelApp::run() {
-    const TerminationSignals signals([] { QApplication::quit(); });
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_delegate,
                      &AppDelegate::applicationWillTerminate);
     m_delegate.applicationDidFinishLaunching();

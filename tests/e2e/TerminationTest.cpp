@@ -61,7 +61,7 @@ TEST(TerminationTest, TheLossOfTheDisplayEndsTheLauncherWithoutACrash) {
     ASSERT_TRUE(exit) << "it hangs without a display";
     EXPECT_FALSE(exit->crashed) << exit->status;
     // Besides how to summon it, the loss alone; nothing about what was being drawn.
-    EXPECT_TRUE(session.output().endsWith("\nQuorvantel: the X server is gone\n"));
+    EXPECT_TRUE(session.output().endsWith("\nQuorvantel: the display server is gone\n"));
     EXPECT_LE(session.output().count('\n'), 2) << session.output().toStdString();
 }
 

@@ -55,7 +55,7 @@ protected:
     PortalSettings portalSettings{
         QDBusConnection::connectToBus(sessionBus.address(), u"launcher"_s), preferenceNamespaces()};
     X11Settings manager{X11Display::current().value()};
-    DesktopSystemAppearance appearance{portalSettings, manager, fallback};
+    DesktopSystemAppearance appearance{portalSettings, &manager, fallback};
     int changes = 0;
 };
 
@@ -88,7 +88,7 @@ TEST_F(DesktopSystemAppearanceTest, WithoutAPreferenceTheFallbackDecides) {
     EXPECT_EQ(changes, 3);
     EXPECT_FALSE(appearance.prefersDark());
     PortalSettings withoutBus(QDBusConnection(u"none"_s), preferenceNamespaces());
-    EXPECT_FALSE(DesktopSystemAppearance(withoutBus, manager, fallback).prefersDark());
+    EXPECT_FALSE(DesktopSystemAppearance(withoutBus, nullptr, fallback).prefersDark());
 }
 
 TEST_F(DesktopSystemAppearanceTest, FollowsTheSettingsManagerAndTellsTheToolkit) {

@@ -5,15 +5,14 @@
 namespace quorvantel::platform {
 
 DesktopSystemAppearance::DesktopSystemAppearance(const PortalSettings& portal,
-                                                 const X11Settings& manager,
+                                                 const SettingsManager* manager,
                                                  const SystemAppearance& fallback)
-    : m_portal(portal),
-      m_manager(manager),
-      m_fallback(fallback),
-      m_preferences(preferencesIn(portal.values(), manager.values())) {
+    : m_portal(portal), m_manager(manager), m_fallback(fallback), m_preferences(preferences()) {
     m_toolkit.apply(m_preferences);
     connect(&portal, &PortalSettings::changed, this, &DesktopSystemAppearance::refresh);
-    connect(&manager, &X11Settings::changed, this, &DesktopSystemAppearance::refresh);
+    if (manager != nullptr) {
+        connect(manager, &SettingsManager::changed, this, &DesktopSystemAppearance::refresh);
+    }
     connect(&fallback, &SystemAppearance::changed, this, [this] {
         if (!m_preferences.prefersDark) {
             Q_EMIT changed();
@@ -25,10 +24,15 @@ bool DesktopSystemAppearance::prefersDark() const {
     return m_preferences.prefersDark.value_or(m_fallback.prefersDark());
 }
 
+DesktopPreferences DesktopSystemAppearance::preferences() const {
+    return preferencesIn(m_portal.values(),
+                         m_manager == nullptr ? XSettingsValues() : m_manager->values());
+}
+
 void DesktopSystemAppearance::refresh() {
     const auto answers = [this] { return std::pair(prefersDark(), increasesContrast()); };
     const auto before = answers();
-    m_preferences = preferencesIn(m_portal.values(), m_manager.values());
+    m_preferences = preferences();
     m_toolkit.apply(m_preferences);
     if (answers() != before) {
         Q_EMIT changed();

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/SystemAppearance.h"
+#include "platform/linux/SettingsManager.h"
 #include "platform/linux/portal/PortalSettings.h"
 #include "platform/linux/session/ToolkitPreferences.h"
-#include "platform/linux/x11/X11Settings.h"
 
 namespace quorvantel::platform {
 
@@ -14,8 +14,8 @@ class DesktopSystemAppearance : public SystemAppearance {
     Q_OBJECT
 
 public:
-    /// The references must outlive this object.
-    DesktopSystemAppearance(const PortalSettings& portal, const X11Settings& manager,
+    /// All outlive this object; `manager` may be null.
+    DesktopSystemAppearance(const PortalSettings& portal, const SettingsManager* manager,
                             const SystemAppearance& fallback);
 
     bool prefersDark() const override;
@@ -25,10 +25,11 @@ public:
     bool increasesContrast() const override { return m_preferences.increasesContrast; }
 
 private:
+    DesktopPreferences preferences() const;
     void refresh();
 
     const PortalSettings& m_portal;
-    const X11Settings& m_manager;
+    const SettingsManager* m_manager;
     const SystemAppearance& m_fallback;
     DesktopPreferences m_preferences;
     ToolkitPreferences m_toolkit;

@@ -1,22 +1,19 @@
 #pragma once
 
-#include "platform/linux/x11/X11Display.h"
+#include <functional>
 
 namespace quorvantel::platform {
 
-/// Says in one line that the X server is gone.
+/// Ends the program with one line in the log, and exit status 1, once its display server is gone.
 ///
-/// The toolkit ends the program with exit status 1 when it finds its connection broken, but it may
-/// be drawing at that moment, and then it and Xlib report every request that fails. While this
-/// object lives, that line replaces whatever is logged once the connection is broken, fatal
-/// messages and the program's own, which begin with "Quorvantel: ", excepted. It also replaces what
-/// Xlib prints before it ends the program. The message handler that was installed before gets the
-/// rest.
-///
-/// One instance at a time, and no other message handler meanwhile.
+/// The toolkit would end it, too, but it may be drawing when the connection breaks, and then each
+/// failed request is a line. While this object lives, the line replaces the first of these, fatal
+/// messages and the program's own, which begin with "Quorvantel: ", excepted. One instance at a
+/// time, and no other message handler meanwhile.
 class DisplayLossReport {
 public:
-    explicit DisplayLossReport(const X11Display& display);
+    /// `isGone` is asked at every message, from the thread that logs it.
+    explicit DisplayLossReport(std::function<bool()> isGone);
     DisplayLossReport(const DisplayLossReport&) = delete;
     DisplayLossReport& operator=(const DisplayLossReport&) = delete;
     ~DisplayLossReport();

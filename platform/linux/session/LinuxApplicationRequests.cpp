@@ -5,7 +5,7 @@
 namespace quorvantel::platform {
 
 LinuxApplicationRequests::LinuxApplicationRequests(StartContext& start,
-                                                   X11CallerActivation& activation)
+                                                   CallerActivation& activation)
     : m_activation(activation),
       m_ownStartupId(start.startupId),
       m_starts(std::move(start.instance)),

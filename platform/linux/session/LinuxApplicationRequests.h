@@ -1,10 +1,10 @@
 #pragma once
 
 #include "platform/ApplicationRequests.h"
+#include "platform/linux/CallerActivation.h"
 #include "platform/linux/FurtherStarts.h"
 #include "platform/linux/portal/ApplicationService.h"
 #include "platform/linux/session/StartContext.h"
-#include "platform/linux/x11/X11CallerActivation.h"
 
 namespace quorvantel::platform {
 
@@ -16,7 +16,7 @@ namespace quorvantel::platform {
 class LinuxApplicationRequests : public ApplicationRequests {
 public:
     /// `activation` must outlive this object.
-    LinuxApplicationRequests(StartContext& start, X11CallerActivation& activation);
+    LinuxApplicationRequests(StartContext& start, CallerActivation& activation);
 
     void receive(Handler handler) override;
 
@@ -24,7 +24,7 @@ private:
     QString admit(const StartRequest& request);
     void hand(ApplicationRequest request, const QByteArray& startupId);
 
-    X11CallerActivation& m_activation;
+    CallerActivation& m_activation;
     QByteArray m_ownStartupId;
     FurtherStarts m_starts;
     ApplicationService m_service;

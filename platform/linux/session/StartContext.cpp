@@ -14,16 +14,16 @@ constexpr std::chrono::milliseconds busPatience{500};
 
 } // namespace
 
-std::shared_ptr<StartContext> takeStartContext() {
-    auto start = std::make_shared<StartContext>();
-    start->instance = FirstInstance::takeOver();
-    start->startupId = QByteArray::fromStdString(StartRequest::fromEnvironment().startupId);
+StartContext StartContext::take() {
+    StartContext start;
+    start.instance = FirstInstance::takeOver();
+    start.startupId = QByteArray::fromStdString(StartRequest::fromEnvironment().startupId);
     for (const char* const variable : {"DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN"}) {
         qunsetenv(variable);
     }
     if (isBusSilent(sessionBusAddress(), busPatience)) {
         // A null text for a variable that was not set.
-        start->silentBus =
+        start.silentBus =
             qEnvironmentVariableIsSet(busVariable) ? qgetenv(busVariable) : QByteArray();
         qputenv(busVariable, "unix:path=/dev/null");
     }

@@ -1,10 +1,9 @@
 #pragma once
 
-#include "platform/linux/DesktopPreferences.h"
+#include "platform/linux/SettingsManager.h"
 #include "platform/linux/x11/X11Display.h"
 
 #include <QAbstractNativeEventFilter>
-#include <QObject>
 
 namespace quorvantel::platform {
 
@@ -12,9 +11,8 @@ namespace quorvantel::platform {
 /// _XSETTINGS_SETTINGS), up to where the data end or make no sense. Colours are left out.
 XSettingsValues parseXSettings(const QByteArray& data);
 
-/// What the session's settings manager tells every program (XSETTINGS protocol), now and whenever
-/// it tells something else, ends or is replaced. Nothing while there is none. Main thread only.
-class X11Settings : public QObject, public QAbstractNativeEventFilter {
+/// The settings manager of an X session.
+class X11Settings : public SettingsManager, public QAbstractNativeEventFilter {
     Q_OBJECT
 
 public:
@@ -22,12 +20,9 @@ public:
     explicit X11Settings(const X11Display& display);
     ~X11Settings() override;
 
-    const XSettingsValues& values() const { return m_values; }
+    const XSettingsValues& values() const override { return m_values; }
 
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
-
-Q_SIGNALS:
-    void changed();
 
 private:
     void followManager(xcb_window_t manager);

@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-namespace quorvantel {
+namespace quorvantel::platform {
 
 /// The toolkit's application object as a member of the desktop session (X Session Management
 /// Protocol, where the session offers it).
@@ -22,4 +22,4 @@ protected:
     bool event(QEvent* event) override;
 };
 
-} // namespace quorvantel
+} // namespace quorvantel::platform

@@ -1,8 +1,8 @@
-#include "shell/LateAccessibility.h"
+#include "platform/linux/session/LateAccessibility.h"
 
 #include <utility>
 
-namespace quorvantel {
+namespace quorvantel::platform {
 
 namespace {
 
@@ -25,4 +25,4 @@ void LateAccessibility::accessibilityActiveChanged(bool isActive) {
     }
 }
 
-} // namespace quorvantel
+} // namespace quorvantel::platform

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace quorvantel {
+namespace quorvantel::platform {
 
 /// From now on writes every message of the program as a line of its own to standard error, which
 /// the session's journal collects.
@@ -9,4 +9,4 @@ namespace quorvantel {
 /// dropped, and one that is longer than fits in at once is cut.
 void logToStandardError();
 
-} // namespace quorvantel
+} // namespace quorvantel::platform

@@ -1,4 +1,4 @@
-#include "shell/StandardErrorLog.h"
+#include "platform/linux/session/StandardErrorLog.h"
 
 #include <QDebug>
 
@@ -10,7 +10,7 @@
 #include <array>
 #include <string>
 
-namespace quorvantel {
+namespace quorvantel::platform {
 namespace {
 
 /// In place of standard error, a pipe that nobody reads until asked to.
@@ -65,4 +65,4 @@ TEST(StandardErrorLogTest, WaitsForNobodyToRead) {
 }
 
 } // namespace
-} // namespace quorvantel
+} // namespace quorvantel::platform

@@ -1,4 +1,4 @@
-#include "shell/StandardErrorLog.h"
+#include "platform/linux/session/StandardErrorLog.h"
 
 #include <QByteArray>
 #include <QString>
@@ -9,7 +9,7 @@
 
 #include <climits>
 
-namespace quorvantel {
+namespace quorvantel::platform {
 
 namespace {
 
@@ -34,4 +34,4 @@ void logToStandardError() {
     qInstallMessageHandler(writeMessage);
 }
 
-} // namespace quorvantel
+} // namespace quorvantel::platform

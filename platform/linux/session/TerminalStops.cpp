@@ -1,9 +1,9 @@
-#include "shell/TerminalStops.h"
+#include "platform/linux/session/TerminalStops.h"
 
 #include <array>
 #include <csignal>
 
-namespace quorvantel {
+namespace quorvantel::platform {
 
 void outlastTerminalStops() {
     // Programs inherit that a signal is ignored or blocked, but no handler. Interrupted calls are
@@ -16,4 +16,4 @@ void outlastTerminalStops() {
     }
 }
 
-} // namespace quorvantel
+} // namespace quorvantel::platform

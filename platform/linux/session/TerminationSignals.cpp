@@ -1,4 +1,4 @@
-#include "shell/TerminationSignals.h"
+#include "platform/linux/session/TerminationSignals.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -8,7 +8,7 @@
 #include <csignal>
 #include <utility>
 
-namespace quorvantel {
+namespace quorvantel::platform {
 
 namespace {
 
@@ -65,4 +65,4 @@ TerminationSignals::~TerminationSignals() {
     ::close(std::exchange(writeEnd, -1));
 }
 
-} // namespace quorvantel
+} // namespace quorvantel::platform

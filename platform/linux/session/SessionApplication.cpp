@@ -1,9 +1,9 @@
-#include "shell/SessionApplication.h"
+#include "platform/linux/session/SessionApplication.h"
 
 #include <QEvent>
 #include <QSessionManager>
 
-namespace quorvantel {
+namespace quorvantel::platform {
 
 SessionApplication::SessionApplication(int& argc, char** argv) : QApplication(argc, argv) {
     qunsetenv("DESKTOP_AUTOSTART_ID");
@@ -24,4 +24,4 @@ bool SessionApplication::event(QEvent* event) {
     return QApplication::event(event);
 }
 
-} // namespace quorvantel
+} // namespace quorvantel::platform

@@ -1,4 +1,4 @@
-#include "platform/linux/session/SessionManagerLoss.h"
+#include "platform/linux/x11/SessionManagerLoss.h"
 
 #include <QtGlobal>
 

@@ -5,7 +5,7 @@
 #include <functional>
 #include <memory>
 
-namespace quorvantel {
+namespace quorvantel::platform {
 
 /// Turns the signals by which a session or a shell ends a program, SIGTERM, SIGINT and SIGHUP, into
 /// an orderly end.
@@ -24,4 +24,4 @@ private:
     std::unique_ptr<QSocketNotifier> m_notifier;
 };
 
-} // namespace quorvantel
+} // namespace quorvantel::platform

@@ -2,7 +2,7 @@
 
 #include <QAccessible>
 
-namespace quorvantel {
+namespace quorvantel::platform {
 
 /// Keeps the program open to assistive technology that starts after it.
 ///
@@ -25,4 +25,4 @@ private:
     bool m_hasSetVariable;
 };
 
-} // namespace quorvantel
+} // namespace quorvantel::platform

@@ -1,0 +1,20 @@
+#include "platform/linux/session/DisplayBackend.h"
+
+#ifdef QUORVANTEL_X11
+#include "platform/linux/x11/X11DisplayServer.h"
+#endif
+
+#include <vector>
+
+namespace quorvantel::platform {
+
+std::span<const DisplayBackend> displayBackends() {
+    static const std::vector<DisplayBackend> backends{
+#ifdef QUORVANTEL_X11
+        {DisplayProtocol::X11, "xcb", X11DisplayServer::answers, X11DisplayServer::connect},
+#endif
+    };
+    return backends;
+}
+
+} // namespace quorvantel::platform

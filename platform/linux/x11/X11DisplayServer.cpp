@@ -1,0 +1,40 @@
+#include "platform/linux/x11/X11DisplayServer.h"
+
+#include "platform/linux/x11/SessionManagerLoss.h"
+
+namespace quorvantel::platform {
+
+bool X11DisplayServer::answers() {
+    xcb_connection_t* const connection = xcb_connect(nullptr, nullptr);
+    const bool isConnected = xcb_connection_has_error(connection) == 0;
+    xcb_disconnect(connection);
+    return isConnected;
+}
+
+std::unique_ptr<DisplayServer> X11DisplayServer::connect() {
+    return std::make_unique<X11DisplayServer>(X11Display::current().value());
+}
+
+X11DisplayServer::X11DisplayServer(const X11Display& display)
+    : m_display(display),
+      m_rawEvents(display),
+      m_panelHost(display),
+      m_hotKeys(display, m_rawEvents, [this] { return m_panelHost.decidesAboutTyping(); }),
+      m_keyboardGuard(display, [this] { m_panelHost.reclaimKeyboard(); }),
+      m_keyCapture(display, m_hotKeys),
+      m_clickMonitor(display, m_rawEvents),
+      m_windowBackdrop(display),
+      m_windowFrame(display),
+      m_windowActivator(display, m_userTime),
+      m_startupNotifier(display, m_userTime),
+      m_screens(display),
+      m_settings(display),
+      m_callerActivation(display, m_userTime) {
+    surviveSessionManagerLoss();
+}
+
+bool X11DisplayServer::isGone() const {
+    return xcb_connection_has_error(m_display.connection) != 0;
+}
+
+} // namespace quorvantel::platform
