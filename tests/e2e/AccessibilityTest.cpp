@@ -30,11 +30,8 @@ protected:
         }
     }
 
-    ~AccessibilityTest() override { qunsetenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"); }
-
     /// The panel with the query "zinc" and its twenty results, and a reader that has heard of it.
     void searchWithReader() {
-        qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
         session.start();
         session.summon();
         session.search("zinc", visibleRows);
@@ -139,7 +136,6 @@ TEST_F(AccessibilityTest, PressLaunchesARowOutOfSight) {
 }
 
 TEST_F(AccessibilityTest, TheSettingsAreAFrameOfNamedGroupsAndAnAlert) {
-    qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
     const ForeignHotKey other(session.display(), XK_k, XCB_MOD_MASK_CONTROL);
     constexpr int keyK = 40;
     constexpr int control = 0x1000;

@@ -12,6 +12,7 @@
 #include "platform/linux/XdgLoginItem.h"
 #include "platform/linux/gui/IconThemeImageLoader.h"
 #include "platform/linux/gui/PaletteSystemAppearance.h"
+#include "platform/linux/session/AccessibilityBus.h"
 #include "platform/linux/session/DesktopSystemAppearance.h"
 #include "platform/linux/session/LinuxApplicationRequests.h"
 
@@ -47,6 +48,7 @@ private:
     QString iconTheme() const;
 
     DisplayServer& m_server;
+    AccessibilityBus m_accessibilityBus;
     XdgDirectories m_directories;
     PropertyListDefaults m_userDefaults;
     KeyedColorArchive m_colorArchive;

@@ -27,6 +27,7 @@ StartContext StartContext::take() {
             qEnvironmentVariableIsSet(busVariable) ? qgetenv(busVariable) : QByteArray();
         qputenv(busVariable, "unix:path=/dev/null");
     }
+    start.accessibilityBus = AccessibilityBus::holdBack();
     return start;
 }
 

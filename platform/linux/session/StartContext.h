@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/session/AccessibilityBus.h"
 #include "platform/linux/start/FirstInstance.h"
 
 #include <QByteArray>
@@ -17,6 +18,7 @@ struct StartContext {
     /// DBUS_SESSION_BUS_ADDRESS as it was, when the bus is silent. The variable then names no bus,
     /// so that the toolkit does not wait for it.
     std::optional<QByteArray> silentBus;
+    AccessibilityBus::Address accessibilityBus;
 
     /// Takes it, so that neither the toolkit nor a launched program does. To be called once, before
     /// the application object exists.

@@ -3,7 +3,6 @@
 #include "platform/linux/session/DisplayBackend.h"
 #include "platform/linux/session/DisplayChoice.h"
 #include "platform/linux/session/DisplayLossReport.h"
-#include "platform/linux/session/LateAccessibility.h"
 #include "platform/linux/session/LinuxPlatform.h"
 #include "platform/linux/session/SessionApplication.h"
 #include "platform/linux/session/StandardErrorLog.h"
@@ -67,7 +66,6 @@ int runApplication(int argc, char** argv, const std::function<int(Platform&)>& r
     arguments.insert(arguments.end(), {platformOption.data(), toolkitPlugin.data(), nullptr});
     int argumentCount = argc + 2;
 
-    const LateAccessibility accessibility;
     SessionApplication application(argumentCount, arguments.data());
     SessionApplication::setApplicationName(QStringLiteral("Quorvantel"));
     SessionApplication::setDesktopFileName(launcherIdentifier.toString());
