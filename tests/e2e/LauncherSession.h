@@ -17,6 +17,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <sys/types.h>
+
 #include <optional>
 #include <vector>
 
@@ -66,12 +68,15 @@ public:
 
     /// Sends the session bus a signal, such as SIGSTOP.
     void signalBus(int number) { m_bus.signal(number); }
-
-    /// Takes the X server away. Nothing that needs the display is to be called afterwards.
-    void loseDisplay() { m_server.kill(); }
+    void signalWindowManager(int number) { m_windowManager.signal(number); }
+    /// Nothing that needs the display is to be called while it is stopped or gone.
+    void signalDisplay(int number) { m_server.signal(number); }
 
     /// Whether the running launcher comes to rest: uses no processor time for a while.
     bool waitForRest() const;
+
+    /// Of the running launcher.
+    pid_t processId() const { return static_cast<pid_t>(m_launcher->pid()); }
 
     bool isRunning() { return m_launcher && m_launcher->isRunning(); }
 

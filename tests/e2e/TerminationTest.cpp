@@ -55,7 +55,7 @@ TEST(TerminationTest, TheLossOfTheDisplayEndsTheLauncherWithoutACrash) {
     session.summon();
     // Listing results draws much, which the loss interrupts.
     session.keyboard().type("t");
-    session.loseDisplay();
+    session.signalDisplay(SIGKILL);
 
     const auto exit = session.waitForExit();
     ASSERT_TRUE(exit) << "it hangs without a display";

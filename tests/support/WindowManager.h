@@ -18,6 +18,9 @@ public:
                            const QString& name = QStringLiteral("openbox"),
                            const QString& busAddress = {});
 
+    /// Sends the window manager a signal, such as SIGSTOP.
+    void signal(int number) { m_process.signal(number); }
+
 private:
     ChildProcess m_process;
 };

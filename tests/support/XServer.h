@@ -17,8 +17,8 @@ public:
     /// What clients take as DISPLAY, such as ":7".
     QByteArray display() const { return m_display; }
 
-    /// Ends the server at once, so that its clients lose it.
-    void kill() { m_process.signal(SIGKILL); }
+    /// Sends the server a signal. SIGKILL makes its clients lose it; SIGSTOP makes them wait.
+    void signal(int number) { m_process.signal(number); }
 
 private:
     ChildProcess m_process;

@@ -10,6 +10,7 @@
 #include <X11/keysym.h>
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <utility>
 
 namespace quorvantel {
@@ -45,7 +46,7 @@ private:
     QDBusConnection m_bus;
 };
 
-class MuteAccessibilityTest : public ::testing::Test {
+class MuteServiceTest : public ::testing::Test {
 protected:
     void expectUsable() {
         QElapsedTimer elapsed;
@@ -63,13 +64,14 @@ protected:
     SessionBus accessibilityBus{directory.path()};
 };
 
-TEST_F(MuteAccessibilityTest, NothingWaitsForAServiceThatTellsNoAddress) {
-    const Service service(session.busAddress(), u"org.a11y.Bus"_s);
+TEST_F(MuteServiceTest, NothingWaitsForServicesThatAnswerNothing) {
+    const Service accessibility(session.busAddress(), u"org.a11y.Bus"_s);
+    const Service portal(session.busAddress(), u"org.freedesktop.portal.Desktop"_s);
     expectUsable();
-    EXPECT_TRUE(waitUntil([&] { return service.calls > 0; }));
+    EXPECT_TRUE(waitUntil([&] { return accessibility.calls > 0 && portal.calls > 0; }));
 }
 
-TEST_F(MuteAccessibilityTest, NothingWaitsForABusThatIsSilentAtTheStartOrLater) {
+TEST_F(MuteServiceTest, NothingWaitsForABusThatIsSilentAtTheStartOrLater) {
     accessibilityBus.signal(SIGSTOP);
     for (const bool isLate : {false, true}) {
         std::optional<Service> service;
@@ -90,7 +92,7 @@ TEST_F(MuteAccessibilityTest, NothingWaitsForABusThatIsSilentAtTheStartOrLater) 
     accessibilityBus.signal(SIGCONT);
 }
 
-TEST_F(MuteAccessibilityTest, NothingWaitsForARegistryThatIsSilent) {
+TEST_F(MuteServiceTest, NothingWaitsForARegistryThatIsSilent) {
     const Service service(session.busAddress(), u"org.a11y.Bus"_s, accessibilityBus.address());
     const Service registry(accessibilityBus.address(), u"org.a11y.atspi.Registry"_s);
     expectUsable();
