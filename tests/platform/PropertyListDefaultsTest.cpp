@@ -2,6 +2,7 @@
 
 #include "platform/linux/PropertyList.h"
 #include "support/LogLines.h"
+#include "support/RandomKills.h"
 #include "support/TestFiles.h"
 
 #include <QDir>
@@ -131,6 +132,27 @@ TEST_F(PropertyListDefaultsTest, WritesThroughALinkForTheUserAlone) {
     EXPECT_TRUE(QFileInfo(path).isSymLink());
     EXPECT_TRUE(readFile(inHome(u"dotfiles/defaults.plist"_s)).contains("ink"));
     EXPECT_FALSE(QFile::permissions(path) & (QFile::ReadGroup | QFile::ReadOther));
+}
+
+TEST_F(PropertyListDefaultsTest, AKillInAWriteMixesNoTwoPairs) {
+    std::int64_t known = 0;
+    const auto write = [&](const std::function<void()>& saved) {
+        PropertyListDefaults defaults;
+        for (std::int64_t number = known + 1;; ++number) {
+            defaults.setAll({{u"hotKeyCode"_s, number}, {u"hotKeyModifiers"_s, number}});
+            saved();
+        }
+    };
+    killAtRandom(write, [&](int saves) {
+        const PropertyListDefaults defaults;
+        known += saves;
+        const std::int64_t code =
+            integerValue(defaults.value(u"hotKeyCode"_s).value_or(std::int64_t{0}));
+        EXPECT_EQ(defaults.value(u"hotKeyCode"_s), defaults.value(u"hotKeyModifiers"_s));
+        EXPECT_TRUE(code == known || code == known + 1) << code << " after " << known;
+        known = code;
+    });
+    EXPECT_TRUE(log.lines().isEmpty()) << log.lines().join(u'\n').toStdString();
 }
 
 } // namespace

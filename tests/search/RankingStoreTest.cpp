@@ -2,6 +2,7 @@
 #include "search/LearnedAbbreviationStore.h"
 #include "search/ReferenceDate.h"
 #include "support/LogLines.h"
+#include "support/RandomKills.h"
 #include "support/TestFiles.h"
 
 #include <QTemporaryDir>
@@ -209,6 +210,31 @@ TEST_F(RankingStoreTest, FailedSaveKeepsTheStateInMemory) {
     store.record(mail, now);
     EXPECT_EQ(store.weight(mail, now), 1.0);
     EXPECT_EQ(log.take().size(), 1);
+}
+
+TEST_F(RankingStoreTest, AKillInASaveLosesNoFinishedOneAndTearsNothing) {
+    qsizetype known = 0;
+    const auto save = [&](const std::function<void()>& saved) {
+        FrecencyStore launches(directory());
+        LearnedAbbreviationStore picks(directory());
+        for (qsizetype number = known;; ++number) {
+            launches.record(QString::number(number), now);
+            picks.learn(u"query %1"_s.arg(number), mail, now);
+            saved();
+        }
+    };
+    killAtRandom(save, [&](int saves) {
+        const qsizetype launches = FrecencyStore(directory()).entries().size();
+        const qsizetype picks = LearnedAbbreviationStore(directory()).table().size();
+        known += saves;
+        EXPECT_TRUE(picks >= known && picks <= launches && launches <= known + 1)
+            << known << " saves, " << launches << " launches, " << picks << " picks";
+        known = launches;
+        // The next round repeats a pick that was lost.
+        LearnedAbbreviationStore(directory()).learn(u"query %1"_s.arg(known - 1), mail, now);
+    });
+    EXPECT_TRUE(log.lines().isEmpty()) << log.lines().join(u'\n').toStdString();
+    EXPECT_LE(QDir(directory()).entryList(QDir::Files).size(), 4);
 }
 
 TEST(ReferenceDateTest, CountsSecondsSince2001) {
