@@ -88,12 +88,16 @@ ChildProcess::Launch LauncherSession::launch() const {
 }
 
 void LauncherSession::start(const QByteArray& expected, const QMap<QString, QString>& environment) {
-    QFile::remove(homeFile(u"output"_s));
-    ChildProcess::Launch prepared = launch();
+    ChildProcess::Launch changed = launch();
     for (const auto& [name, value] : environment.asKeyValueRange()) {
-        prepared.environment.insert(name, value);
+        changed.environment.insert(name, value);
     }
-    m_launcher.emplace(prepared);
+    start(changed, expected);
+}
+
+void LauncherSession::start(const ChildProcess::Launch& changed, const QByteArray& expected) {
+    QFile::remove(homeFile(u"output"_s));
+    m_launcher.emplace(changed);
     require(waitUntil([&] { return !isRunning() || output().contains(expected); }) && isRunning(),
             "the launcher did not start; it printed: " + output());
 }

@@ -57,6 +57,10 @@ public:
     void start(const QByteArray& expected = "Quorvantel: press ",
                const QMap<QString, QString>& environment = {});
 
+    /// The same with a start that was changed in other ways, such as by a tool around the launcher.
+    void start(const ChildProcess::Launch& changed,
+               const QByteArray& expected = "Quorvantel: press ");
+
     /// Ends the launcher as the session does at logout, and says how it ended.
     std::optional<ChildProcess::Exit> terminate();
 
