@@ -169,6 +169,7 @@ TEST_F(IconThemeImageLoaderTest, VectorImagesReachNothingOutsideThemselvesAndSta
     }
     const QByteArray file = path(u"private.png"_s).toUtf8();
     const QByteArray deep = QByteArray("<g>").repeated(1000) + QByteArray("</g>").repeated(1000);
+    const QByteArray dashes = "<circle r='9' fill='none' stroke='red' stroke-dasharray='0.02'/>";
     const std::pair<const char*, QByteArray> refused[] = {
         {"file", svg("<image width='9' height='9' xlink:href='" + file + "'/>")},
         {"address", svg("<image width='9' height='9' xlink:href='file://" + file + "'/>")},
@@ -184,6 +185,11 @@ TEST_F(IconThemeImageLoaderTest, VectorImagesReachNothingOutsideThemselvesAndSta
         {"pictures", svg(embedded.repeated(17))},
         {"large", svg(QByteArray(2 << 20, ' '))},
         {"packed", packed(svg({}), 2 << 20)},
+        {"dashes", svg(dashes.repeated(100))},
+        {"far", svg("<polygon points='" + QByteArray("0,0 28,1e6 ").repeated(500) + "'/>")},
+        {"fonts", svg(QByteArray("<text font-family='a'>a</text>").repeated(81))},
+        {"rules", svg("<style><a/>" + QByteArray("a{}").repeated(50'000) + "</style>" +
+                      QByteArray("<g/>").repeated(7000))},
     };
     for (const auto& [name, content] : refused) {
         const QString icon = path(u"vectors/%1.svg"_s.arg(QLatin1StringView(name)));
@@ -194,8 +200,10 @@ TEST_F(IconThemeImageLoaderTest, VectorImagesReachNothingOutsideThemselvesAndSta
     }
     const QByteArray gradient = "<defs><linearGradient id='a'/><linearGradient id='b' "
                                 "xlink:href='#a'/></defs>";
-    for (const QByteArray& content : {svg(embedded), svg(gradient),
-                                      svg("<use xlink:href='#absent'/>"), packed(svg({}), 1000)}) {
+    for (const QByteArray& content :
+         {svg(embedded), svg(gradient), svg("<use xlink:href='#absent'/>"),
+          svg("<path stroke='red' stroke-dasharray='2 1' d='M0 0h28v28'/>"),
+          packed(svg({}), 1000)}) {
         const QString icon = path(u"vectors/good.svg"_s);
         testing::writeFile(icon, content);
         EXPECT_TRUE(has(Image::file(icon))) << content.constData();

@@ -1,6 +1,7 @@
 #include "platform/linux/gui/IconGate.h"
 
 #include "platform/PrivateFile.h"
+#include "platform/linux/gui/DrawingCost.h"
 #include "platform/linux/gui/SvgGuard.h"
 
 #include <QBuffer>
@@ -22,6 +23,9 @@ constexpr qsizetype maximumSvgSize = qsizetype{1024} * 1024;
 constexpr int maximumSourcePixels = 2048;
 /// For so many pixels of eight bytes.
 constexpr int maximumMegabytes = 32;
+/// A few times what real icons take, and a tenth of a second for outlines that all cross each
+/// other.
+constexpr double maximumDrawingCost = 500'000;
 constexpr QByteArrayView gzipMagic("\x1f\x8b");
 
 /// Bounds, while it lives, the memory of each picture that is decoded. Some formats hold several,
@@ -87,7 +91,8 @@ QImage decodeSvg(const QByteArray& document, int pixels) {
     QSvgRenderer renderer(document);
     const QSize size =
         renderer.defaultSize().scaled(pixels, pixels, Qt::KeepAspectRatio).expandedTo({1, 1});
-    if (!renderer.isValid() || renderer.defaultSize().isEmpty()) {
+    if (!renderer.isValid() || renderer.defaultSize().isEmpty() ||
+        !(drawingCost(renderer, size) <= maximumDrawingCost)) {
         return {};
     }
     QImage image(size, QImage::Format_ARGB32_Premultiplied);

@@ -7,8 +7,8 @@
 ///
 /// Anyone who installs an application brings icons, and they are decoded on the main thread. So all
 /// that comes in is bounded first: the size of the file, of what it unpacks to, the picture's
-/// extent and a vector image's elements; and an icon is that one regular file alone, which refers
-/// to no other.
+/// extent, a vector image's elements and the outlines to follow; and an icon is that one regular
+/// file alone, which refers to no other.
 namespace quorvantel::platform {
 
 /// The picture in a file, as large as fits into a square of `pixels` for a vector image and in its

@@ -12,11 +12,15 @@ namespace quorvantel::platform {
 
 namespace {
 
-// The most expensive drawing of this cost, of strokes that cross each other, takes a quarter of a
-// second; common icons cost some hundreds.
+// Common icons cost some hundreds.
 constexpr qsizetype maximumCost = 8000;
 constexpr qsizetype coordinatesPerElement = 16;
 constexpr qsizetype costOfPicture = 500;
+/// Each may name another font, which is looked for.
+constexpr qsizetype costOfText = 100;
+/// Elements times characters of style sheets, all of whose rules are tried on all elements; common
+/// icons have a thirtieth.
+constexpr qsizetype maximumStyling = 1'000'000;
 constexpr qsizetype maximumDepth = 100;
 constexpr int maximumUseDepth = 16;
 constexpr QStringView dataScheme = u"data:";
@@ -31,6 +35,9 @@ struct Definition {
 qsizetype costOf(QStringView element, const QXmlStreamAttributes& attributes) {
     if (element == u"image") {
         return costOfPicture;
+    }
+    if (element == u"text" || element == u"tspan" || element == u"textArea") {
+        return costOfText;
     }
     qsizetype coordinates = 0;
     for (const QXmlStreamAttribute& attribute : attributes) {
@@ -59,7 +66,11 @@ public:
                     return false;
                 }
                 break;
+            case QXmlStreamReader::Characters:
+                m_styles += m_styleDepth > 0 ? reader.text().size() : 0;
+                break;
             case QXmlStreamReader::EndElement:
+                m_styleDepth = m_open.size() > m_styleDepth ? m_styleDepth : 0;
                 m_open.removeLast();
                 break;
             default:
@@ -67,7 +78,8 @@ public:
             }
         }
         qsizetype remaining = maximumCost;
-        return !reader.hasError() && spend(QString(), 0, remaining);
+        return !reader.hasError() && m_elements * m_styles <= maximumStyling &&
+               spend(QString(), 0, remaining);
     }
 
 private:
@@ -78,6 +90,10 @@ private:
                                        : attributes.value(QStringLiteral("id")).toString());
         if (m_open.size() > maximumDepth) {
             return false;
+        }
+        ++m_elements;
+        if (m_styleDepth == 0 && reader.name() == u"style") {
+            m_styleDepth = m_open.size();
         }
         const bool isLink = reader.name() == u"a";
         for (const QXmlStreamAttribute& attribute : attributes) {
@@ -146,6 +162,10 @@ private:
 
     EmbeddedPictureCheck m_mayDecode;
     QStringList m_open;
+    qsizetype m_elements = 0;
+    /// Characters in style sheets, and how deep the one lies that is open; 0 when none is.
+    qsizetype m_styles = 0;
+    qsizetype m_styleDepth = 0;
     std::map<QString, Definition> m_definitions;
 };
 
