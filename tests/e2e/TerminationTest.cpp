@@ -38,6 +38,20 @@ TEST(TerminationTest, AHotKeyHeldElsewhereIsLoggedAndTheLauncherStays) {
     EXPECT_TRUE(exit && !exit->crashed && exit->status == 0);
 }
 
+TEST(TerminationTest, DisplaysThatAreNotThereAreOneLineAndAFailure) {
+    const LauncherSession session;
+    ChildProcess::Launch launch = session.launch();
+    launch.environment.insert(QStringLiteral("WAYLAND_DISPLAY"), QStringLiteral("wayland-997"));
+    launch.environment.insert(QStringLiteral("DISPLAY"), QStringLiteral(":997"));
+    const auto exit = ChildProcess(launch).waitForExit(patience);
+    ASSERT_TRUE(exit);
+    EXPECT_FALSE(exit->crashed);
+    EXPECT_EQ(exit->status, 1);
+    EXPECT_TRUE(session.output().startsWith("Quorvantel: no display server answers at "));
+    EXPECT_TRUE(session.output().endsWith("DISPLAY=:997\n")) << session.output().toStdString();
+    EXPECT_EQ(session.output().count('\n'), 1);
+}
+
 TEST(TerminationTest, NoTerminalStopsTheLauncherThatTheKeyboardWaitsFor) {
     LauncherSession session;
     session.start();

@@ -11,7 +11,7 @@ namespace quorvantel::platform {
 std::span<const DisplayBackend> displayBackends() {
     static const std::vector<DisplayBackend> backends{
 #ifdef QUORVANTEL_X11
-        {DisplayProtocol::X11, "xcb", X11DisplayServer::answers, X11DisplayServer::connect},
+        {DisplayProtocol::X11, "xcb", X11DisplayServer::reach, X11DisplayServer::connect},
 #endif
     };
     return backends;

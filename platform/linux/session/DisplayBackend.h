@@ -13,10 +13,10 @@ struct DisplayBackend {
     DisplayProtocol protocol;
     /// The toolkit's platform plugin.
     const char* toolkitPlugin;
-    /// Whether the server that the environment names is there, which takes well under a
-    /// millisecond. To be asked before the application object exists, which ends the program
-    /// without a server.
-    bool (*answers)();
+    /// A connection to the server that the environment names, well within a millisecond; null when
+    /// there is none to be had, in which case the application object would end the program. To be
+    /// kept until that object is there: an X server starts anew when its only client leaves.
+    std::shared_ptr<const void> (*reach)();
     /// The server that the toolkit is connected to. The application object must exist.
     std::unique_ptr<DisplayServer> (*connect)();
 };

@@ -16,29 +16,37 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <memory>
+#include <utility>
 #include <vector>
 
 namespace quorvantel::platform {
 
 namespace {
 
-/// The best of the session's display servers that answers; null, and logged, when none does.
-const DisplayBackend* chooseBackend() {
+/// A display server that answers, by the connection that showed it.
+struct Reached {
+    const DisplayBackend* backend = nullptr;
+    std::shared_ptr<const void> connection;
+};
+
+/// The best of the session's display servers that answers; none, and logged, when none does.
+Reached reachDisplay() {
     const SessionVariables variables = SessionVariables::fromEnvironment();
+    const auto backends = displayBackends();
     std::vector<DisplayProtocol> tried;
     for (const DisplayProtocol protocol : displayCandidates(variables)) {
-        const auto backends = displayBackends();
         const auto backend = std::ranges::find(backends, protocol, &DisplayBackend::protocol);
         if (backend == backends.end()) {
             continue;
         }
-        if (backend->answers()) {
-            return &*backend;
+        if (auto connection = backend->reach()) {
+            return {&*backend, std::move(connection)};
         }
         tried.push_back(protocol);
     }
     qWarning().noquote() << QStringLiteral("Quorvantel: ") + displayProblem(variables, tried);
-    return nullptr;
+    return {};
 }
 
 int runOn(DisplayServer& server, StartContext& start, const std::function<int(Platform&)>& run) {
@@ -55,25 +63,26 @@ int runApplication(int argc, char** argv, const std::function<int(Platform&)>& r
     logToStandardError();
     outlastTerminalStops();
     StartContext start = StartContext::take();
-    const DisplayBackend* const backend = chooseBackend();
-    if (backend == nullptr) {
+    Reached reached = reachDisplay();
+    if (reached.backend == nullptr) {
         return EXIT_FAILURE;
     }
     // As an argument, unlike as a variable, the choice is not handed on to launched programs.
     std::array<char, 10> platformOption{"-platform"};
-    QByteArray toolkitPlugin(backend->toolkitPlugin);
+    QByteArray toolkitPlugin(reached.backend->toolkitPlugin);
     std::vector<char*> arguments(argv, argv + argc);
     arguments.insert(arguments.end(), {platformOption.data(), toolkitPlugin.data(), nullptr});
     int argumentCount = argc + 2;
 
     SessionApplication application(argumentCount, arguments.data());
+    reached.connection.reset();
     SessionApplication::setApplicationName(QStringLiteral("Quorvantel"));
     SessionApplication::setDesktopFileName(launcherIdentifier.toString());
     SessionApplication::setQuitOnLastWindowClosed(false);
     // Launched programs begin where the user's files are, wherever the launcher was started.
     QDir::setCurrent(QDir::homePath());
 
-    return runOn(*backend->connect(), start, run);
+    return runOn(*reached.backend->connect(), start, run);
 }
 
 } // namespace quorvantel::platform

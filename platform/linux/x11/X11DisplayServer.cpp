@@ -4,11 +4,10 @@
 
 namespace quorvantel::platform {
 
-bool X11DisplayServer::answers() {
-    xcb_connection_t* const connection = xcb_connect(nullptr, nullptr);
-    const bool isConnected = xcb_connection_has_error(connection) == 0;
-    xcb_disconnect(connection);
-    return isConnected;
+std::shared_ptr<const void> X11DisplayServer::reach() {
+    const std::shared_ptr<xcb_connection_t> connection(xcb_connect(nullptr, nullptr),
+                                                       xcb_disconnect);
+    return xcb_connection_has_error(connection.get()) == 0 ? connection : nullptr;
 }
 
 std::unique_ptr<DisplayServer> X11DisplayServer::connect() {

@@ -24,8 +24,8 @@ namespace quorvantel::platform {
 /// An X server, by the connection that the toolkit has to it.
 class X11DisplayServer final : public DisplayServer {
 public:
-    /// Whether the server that DISPLAY names accepts a connection.
-    static bool answers();
+    /// A connection to the server that DISPLAY names; null when it accepts none.
+    static std::shared_ptr<const void> reach();
 
     /// The server of the application object, which must use X11.
     static std::unique_ptr<DisplayServer> connect();
