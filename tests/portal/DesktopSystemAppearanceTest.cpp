@@ -1,5 +1,6 @@
 #include "platform/linux/session/DesktopSystemAppearance.h"
 
+#include "platform/linux/x11/X11Settings.h"
 #include "portal/FakeSettingsPortal.h"
 #include "support/ChildProcess.h"
 #include "support/SessionBus.h"
