@@ -1,5 +1,7 @@
 #include "e2e/LauncherSession.h"
 #include "support/ClientWindow.h"
+#include "support/RecordingScript.h"
+#include "support/TestFiles.h"
 #include "support/WaitUntil.h"
 
 #include <QDateTime>
@@ -8,11 +10,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <csignal>
+
 namespace quorvantel {
 namespace {
 
 using ::testing::Each;
 using ::testing::SizeIs;
+using namespace Qt::StringLiterals;
 using namespace ::quorvantel::testing;
 
 const QString zinc = QStringLiteral("zinc");
@@ -151,6 +156,51 @@ TEST_F(LaunchTest, AnApplicationInstalledMeanwhileIsFoundAtALaterShowing) {
         return found;
     };
     EXPECT_TRUE(waitUntil(findsIt));
+}
+
+TEST_F(LaunchTest, AProgramInheritsNothingOfTheLaunchers) {
+    const QString program = inHome(u"program"_s);
+    writeProgram(program, recordingScript);
+    writeFile(inHome(u".local/share/applications/program.desktop"_s),
+              "[Desktop Entry]\nType=Application\nName=Program\nExec=" + program.toUtf8() + '\n');
+    session.start();
+    session.summon();
+    session.search("program", 1);
+    session.keyboard().press({XK_Return});
+    ASSERT_TRUE(waitUntil([] { return QFile::exists(inHome(u"record/done"_s)); }));
+
+    QStringList expected = session.launch().environment.toStringList();
+    expected.removeOne(u"DESKTOP_AUTOSTART_ID=autostarted"_s);
+    QStringList environment =
+        QString::fromUtf8(readFile(inHome(u"record/environment"_s))).split(QChar::Null);
+    environment.removeLast();
+    erase_if(environment, [](const QString& variable) {
+        return variable.startsWith(u"GIO_LAUNCHED_DESKTOP_FILE"_s);
+    });
+    EXPECT_THAT(environment, ::testing::UnorderedElementsAreArray(expected));
+    EXPECT_EQ(readFile(inHome(u"record/signals"_s)),
+              "SigBlk:\t0000000000000000\nSigIgn:\t0000000000000000\n");
+    QStringList files =
+        QString::fromUtf8(readFile(inHome(u"record/descriptors"_s))).trimmed().split(u'\n');
+    files.removeAll(program);
+    EXPECT_THAT(files, Each(u"/dev/null"_s));
+}
+
+TEST_F(LaunchTest, AProgramThatHangsHoldsUpNothingAndOutlivesTheLauncher) {
+    writeProgram(inHome(u"program"_s), "#!/bin/sh\necho $$ >\"$HOME/pid\"\nexec sleep 60\n");
+    writeFile(inHome(u".local/share/applications/program.desktop"_s),
+              "[Desktop Entry]\nType=Application\nName=Program\nExec=" +
+                  inHome(u"program"_s).toUtf8() + '\n');
+    session.start();
+    session.summon();
+    session.search("program", 1);
+    session.keyboard().press({XK_Return});
+    ASSERT_TRUE(waitUntil([] { return readFile(inHome(u"pid"_s)).endsWith('\n'); }));
+    searchAndLaunchResult(0);
+    EXPECT_THAT(session.waitForRuns(zinc, 1), SizeIs(1));
+    const auto exit = session.terminate();
+    EXPECT_TRUE(exit && !exit->crashed && exit->status == 0);
+    EXPECT_EQ(::kill(readFile(inHome(u"pid"_s)).trimmed().toInt(), SIGTERM), 0) << "it has ended";
 }
 
 } // namespace

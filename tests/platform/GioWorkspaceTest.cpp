@@ -3,6 +3,7 @@
 #include "platform/linux/GLibPointers.h"
 #include "platform/linux/PropertyListBundleReader.h"
 #include "support/LogLines.h"
+#include "support/RecordingScript.h"
 #include "support/SessionBus.h"
 #include "support/TestFiles.h"
 #include "support/WaitUntil.h"
@@ -25,21 +26,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 using namespace quorvantel::testing;
-
-/// Writes down what it was started with: arguments, environment, session and open files.
-constexpr const char* recordingScript = R"(#!/bin/sh
-PATH=/usr/bin:/bin
-out="$HOME/record"
-mkdir -p "$out"
-printf '%s\n' "$@" >"$out/arguments"
-cat "/proc/$$/environ" >"$out/environment"
-cut -d' ' -f6 "/proc/$$/stat" >"$out/session"
-# Without a pipe or a redirection, which the shell itself would have open at times.
-find "/proc/$$/fd" -type l -fprintf "$out/descriptors" '%l\n'
-pwd >"$out/directory"
-: >"$out/done"
-exit "${STATUS:-0}"
-)";
 
 class RecordingNotifier final : public StartupNotifier {
 public:
@@ -144,9 +130,14 @@ TEST_F(GioWorkspaceTest, RunsAnEntrysProgramApartFromTheLauncher) {
     const QString program = inHome(u"some dir/program"_s);
     writeProgram(program, recordingScript);
     expectRunsApart(
-        writeEntry('"' + QFile::encodeName(program) + R"(" --flag "a b" "$HOME" 100%% %U %c)"),
+        writeEntry(
+            '"' + QFile::encodeName(program) +
+            R"(" --flag "a b" "" "$HOME" "\\$PATH \\"\\`x\\` \\\\" 100%% %U %f %c %k %i %d%m end)"),
         program);
-    EXPECT_EQ(record(u"arguments"_s), (QByteArrayList{"--flag", "a b", "$HOME", "100%", "Entry"}));
+    const QByteArray entry = QFile::encodeName(inHome(u"entry.desktop"_s));
+    EXPECT_EQ(record(u"arguments"_s),
+              (QByteArrayList{"--flag", "a b", "", "$HOME", R"($PATH "`x` \)", "100%", "Entry",
+                              entry, "--icon", "entry", "end"}));
     for (const QByteArray& variable : record(u"environment"_s, '\0')) {
         EXPECT_FALSE(variable.startsWith("DESKTOP_STARTUP_ID=")) << variable.toStdString();
     }
@@ -212,6 +203,10 @@ TEST_F(GioWorkspaceTest, RunsATerminalProgramInATerminal) {
     EXPECT_EQ(errors, QStringList{QString()});
     EXPECT_EQ(readFile(inHome(u"terminal"_s)), "-e\n");
     EXPECT_EQ(record(u"arguments"_s), QByteArrayList{"a b"});
+
+    QFile::remove(inHome(u"bin/xterm"_s));
+    open(inHome(u"entry.desktop"_s));
+    EXPECT_EQ(errors.back(), u"Unable to find terminal required for application"_s);
 }
 
 TEST_F(GioWorkspaceTest, ReportsNothingOnceItIsGone) {
