@@ -60,6 +60,12 @@ void ScreenReader::announceItself() const {
     }
 }
 
+void ScreenReader::forget() {
+    while (g_main_context_iteration(nullptr, FALSE) != FALSE) {
+    }
+    m_heard.clear();
+}
+
 std::optional<AccessibleObject> ScreenReader::find(const QString& application,
                                                    const QString& role) const {
     const AccessibleObject desktop(atspi_get_desktop(0));

@@ -36,7 +36,8 @@ public:
     /// What a reader would speak, oldest first: "focused: list item Editor" when that object gets
     /// the focus, and likewise with "selected", and "showing" for what comes into sight.
     const QStringList& heard() const { return m_heard; }
-    void forget() { m_heard.clear(); }
+    /// Also of what has arrived and not been heard yet.
+    void forget();
 
 private:
     static void hear(AtspiEvent* event, void* reader);
