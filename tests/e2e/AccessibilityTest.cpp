@@ -35,6 +35,8 @@ protected:
     /// The panel with the query "zinc" and its twenty results, and a reader that has heard of it.
     void searchWithReader() {
         session.start();
+        // The launcher does not wait for the accessibility services, so they may be late.
+        find(QStringLiteral("application"));
         session.summon();
         search();
         EXPECT_TRUE(hears(QStringLiteral("focused: list item Zinc 10")));

@@ -2,8 +2,10 @@
 
 #include "platform/linux/gui/IconGate.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QIcon>
+#include <QImageReader>
 #include <QPainter>
 #include <QtGui/private/qiconloader_p.h>
 
@@ -89,7 +91,13 @@ QImage symbolImage(const QString& name, int pixels) {
 } // namespace
 
 IconThemeImageLoader::IconThemeImageLoader(IconThemes::DesktopTheme desktopTheme)
-    : m_themes(std::move(desktopTheme)) {}
+    : m_themes(std::move(desktopTheme)) {
+    // The toolkit loads the libraries for all formats with the first image, which is not to be
+    // while the panel waits for it.
+    QMetaObject::invokeMethod(
+        QCoreApplication::instance(), [] { QImageReader::supportedImageFormats(); },
+        Qt::QueuedConnection);
+}
 
 QPixmap IconThemeImageLoader::load(const Image& image, int points, qreal scale) {
     const int pixels = qRound(points * scale);
