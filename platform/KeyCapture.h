@@ -20,10 +20,14 @@ struct KeyPress {
     friend bool operator==(const KeyPress&, const KeyPress&) = default;
 };
 
-/// Sees every key press before anyone else: shortcuts of the desktop and the launcher's own hotkey
-/// come as plain key presses and have no effect.
+/// Sees the key presses that reach the launcher's own window before the window does.
 ///
-/// On macOS this is a local event monitor; on X11, an active keyboard grab. Main thread only.
+/// As far as the system lets it, shortcuts of the desktop and hotkeys of other programs have no
+/// effect meanwhile but come as plain key presses. On macOS this is a local event monitor, which
+/// promises no more than the window gets; on X11 an active keyboard grab, which gets everything; on
+/// Wayland the inhibition of the compositor's shortcuts, which the compositor or the user may deny.
+/// The launcher's own hotkey is left to whoever records: see `GlobalHotKeys::suspend`. Main thread
+/// only.
 class KeyCapture {
 public:
     /// The capture lasts as long as its token.
@@ -40,14 +44,14 @@ public:
         PassedOn,  ///< It goes on to the window.
     };
 
-    /// Receives every press and says what becomes of it. May end the capture.
+    /// Receives a press and says what becomes of it. May end the capture.
     using Handler = std::function<Fate(const KeyPress&)>;
 
     virtual ~KeyCapture() = default;
 
-    /// Captures the keyboard for a shown window. A key that is down already counts once it has been
-    /// released; modifier keys and Caps Lock are swallowed unreported. One capture at a time: the
-    /// next one ends the reports to the one before. No token when the system offers no capture.
+    /// Captures what is typed into a shown window. A key that is down already counts once it has
+    /// been released; modifier keys and Caps Lock are swallowed unreported. One capture at a time:
+    /// the next one ends the reports to the one before. No token when the system offers no capture.
     virtual std::unique_ptr<Token> capture(QWindow& window, Handler handler) = 0;
 };
 

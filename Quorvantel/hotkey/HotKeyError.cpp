@@ -11,4 +11,9 @@ QString HotKeyError::description() const {
         "Option+Shift-only bindings are rejected by macOS (−9868).");
 }
 
+QString HotKeyError::explanation() const {
+    const auto* const failure = std::get_if<RegistrationFailed>(&m_case);
+    return failure == nullptr || failure->reason.isEmpty() ? description() : failure->reason;
+}
+
 } // namespace quorvantel

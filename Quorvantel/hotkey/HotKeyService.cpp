@@ -4,48 +4,117 @@
 
 namespace quorvantel {
 
-namespace {
-
-std::optional<HotKeyError> errorOf(platform::HotKeyStatus status) {
-    return status == platform::hotKeySuccess
-               ? std::nullopt
-               : std::optional(HotKeyError::registrationFailed(status));
-}
-
-} // namespace
-
 HotKeyService::HotKeyService(platform::GlobalHotKeys& hotKeys, QObject* parent)
     : QObject(parent), m_hotKeys(hotKeys) {}
 
 HotKeyService::~HotKeyService() {
-    unregister();
+    release();
 }
 
-std::optional<HotKeyError> HotKeyService::registerHotKey(const HotKeyBinding& binding,
-                                                         Handler handler) {
-    if (!binding.hasRequiredModifier()) {
-        return HotKeyError::invalidModifiers();
+void HotKeyService::registerHotKey(const HotKeyBinding& binding, Handler handler,
+                                   const std::optional<HotKeyBinding>& substitute) {
+    m_wanted = binding;
+    if (binding.hasRequiredModifier()) {
+        m_failure.reset();
+        m_substitute = substitute == binding ? std::nullopt : substitute;
+        m_handler = std::move(handler);
+        request(binding);
+    } else {
+        m_failure = HotKeyError::invalidModifiers();
+        Q_EMIT failed(*m_failure);
+        if (substitute) {
+            m_substitute.reset();
+            m_handler = std::move(handler);
+            request(*substitute);
+        }
     }
-    unregister();
-    m_handler = std::move(handler);
-    m_eventHandler = m_hotKeys.installHandler(
-        [this](platform::HotKeyIdentity pressedIdentity) { pressed(pressedIdentity); });
-    auto result = m_hotKeys.registerHotKey(binding.keyCode, binding.modifiers, identity,
-                                           [this, binding](platform::HotKeyStatus status) {
-                                               Q_EMIT availabilityChanged(binding, errorOf(status));
-                                           });
-    if (const auto* status = std::get_if<platform::HotKeyStatus>(&result)) {
-        unregister();
-        return errorOf(*status);
-    }
-    m_hotKey = std::move(std::get<std::unique_ptr<platform::GlobalHotKeys::Registration>>(result));
-    return std::nullopt;
+    publish();
 }
 
 void HotKeyService::unregister() {
+    release();
+    m_wanted.reset();
+    m_failure.reset();
+    publish();
+}
+
+void HotKeyService::request(const HotKeyBinding& binding) {
+    m_hotKey.reset();
+    m_eventHandler.reset();
+    m_eventHandler = m_hotKeys.installHandler(
+        [this](platform::HotKeyIdentity pressedIdentity) { pressed(pressedIdentity); });
+    m_registered = binding;
+    m_hasWorked = false;
+    m_hotKey = m_hotKeys.registerHotKey(binding.keyCode, binding.modifiers, identity, [this] {
+        follow();
+        publish();
+    });
+    follow();
+}
+
+void HotKeyService::follow() {
+    const platform::HotKeyState& state = m_hotKey->state();
+    if (const auto* const unavailable = std::get_if<platform::HotKeyUnavailable>(&state)) {
+        const auto error = HotKeyError::registrationFailed(*unavailable);
+        if (m_hasWorked) {
+            handleLoss(error);
+        } else {
+            handleRefusal(error);
+        }
+        return;
+    }
+    m_hasWorked = m_hasWorked || std::holds_alternative<platform::HotKeyRegistered>(state);
+    if (isWantedRegistered()) {
+        m_failure.reset();
+    }
+}
+
+void HotKeyService::handleRefusal(const HotKeyError& error) {
+    if (isWantedRegistered()) {
+        m_failure = error;
+        Q_EMIT failed(error);
+    }
+    if (const auto substitute = std::exchange(m_substitute, std::nullopt)) {
+        request(*substitute);
+    } else {
+        release();
+    }
+}
+
+void HotKeyService::handleLoss(const HotKeyError& error) {
+    // The registration stays, for the system may give back what it took away. What becomes of
+    // another hotkey says nothing about the one that was asked for.
+    if (isWantedRegistered()) {
+        m_failure = error;
+    }
+    Q_EMIT failed(error);
+}
+
+void HotKeyService::release() {
     m_hotKey.reset();
     m_eventHandler.reset();
     m_handler = nullptr;
+    m_registered.reset();
+    m_substitute.reset();
+}
+
+void HotKeyService::publish() {
+    SummonHotKey state;
+    state.failure = m_failure;
+    if (m_hotKey) {
+        const platform::HotKeyState& answer = m_hotKey->state();
+        state.isPending = std::holds_alternative<platform::HotKeyPending>(answer);
+        if (const auto* const registered = std::get_if<platform::HotKeyRegistered>(&answer)) {
+            state.active = m_registered;
+            state.trigger = registered->trigger;
+        } else if (const auto* const left = std::get_if<platform::HotKeyLeftToUser>(&answer)) {
+            state.leftToUser = *left;
+        }
+    }
+    if (state != m_state) {
+        m_state = std::move(state);
+        Q_EMIT changed();
+    }
 }
 
 void HotKeyService::pressed(platform::HotKeyIdentity pressedIdentity) {

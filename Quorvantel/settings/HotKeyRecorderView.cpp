@@ -39,10 +39,12 @@ ThemeColor withOpacity(ThemeColor color, double opacity) {
 
 } // namespace
 
-HotKeyRecorderView::HotKeyRecorderView(AppSettings& settings, platform::KeyCapture& keyCapture,
-                                       const ThemedRoot& theme, IconCache& icons, QWidget* parent)
+HotKeyRecorderView::HotKeyRecorderView(AppSettings& settings, HotKeyService& hotKey,
+                                       platform::KeyCapture& keyCapture, const ThemedRoot& theme,
+                                       IconCache& icons, QWidget* parent)
     : ThemedButton({}, theme, parent),
       m_settings(settings),
+      m_hotKey(hotKey),
       m_keyCapture(keyCapture),
       m_icons(icons) {
     setCursor(Qt::PointingHandCursor);
@@ -75,19 +77,26 @@ void HotKeyRecorderView::setState(const RecorderState& state) {
     m_state = state;
     if (!state.isRecording()) {
         m_monitor.reset();
+        m_suspension.reset();
         m_pulse.stop();
-    } else if (!m_monitor) {
-        m_monitor = m_keyCapture.capture(
-            *window()->windowHandle(),
-            [this](const platform::KeyPress& press) { return handlePress(press); });
-        m_pulse.setDirection(QAbstractAnimation::Forward);
-        m_pulse.setCurrentTime(0);
-        if (isAnimated(*this)) {
-            m_pulse.start();
-        }
+    } else if (!m_suspension) {
+        startRecording();
     }
     setDown(state.isRecording());
     describeToAssistiveTechnology();
+}
+
+void HotKeyRecorderView::startRecording() {
+    m_suspension = m_hotKey.suspend();
+    m_monitor =
+        m_keyCapture.capture(*window()->windowHandle(), [this](const platform::KeyPress& press) {
+            return handlePress(press);
+        });
+    m_pulse.setDirection(QAbstractAnimation::Forward);
+    m_pulse.setCurrentTime(0);
+    if (isAnimated(*this)) {
+        m_pulse.start();
+    }
 }
 
 void HotKeyRecorderView::cancelRecording() {

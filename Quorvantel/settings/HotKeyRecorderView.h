@@ -1,6 +1,7 @@
 #pragma once
 
 #include "drawing/IconCache.h"
+#include "hotkey/HotKeyService.h"
 #include "hotkey/RecorderState.h"
 #include "platform/KeyCapture.h"
 #include "preferences/AppSettings.h"
@@ -16,17 +17,18 @@ namespace quorvantel {
 /// The field that shows the summon hotkey and records another one: a click (or Space or Return)
 /// starts the recording, the next key press ends it.
 ///
-/// The keyboard is captured exactly while the field records. The recording also ends, without a
-/// change, when the field is clicked again, loses the focus or disappears; why a combination was
-/// refused is shown until the next click or until the field disappears. A screen reader hears what
-/// the field shows as its description. 240 × 34 points.
+/// The keyboard is captured, and the hotkey suspended, exactly while the field records. The
+/// recording also ends, without a change, when the field is clicked again, loses the focus or
+/// disappears; why a combination was refused is shown until the next click or until the field
+/// disappears. A screen reader hears what the field shows as its description. 240 × 34 points.
 class HotKeyRecorderView : public ThemedButton {
     Q_OBJECT
 
 public:
     /// The references must outlive the view.
-    HotKeyRecorderView(AppSettings& settings, platform::KeyCapture& keyCapture,
-                       const ThemedRoot& theme, IconCache& icons, QWidget* parent = nullptr);
+    HotKeyRecorderView(AppSettings& settings, HotKeyService& hotKey,
+                       platform::KeyCapture& keyCapture, const ThemedRoot& theme, IconCache& icons,
+                       QWidget* parent = nullptr);
 
     const RecorderState& state() const { return m_state; }
 
@@ -52,6 +54,7 @@ protected:
 
 private:
     void setState(const RecorderState& state);
+    void startRecording();
     void cancelRecording();
     platform::KeyCapture::Fate handlePress(const platform::KeyPress& press);
     QString shownText() const;
@@ -62,11 +65,14 @@ private:
     void drawGlyph(QPainter& painter);
 
     AppSettings& m_settings;
+    HotKeyService& m_hotKey;
     platform::KeyCapture& m_keyCapture;
     IconCache& m_icons;
     QString m_remark;
     RecorderState m_state = RecorderState::idle();
-    /// Exists exactly while the view records, unless the system offers no capture.
+    /// Exists exactly while the view records.
+    std::unique_ptr<HotKeyService::Suspension> m_suspension;
+    /// Likewise, unless the system offers no capture.
     std::unique_ptr<platform::KeyCapture::Token> m_monitor;
     QVariantAnimation m_pulse{this};
     bool m_isHovering = false;

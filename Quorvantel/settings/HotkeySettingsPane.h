@@ -1,5 +1,6 @@
 #pragma once
 
+#include "settings/CopyableText.h"
 #include "settings/HotKeyRecorderView.h"
 #include "settings/SettingsServices.h"
 #include "settings/SettingsText.h"
@@ -8,9 +9,10 @@
 
 namespace quorvantel {
 
-/// The content of the Hotkey section: the recorder, the way back to the default, and while the
-/// hotkey does not work, why, and which one does. Choosing the same hotkey once more then tries
-/// again.
+/// The content of the Hotkey section: the recorder, the way back to the default, and what became of
+/// the hotkey where that needs saying: why it does not work and which one does, what really
+/// triggers it, or what the user has to do for it. Choosing the same hotkey once more while it does
+/// not work tries again.
 class HotkeySettingsPane : public QWidget {
     Q_OBJECT
 
@@ -20,13 +22,15 @@ public:
 private:
     void resetToDefault();
     void retry();
-    void showActivity();
+    void showState();
 
-    const HotKeyActivity& m_activity;
+    const HotKeyService& m_hotKey;
     AppSettings& m_settings;
     std::function<void()> m_retryHotKey;
     HotKeyRecorderView* m_recorder;
     SettingsText* m_failure;
+    SettingsText* m_note;
+    CopyableText* m_configuration;
 };
 
 } // namespace quorvantel

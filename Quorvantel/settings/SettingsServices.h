@@ -1,7 +1,7 @@
 #pragma once
 
 #include "drawing/IconCache.h"
-#include "hotkey/HotKeyActivity.h"
+#include "hotkey/HotKeyService.h"
 #include "platform/KeyCapture.h"
 #include "platform/WindowActivator.h"
 #include "platform/WindowFrame.h"
@@ -16,7 +16,7 @@ namespace quorvantel {
 /// What the settings window works on. All of it must outlive the window.
 struct SettingsServices {
     AppSettings& settings;
-    const HotKeyActivity& hotKeyActivity;
+    HotKeyService& hotKey;
     ThemeManager& themeManager;
     const ThemedRoot& theme;
     IconCache& icons;

@@ -29,10 +29,6 @@ void log(const QString& message) {
     qWarning().noquote() << QStringLiteral("Quorvantel: ") + message.simplified();
 }
 
-void logHotKeyFailure(const HotKeyError& error) {
-    log(QStringLiteral("hotkey registration failed: ") + error.description());
-}
-
 } // namespace
 
 AppDelegate::AppDelegate(platform::Platform& platform, AppSettings& settings,
@@ -49,7 +45,7 @@ AppDelegate::AppDelegate(platform::Platform& platform, AppSettings& settings,
       m_helpMenu(help::HelpBundle(QStringLiteral(":/help")), QStringLiteral("topics"),
                  helpStyleFor(m_theme.theme()),
                  [this](QWindow& window) { m_platform.windowActivator().activate(window); }),
-      m_settingsWindowController({settings, m_hotKeyActivity, themeManager, m_theme, m_icons,
+      m_settingsWindowController({settings, m_hotKeyService, themeManager, m_theme, m_icons,
                                   platform.keyCapture(), platform.windowActivator(),
                                   platform.windowFrame(), [this] { retryHotKey(); },
                                   [this] { showHelp(); }}),
@@ -74,15 +70,15 @@ void AppDelegate::applicationDidFinishLaunching() {
     m_settings.onHotKeyChange = [this](const HotKeyBinding& binding) {
         registerHotKey(binding, false);
     };
-    connect(&m_hotKeyService, &HotKeyService::availabilityChanged, this,
-            &AppDelegate::followHotKey);
+    connect(&m_hotKeyService, &HotKeyService::failed, this, [](const HotKeyError& error) {
+        log(QStringLiteral("hotkey registration failed: ") + error.description());
+    });
     registerHotKey(m_settings.hotKeyBinding(), true);
 }
 
 void AppDelegate::applicationWillTerminate() {
     m_settings.onHotKeyChange = nullptr;
     m_hotKeyService.unregister();
-    m_hotKeyActivity.set(std::nullopt, std::nullopt);
 }
 
 void AppDelegate::applyTheme() {
@@ -136,38 +132,14 @@ void AppDelegate::takeApplications(std::vector<LaunchTarget> targets) {
 }
 
 void AppDelegate::registerHotKey(const HotKeyBinding& binding, bool fallbackToDefault) {
-    const auto toggle = [this] { togglePanel(); };
-    const auto error = m_hotKeyService.registerHotKey(binding, toggle);
-    if (!error) {
-        m_hotKeyActivity.set(binding, std::nullopt);
-        return;
-    }
-    logHotKeyFailure(*error);
-    const HotKeyBinding defaultBinding = HotKeyBinding::defaultBinding();
-    if (fallbackToDefault && binding != defaultBinding &&
-        !m_hotKeyService.registerHotKey(defaultBinding, toggle)) {
-        m_hotKeyActivity.set(defaultBinding, error);
-        return;
-    }
-    // A combination that is not even tried leaves the earlier one at work.
-    m_hotKeyActivity.set(m_hotKeyService.isRegistered() ? m_hotKeyActivity.active() : std::nullopt,
-                         error);
+    m_hotKeyService.registerHotKey(
+        binding, [this] { togglePanel(); },
+        fallbackToDefault ? std::optional(HotKeyBinding::defaultBinding()) : std::nullopt);
 }
 
 void AppDelegate::retryHotKey() {
     // What has worked instead is not to be lost over another failure.
-    registerHotKey(m_settings.hotKeyBinding(), m_hotKeyActivity.active().has_value());
-}
-
-void AppDelegate::followHotKey(const HotKeyBinding& registered,
-                               const std::optional<HotKeyError>& reason) {
-    if (reason) {
-        logHotKeyFailure(*reason);
-    }
-    // What becomes of a default in its place says nothing about the hotkey in the settings.
-    const bool isFromSettings = registered == m_settings.hotKeyBinding();
-    m_hotKeyActivity.set(reason ? std::nullopt : std::optional(registered),
-                         isFromSettings ? reason : m_hotKeyActivity.failure());
+    registerHotKey(m_settings.hotKeyBinding(), m_hotKeyService.state().active.has_value());
 }
 
 void AppDelegate::togglePanel() {

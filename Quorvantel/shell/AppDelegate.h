@@ -4,7 +4,6 @@
 #include "catalogue/YieldingScan.h"
 #include "drawing/IconCache.h"
 #include "help/HelpMenu.h"
-#include "hotkey/HotKeyActivity.h"
 #include "hotkey/HotKeyService.h"
 #include "panel/LauncherPanelController.h"
 #include "platform/Platform.h"
@@ -70,8 +69,8 @@ public:
 
     bool isPanelVisible() const;
 
-    /// Which hotkey summons the panel now.
-    const HotKeyActivity& hotKeyActivity() const { return m_hotKeyActivity; }
+    /// Knows which hotkey summons the panel now.
+    const HotKeyService& hotKeyService() const { return m_hotKeyService; }
 
     SearchEngine& engine();
     const FrecencyStore& frecency() const { return m_frecency; }
@@ -89,7 +88,6 @@ private:
     void registerHotKey(const HotKeyBinding& binding, bool fallbackToDefault);
     void retryHotKey();
     void showHelp();
-    void followHotKey(const HotKeyBinding& registered, const std::optional<HotKeyError>& reason);
     void open(const LaunchTarget& target);
     void summon();
 
@@ -102,7 +100,6 @@ private:
     HotKeyService m_hotKeyService;
     ThemedRoot m_theme;
     IconCache m_icons;
-    HotKeyActivity m_hotKeyActivity;
     help::HelpMenu m_helpMenu;
     SettingsWindowController m_settingsWindowController;
     AppIndexer m_indexer;

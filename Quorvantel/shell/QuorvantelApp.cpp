@@ -5,6 +5,19 @@
 
 namespace quorvantel {
 
+namespace {
+
+/// Empty while no way is known to work.
+QString wayToSummon(const SummonHotKey& hotKey) {
+    if (hotKey.leftToUser) {
+        return hotKey.leftToUser->instruction + u'\n' + hotKey.leftToUser->configuration;
+    }
+    const QString press = hotKey.pressText();
+    return press.isEmpty() ? QString() : QStringLiteral("press %1 to search").arg(press);
+}
+
+} // namespace
+
 QuorvantelApp::QuorvantelApp(platform::Platform& platform)
     : m_platform(platform),
       m_delegate(platform, AppSettings::shared(platform.userDefaults()),
@@ -14,14 +27,20 @@ QuorvantelApp::QuorvantelApp(platform::Platform& platform)
 int QuorvantelApp::run() {
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_delegate,
                      &AppDelegate::applicationWillTerminate);
+    QObject::connect(&m_delegate.hotKeyService(), &HotKeyService::changed, &m_delegate,
+                     [this] { announceHotKey(); });
     m_delegate.applicationDidFinishLaunching();
-    if (const auto hotKey = m_delegate.hotKeyActivity().active()) {
-        qInfo().noquote()
-            << QStringLiteral("Quorvantel: press %1 to search").arg(hotKey->displayText());
-    }
     m_platform.applicationRequests().receive(
         [this](platform::ApplicationRequest request) { m_delegate.answer(request); });
     return QApplication::exec();
+}
+
+void QuorvantelApp::announceHotKey() {
+    const QString way = wayToSummon(m_delegate.hotKeyService().state());
+    if (!m_hasAnnounced && !way.isEmpty()) {
+        m_hasAnnounced = true;
+        qInfo().noquote() << QStringLiteral("Quorvantel: ") + way;
+    }
 }
 
 } // namespace quorvantel

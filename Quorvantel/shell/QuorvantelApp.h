@@ -16,8 +16,12 @@ public:
     int run();
 
 private:
+    /// Logs how the launcher is summoned, once that is known, for whoever started it in a terminal.
+    void announceHotKey();
+
     platform::Platform& m_platform;
     AppDelegate m_delegate;
+    bool m_hasAnnounced = false;
 };
 
 } // namespace quorvantel

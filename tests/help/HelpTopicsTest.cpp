@@ -6,6 +6,7 @@
 #include "search/FuzzyScorer.h"
 #include "settings/SettingsWindowController.h"
 #include "shell/HelpStyle.h"
+#include "support/FakeHotKeys.h"
 #include "support/FakeLook.h"
 #include "support/FakeWindowActivator.h"
 #include "support/FakeWindowFrame.h"
@@ -129,12 +130,13 @@ protected:
     LearnedAbbreviationStore learned{directory.path()};
     testing::FakeLook look;
     AppSettings settings{look.defaults};
-    HotKeyActivity activity;
+    testing::FakeHotKeys hotKeys;
+    HotKeyService hotKey{hotKeys};
     testing::ScriptedKeyCapture keyboard;
     testing::FakeWindowActivator activator;
     testing::FakeWindowFrame frame;
-    SettingsWindowController settingsWindow{{settings, activity, look.manager, look.theme,
-                                             look.icons, keyboard, activator, frame, [] {}, [] {}}};
+    SettingsWindowController settingsWindow{{settings, hotKey, look.manager, look.theme, look.icons,
+                                             keyboard, activator, frame, [] {}, [] {}}};
 };
 
 TEST_F(HelpTopicsTruth, TheHotKeyIsTheDefault) {

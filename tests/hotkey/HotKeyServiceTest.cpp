@@ -13,6 +13,21 @@ using namespace Qt::StringLiterals;
 
 class HotKeyServiceTest : public ::testing::Test {
 protected:
+    HotKeyServiceTest() {
+        QObject::connect(&service, &HotKeyService::changed, &service, [this] { ++changes; });
+        QObject::connect(&service, &HotKeyService::failed, &service,
+                         [this](const HotKeyError& error) { failures << error.description(); });
+    }
+
+    static SummonHotKey working(const HotKeyBinding& binding,
+                                const std::optional<HotKeyError>& failure = {}) {
+        return {.active = binding, .trigger = {}, .failure = failure, .leftToUser = {}};
+    }
+
+    static SummonHotKey failed(const HotKeyError& failure) {
+        return {.active = {}, .trigger = {}, .failure = failure, .leftToUser = {}};
+    }
+
     void press(std::uint32_t id = 1) {
         hotKeys.handler({HotKeyService::identity.signature, id});
         QCoreApplication::processEvents();
@@ -21,41 +36,103 @@ protected:
     testing::FakeHotKeys hotKeys;
     HotKeyService service{hotKeys};
     int presses = 0;
+    int changes = 0;
+    QStringList failures;
+    const HotKeyError refusal = HotKeyError::registrationFailed({10, {}});
     HotKeyService::Handler count = [this] { ++presses; };
 };
 
 TEST_F(HotKeyServiceTest, RejectsCombinationsThatPeopleTypeWithAndKeepsTheCurrentOne) {
-    ASSERT_EQ(service.registerHotKey({49, 0x1000}, count), std::nullopt);
+    service.registerHotKey({49, 0x1000}, count);
+    EXPECT_EQ(service.state(), working({49, 0x1000}));
     for (const std::uint32_t modifiers : {0x0000U, 0x0200U, 0x0800U, 0x0A00U}) {
-        EXPECT_EQ(service.registerHotKey({49, modifiers}, [] {}), HotKeyError::invalidModifiers());
+        service.registerHotKey({49, modifiers}, [] {});
+        EXPECT_EQ(service.state(), working({49, 0x1000}, HotKeyError::invalidModifiers()));
     }
     press();
     EXPECT_EQ(presses, 1);
-    EXPECT_EQ(HotKeyError::invalidModifiers().description(),
+    EXPECT_EQ(failures.size(), 4);
+    EXPECT_EQ(failures.front(),
               u"Hotkey binding must include ⌘ (cmdKey) or ⌃ (controlKey). Option-only "
               u"and Option+Shift-only bindings are rejected by macOS (\u22129868)."_s);
+
+    service.registerHotKey({49, 0x0800}, count, HotKeyBinding::defaultBinding());
+    EXPECT_EQ(service.state(),
+              working(HotKeyBinding::defaultBinding(), HotKeyError::invalidModifiers()));
 }
 
 TEST_F(HotKeyServiceTest, ReplacesTheRegistrationReleasingTheOldOneFirst) {
     service.registerHotKey({49, 0x1000}, count);
     hotKeys.log.clear();
-    ASSERT_EQ(service.registerHotKey({40, 0x0300}, count), std::nullopt);
+    service.registerHotKey({40, 0x0300}, count);
     EXPECT_EQ(hotKeys.log,
               (QStringList{u"-4096+49"_s, u"-handler"_s, u"+handler"_s, u"+768+40"_s}));
 }
 
 TEST_F(HotKeyServiceTest, ARefusalLeavesNothingRegistered) {
     service.registerHotKey({49, 0x1000}, count);
+    const auto expectNothing = [this] {
+        EXPECT_EQ(service.state(), failed(refusal));
+        EXPECT_EQ(hotKeys.registered, QStringList());
+        press();
+        EXPECT_EQ(presses, 0);
+    };
     hotKeys.refused = {u"768+40"_s};
-    const auto error = service.registerHotKey({40, 0x0300}, count);
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->description(), u"RegisterEventHotKey failed with OSStatus 10."_s);
-    EXPECT_FALSE(service.isRegistered());
-    EXPECT_EQ(hotKeys.registered, QStringList());
+    service.registerHotKey({40, 0x0300}, count);
+    expectNothing();
+    hotKeys.refused.clear();
+    hotKeys.answer = platform::HotKeyPending{};
+    service.registerHotKey({40, 0x0300}, count);
+    EXPECT_TRUE(service.state().isPending);
+    hotKeys.turn(testing::FakeHotKeys::refusal);
+    expectNothing();
+    EXPECT_EQ(failures, QStringList(2, u"RegisterEventHotKey failed with OSStatus 10."_s));
+    service.unregister();
+    service.unregister();
+    EXPECT_EQ(service.state(), SummonHotKey());
+}
+
+TEST_F(HotKeyServiceTest, TheSubstituteTakesThePlaceOfWhatIsRefusedNowOrLater) {
+    const HotKeyBinding substitute = HotKeyBinding::defaultBinding();
+    hotKeys.answer = platform::HotKeyPending{};
+    service.registerHotKey({40, 0x0300}, count, substitute);
+    hotKeys.answer = platform::HotKeyRegistered{};
+    hotKeys.turn(testing::FakeHotKeys::refusal);
+    EXPECT_EQ(service.state(), working(substitute, refusal));
     press();
-    EXPECT_EQ(presses, 0);
-    service.unregister();
-    service.unregister();
+    EXPECT_EQ(presses, 1);
+
+    hotKeys.answer = platform::HotKeyPending{};
+    service.registerHotKey({40, 0x0300}, count, substitute);
+    hotKeys.turn(testing::FakeHotKeys::refusal);
+    EXPECT_TRUE(service.state().isPending);
+    hotKeys.turn(testing::FakeHotKeys::refusal);
+    EXPECT_EQ(service.state(), failed(refusal)) << "one after the other";
+    EXPECT_EQ(failures.size(), 2) << "the substitute's goes without saying";
+
+    service.registerHotKey(substitute, count, substitute);
+    hotKeys.turn(testing::FakeHotKeys::refusal);
+    EXPECT_EQ(service.state(), failed(refusal));
+    EXPECT_EQ(hotKeys.registered, QStringList()) << "not the same again";
+}
+
+TEST_F(HotKeyServiceTest, FollowsWhatTheSystemMakesOfItAndTellsOfRealChangesOnly) {
+    service.registerHotKey({40, 0x0300}, count, HotKeyBinding::defaultBinding());
+    EXPECT_EQ(changes, 1);
+    hotKeys.turn(platform::HotKeyRegistered{});
+    EXPECT_EQ(changes, 1);
+    hotKeys.turn(platform::HotKeyRegistered{u"Meta+K"_s});
+    EXPECT_EQ(service.state().pressText(), u"Meta+K"_s);
+    hotKeys.turn(testing::FakeHotKeys::refusal);
+    EXPECT_EQ(service.state(), failed(refusal));
+    EXPECT_EQ(failures.size(), 1);
+    hotKeys.turn(platform::HotKeyRegistered{});
+    EXPECT_EQ(service.state(), working({40, 0x0300})) << "what is lost may come back";
+    const platform::HotKeyLeftToUser left{u"Do"_s, u"this"_s};
+    hotKeys.turn(left);
+    EXPECT_EQ(service.state().leftToUser, left);
+    EXPECT_EQ(service.state().active, std::nullopt);
+    EXPECT_EQ(changes, 5);
 }
 
 TEST_F(HotKeyServiceTest, RunsTheHandlerFromTheEventLoopAndOnlyForItsOwnHotKey) {

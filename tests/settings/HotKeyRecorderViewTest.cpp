@@ -1,5 +1,6 @@
 #include "settings/HotKeyRecorderView.h"
 
+#include "support/FakeHotKeys.h"
 #include "support/FakeLook.h"
 #include "support/ScriptedKeyCapture.h"
 #include "support/WithoutMotion.h"
@@ -37,11 +38,13 @@ protected:
         QTest::mouseClick(&recorder, Qt::LeftButton);
         ASSERT_TRUE(recorder.state().isRecording());
         ASSERT_EQ(keyboard.captures, 1);
+        ASSERT_EQ(hotKeys.registered, QStringList{u"suspension"_s});
     }
 
     void expectOver(const char* how) {
         EXPECT_FALSE(recorder.state().isRecording()) << how;
         EXPECT_EQ(keyboard.captures, 0) << how;
+        EXPECT_EQ(hotKeys.registered, QStringList()) << how;
     }
 
     QString spokenDescription() {
@@ -50,10 +53,12 @@ protected:
 
     testing::FakeLook look;
     AppSettings settings{look.defaults};
+    testing::FakeHotKeys hotKeys;
+    HotKeyService hotKey{hotKeys};
     testing::ScriptedKeyCapture keyboard;
     int changes = 0;
     QWidget window;
-    HotKeyRecorderView recorder{settings, keyboard, look.theme, look.icons};
+    HotKeyRecorderView recorder{settings, hotKey, keyboard, look.theme, look.icons};
     QLineEdit other;
 };
 
@@ -119,7 +124,7 @@ TEST_F(HotKeyRecorderViewTest, LetsTheKeyboardGoOnEveryWayOut) {
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
 
     {
-        HotKeyRecorderView second(settings, keyboard, look.theme, look.icons, &window);
+        HotKeyRecorderView second(settings, hotKey, keyboard, look.theme, look.icons, &window);
         second.show();
         QTest::mouseClick(&second, Qt::LeftButton);
         EXPECT_EQ(keyboard.captures, 1);

@@ -1,15 +1,19 @@
+#include "settings/CopyableText.h"
 #include "settings/FCPToolbarButtonStyle.h"
 #include "settings/HotKeyRecorderView.h"
 #include "settings/PlainButton.h"
 #include "settings/SegmentedPill.h"
 #include "settings/SettingsText.h"
 #include "settings/SettingsWindowController.h"
+#include "support/FakeHotKeys.h"
 #include "support/FakeLook.h"
 #include "support/FakeWindowActivator.h"
 #include "support/FakeWindowFrame.h"
 #include "support/ScriptedKeyCapture.h"
 
 #include <QAccessible>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QMessageBox>
 #include <QScreen>
 #include <QTemporaryDir>
@@ -65,13 +69,14 @@ protected:
     LearnedAbbreviationStore learned{directory.path()};
     testing::FakeLook look;
     AppSettings settings{look.defaults};
-    HotKeyActivity activity;
+    testing::FakeHotKeys hotKeys;
+    HotKeyService hotKey{hotKeys};
     testing::ScriptedKeyCapture keyboard;
     testing::FakeWindowActivator activator;
     testing::FakeWindowFrame frame;
     int retries = 0;
     int helpRequests = 0;
-    SettingsWindowController controller{{settings, activity, look.manager, look.theme, look.icons,
+    SettingsWindowController controller{{settings, hotKey, look.manager, look.theme, look.icons,
                                          keyboard, activator, frame, [this] { ++retries; },
                                          [this] { ++helpRequests; }}};
 };
@@ -160,13 +165,43 @@ TEST_F(SettingsWindowTest, AHotKeyThatDoesNotWorkIsExplainedBesideTheOneThatDoes
         EXPECT_EQ((*warning)->isVisible() ? (*warning)->text() : QString(), text);
         EXPECT_EQ(recorder().accessibleDescription().section(u'\n', 1), text);
     };
+    hotKey.registerHotKey(settings.hotKeyBinding(), [] {});
     expectExplained({});
-    activity.set(HotKeyBinding::defaultBinding(), HotKeyError::registrationFailed(10));
+    hotKeys.refused = {u"4096+40"_s};
+    hotKey.registerHotKey(
+        {40, 0x1000}, [] {}, HotKeyBinding::defaultBinding());
     expectExplained(refusal + u"\n⌥⌘Space summons Quorvantel instead."_s);
-    activity.set(std::nullopt, HotKeyError::registrationFailed(10));
+    hotKeys.turn(platform::HotKeyUnavailable{7, u"Lost."_s});
     expectExplained(refusal + u"\nNo hotkey summons Quorvantel now."_s);
-    activity.set(settings.hotKeyBinding(), std::nullopt);
+    hotKeys.refused.clear();
+    hotKey.registerHotKey(settings.hotKeyBinding(), [] {});
     expectExplained({});
+    hotKeys.turn(platform::HotKeyUnavailable{7, u"Lost."_s});
+    expectExplained(u"Lost.\nNo hotkey summons Quorvantel now."_s);
+}
+
+TEST_F(SettingsWindowTest, WhatTheSystemMadeOfTheHotKeyIsSaidAndCanBeCopied) {
+    auto& window = show();
+    const auto& lines = *window.findChild<CopyableText*>();
+    hotKeys.answer = platform::HotKeyPending{};
+    hotKey.registerHotKey(settings.hotKeyBinding(), [] {});
+    EXPECT_TRUE(shows(u"Waiting for your desktop to answer…"_s));
+    hotKeys.turn(platform::HotKeyRegistered{u"Meta+Space"_s});
+    EXPECT_TRUE(shows(u"Press Meta+Space to summon Quorvantel."_s));
+    EXPECT_EQ(recorder().accessibleDescription(),
+              u"⌥⌘Space\nPress Meta+Space to summon Quorvantel."_s);
+    EXPECT_FALSE(lines.isVisible());
+
+    hotKeys.turn(platform::HotKeyLeftToUser{u"Put this there:"_s, u"bind x"_s});
+    EXPECT_TRUE(shows(u"Put this there:"_s));
+    EXPECT_TRUE(lines.isVisible());
+    auto* const copy = button<PlainButton>(u"Copy"_s);
+    QTest::mouseClick(copy, Qt::LeftButton);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"bind x"_s);
+    EXPECT_EQ(copy->text(), u"Copied"_s);
+    hotKeys.turn(platform::HotKeyRegistered{});
+    EXPECT_FALSE(lines.isVisible());
+    EXPECT_EQ(copy->text(), u"Copy"_s);
 }
 
 TEST_F(SettingsWindowTest, ChoosingTheSameHotKeyTriesAgainWhileItDoesNotWork) {
@@ -178,13 +213,17 @@ TEST_F(SettingsWindowTest, ChoosingTheSameHotKeyTriesAgainWhileItDoesNotWork) {
     };
     choose();
     EXPECT_EQ(retries, 0);
-    activity.set(std::nullopt, HotKeyError::registrationFailed(10));
+    hotKeys.refused = {u"2304+49"_s};
+    hotKey.registerHotKey(settings.hotKeyBinding(), [] {});
     choose();
     EXPECT_EQ(retries, 2);
 }
 
 TEST_F(SettingsWindowTest, EveryTextHasItsRoomInTheSmallestWindowAndHeadingsStandStill) {
-    activity.set(std::nullopt, HotKeyError::invalidModifiers());
+    hotKeys.answer = platform::HotKeyLeftToUser{QString(u"word "_s).repeated(30),
+                                                QString(u"--option "_s).repeated(20)};
+    hotKey.registerHotKey(settings.hotKeyBinding(), [] {});
+    hotKey.registerHotKey({49, 0}, [] {});
     SettingsView& window = show();
     for (const QSize size : {QSize(0, 0), QSize(645, 360), QSize(2000, 1000)}) {
         window.resize(size);

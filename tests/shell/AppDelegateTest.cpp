@@ -49,6 +49,8 @@ protected:
         return target.id();
     }
 
+    const SummonHotKey& hotKey() const { return delegate.hotKeyService().state(); }
+
     FakePlatform platform;
     AppSettings settings{platform.defaults};
     ThemeManager themeManager{platform.defaults};
@@ -205,16 +207,16 @@ TEST_F(AppDelegateTest, FallsBackToTheDefaultHotKeyOnceAndOnlyAtTheStart) {
     EXPECT_EQ(log.lines(),
               QStringList{QStringLiteral("Quorvantel: hotkey registration failed: "
                                          "RegisterEventHotKey failed with OSStatus 10.")});
-    EXPECT_EQ(delegate.hotKeyActivity().active(), HotKeyBinding::defaultBinding());
+    EXPECT_EQ(hotKey().active, HotKeyBinding::defaultBinding());
 
     log.take();
     platform.hotKeys.refused << QStringLiteral("4096+38");
     settings.setHotKeyBinding({38, 0x1000});
     EXPECT_EQ(log.lines().size(), 1);
-    EXPECT_EQ(delegate.hotKeyActivity().active(), std::nullopt);
+    EXPECT_EQ(hotKey().active, std::nullopt);
     EXPECT_EQ(platform.hotKeys.registered, QStringList());
     settings.setHotKeyBinding({37, 0x1000});
-    EXPECT_EQ(delegate.hotKeyActivity().active(), (HotKeyBinding{37, 0x1000}));
+    EXPECT_EQ(hotKey().active, (HotKeyBinding{37, 0x1000}));
 }
 
 TEST_F(AppDelegateTest, RecordingTheRefusedHotKeyAgainRegistersItOnceItIsFree) {
@@ -231,11 +233,10 @@ TEST_F(AppDelegateTest, RecordingTheRefusedHotKeyAgainRegistersItOnceItIsFree) {
         platform.capture.press({40, 0x1000});
     };
     recordAgain();
-    EXPECT_EQ(delegate.hotKeyActivity().active(), HotKeyBinding::defaultBinding())
-        << "still at work";
+    EXPECT_EQ(hotKey().active, HotKeyBinding::defaultBinding()) << "still at work";
     platform.hotKeys.refused.clear();
     recordAgain();
-    EXPECT_EQ(delegate.hotKeyActivity().active(), settings.hotKeyBinding());
+    EXPECT_EQ(hotKey().active, settings.hotKeyBinding());
     EXPECT_EQ(platform.hotKeys.registered.last(), QStringLiteral("4096+40"));
 }
 
@@ -245,37 +246,36 @@ TEST_F(AppDelegateTest, ARefusedDefaultIsTriedOnceAndLoggedOnce) {
     start();
     EXPECT_EQ(log.lines().size(), 1);
     EXPECT_EQ(platform.hotKeys.log.count(QStringLiteral("!2304+49")), 1);
-    EXPECT_EQ(delegate.hotKeyActivity().active(), std::nullopt);
+    EXPECT_EQ(hotKey().active, std::nullopt);
 }
 
 TEST_F(AppDelegateTest, ACombinationThatNeedsNoTryingLeavesTheHotKeyAtWork) {
     start();
     settings.setHotKeyBinding({49, HotKeyModifier::option});
     EXPECT_EQ(platform.hotKeys.registered.last(), QStringLiteral("2304+49"));
-    EXPECT_EQ(delegate.hotKeyActivity().active(), HotKeyBinding::defaultBinding());
+    EXPECT_EQ(hotKey().active, HotKeyBinding::defaultBinding());
 }
 
 TEST_F(AppDelegateTest, FollowsAHotKeyThatTheSystemTakesAwayAndGivesBack) {
     start();
-    const HotKeyActivity& activity = delegate.hotKeyActivity();
     testing::LogLines log{QStringLiteral("Quorvantel: ")};
-    platform.hotKeys.onStatusChange(10);
-    EXPECT_EQ(activity.active(), std::nullopt);
-    EXPECT_EQ(activity.failure(), HotKeyError::registrationFailed(10));
-    platform.hotKeys.onStatusChange(platform::hotKeySuccess);
-    EXPECT_EQ(activity.active(), HotKeyBinding::defaultBinding());
-    EXPECT_EQ(activity.failure(), std::nullopt);
+    platform.hotKeys.turn(testing::FakeHotKeys::refusal);
+    EXPECT_EQ(hotKey().active, std::nullopt);
+    EXPECT_TRUE(hotKey().failure);
+    platform.hotKeys.turn(platform::HotKeyRegistered{});
+    EXPECT_EQ(hotKey().active, HotKeyBinding::defaultBinding());
+    EXPECT_EQ(hotKey().failure, std::nullopt);
     EXPECT_EQ(log.lines(),
               QStringList{QStringLiteral("Quorvantel: hotkey registration failed: "
                                          "RegisterEventHotKey failed with OSStatus 10.")});
 
     // One that is not in the settings comes and goes without a word about the one that is.
     settings.setHotKeyBinding({49, HotKeyModifier::option});
-    platform.hotKeys.onStatusChange(10);
-    EXPECT_EQ(activity.active(), std::nullopt);
-    platform.hotKeys.onStatusChange(platform::hotKeySuccess);
-    EXPECT_EQ(activity.active(), HotKeyBinding::defaultBinding());
-    EXPECT_EQ(activity.failure(), HotKeyError::invalidModifiers());
+    platform.hotKeys.turn(testing::FakeHotKeys::refusal);
+    EXPECT_EQ(hotKey().active, std::nullopt);
+    platform.hotKeys.turn(platform::HotKeyRegistered{});
+    EXPECT_EQ(hotKey().active, HotKeyBinding::defaultBinding());
+    EXPECT_EQ(hotKey().failure, HotKeyError::invalidModifiers());
 }
 
 TEST_F(AppDelegateTest, AClickElsewhereHidesThePanelOnce) {

@@ -9,51 +9,80 @@
 
 namespace quorvantel::testing {
 
-/// Grants every combination but the refused ones, with the status 10, and writes down what is in
-/// force: "handler", and a combination as "modifiers+code".
+/// Answers as the test says, and refuses some combinations at once with the status 10. Writes down
+/// what is in force: "handler", "suspension", and a combination as "modifiers+code".
 class FakeHotKeys : public platform::GlobalHotKeys {
 public:
-    std::unique_ptr<Registration> installHandler(PressHandler pressHandler) override {
+    std::unique_ptr<Token> installHandler(PressHandler pressHandler) override {
         handler = std::move(pressHandler);
-        return std::make_unique<Entry>(*this, QStringLiteral("handler"));
+        return std::make_unique<Entry<Token>>(*this, QStringLiteral("handler"));
     }
 
-    RegistrationResult registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
-                                      platform::HotKeyIdentity,
-                                      StatusHandler statusHandler) override {
+    std::unique_ptr<Registration> registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
+                                                 platform::HotKeyIdentity,
+                                                 ChangeHandler changeHandler) override {
         const QString name = QStringLiteral("%1+%2").arg(modifiers).arg(keyCode);
-        if (refused.contains(name)) {
-            log << u'!' + name;
-            return platform::HotKeyStatus{10};
-        }
-        onStatusChange = std::move(statusHandler);
-        return std::make_unique<Entry>(*this, name);
+        onChange = std::move(changeHandler);
+        current = refused.contains(name) ? refusal : answer;
+        return std::make_unique<KeyEntry>(*this,
+                                          refused.contains(name) ? QString(u'!' + name) : name);
     }
 
-    /// In the order in which they came.
+    std::unique_ptr<Token> suspend() override {
+        return std::make_unique<Entry<Token>>(*this, QStringLiteral("suspension"));
+    }
+
+    /// Gives the latest registration another state.
+    void turn(platform::HotKeyState state) {
+        current = std::move(state);
+        const ChangeHandler tell = onChange;
+        tell();
+    }
+
+    static inline const platform::HotKeyState refusal = platform::HotKeyUnavailable{10, {}};
+
+    /// In the order in which they came; what is refused is none of it.
     QStringList registered;
     /// What came, went and was refused, as "+name", "-name" and "!name".
     QStringList log;
     QSet<QString> refused;
+    /// What a combination that is not refused is told at first.
+    platform::HotKeyState answer = platform::HotKeyRegistered{};
     PressHandler handler;
-    StatusHandler onStatusChange;
 
 private:
-    class Entry : public Registration {
+    template <typename Base>
+    class Entry : public Base {
     public:
         Entry(FakeHotKeys& hotKeys, QString name) : m_hotKeys(hotKeys), m_name(std::move(name)) {
+            if (m_name.startsWith(u'!')) {
+                m_hotKeys.log << m_name;
+                return;
+            }
             m_hotKeys.registered << m_name;
             m_hotKeys.log << u'+' + m_name;
         }
         ~Entry() override {
-            m_hotKeys.registered.removeOne(m_name);
-            m_hotKeys.log << u'-' + m_name;
+            if (m_hotKeys.registered.removeOne(m_name)) {
+                m_hotKeys.log << u'-' + m_name;
+            }
         }
 
-    private:
+    protected:
         FakeHotKeys& m_hotKeys;
+
+    private:
         QString m_name;
     };
+
+    class KeyEntry : public Entry<Registration> {
+    public:
+        using Entry::Entry;
+        const platform::HotKeyState& state() const override { return m_hotKeys.current; }
+    };
+
+    platform::HotKeyState current;
+    ChangeHandler onChange;
 };
 
 } // namespace quorvantel::testing

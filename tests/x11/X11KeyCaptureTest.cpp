@@ -109,7 +109,7 @@ TEST_F(X11KeyCaptureTest, HotKeysOfTheLauncherAndOfOthersAreCapturedInstead) {
 TEST_F(X11KeyCaptureTest, ANewHotKeyIsNotPressedByTheKeyThatRecordedIt) {
     int hotKeyPresses = 0;
     const auto handler = hotKeys.installHandler([&](HotKeyIdentity) { ++hotKeyPresses; });
-    GlobalHotKeys::RegistrationResult registration;
+    std::unique_ptr<GlobalHotKeys::Registration> registration;
     token = capture.capture(window, [&](const KeyPress& press) {
         token.reset();
         registration = hotKeys.registerHotKey(press.keyCode.value(), press.modifiers, {1, 1});

@@ -3,6 +3,7 @@
 #include "platform/linux/gui/IconThemeImageLoader.h"
 #include "settings/HotKeyRecorderView.h"
 #include "settings/SettingsView.h"
+#include "support/FakeHotKeys.h"
 #include "support/MemoryDefaults.h"
 
 #include <QCoreApplication>
@@ -63,14 +64,15 @@ struct Settings {
     platform::IconThemeImageLoader loader;
     IconCache icons{loader};
     AppSettings settings{defaults};
-    HotKeyActivity activity;
+    testing::FakeHotKeys hotKeys;
+    HotKeyService hotKey{hotKeys};
     OnePress keyboard;
     NoActivator activator;
     NoFrame frame;
     LearnedAbbreviationStore learned{directory.path()};
     SettingsView view{
         learned,
-        {settings, activity, manager, theme, icons, keyboard, activator, frame, [] {}, [] {}}};
+        {settings, hotKey, manager, theme, icons, keyboard, activator, frame, [] {}, [] {}}};
 };
 
 QString sceneName(const QString& what, ThemeManager::Appearance appearance) {
@@ -108,9 +110,24 @@ Scene failedScene(ThemeManager::Appearance appearance) {
     return {sceneName(QStringLiteral("failed"), appearance), [=] {
                 Settings settings(appearance, ThemePreset::Teal);
                 settings.settings.setHotKeyBinding({40, platform::HotKeyModifier::control});
-                settings.activity.set(std::nullopt, HotKeyError::registrationFailed(10));
+                settings.hotKeys.answer = platform::HotKeyUnavailable{
+                    10, QStringLiteral("Another program has this combination.")};
+                settings.hotKey.registerHotKey(settings.settings.hotKeyBinding(), [] {});
                 return settings.picture();
             }};
+}
+
+Scene leftToUserScene(ThemeManager::Appearance appearance) {
+    return {
+        sceneName(QStringLiteral("left-to-user"), appearance), [=] {
+            Settings settings(appearance, ThemePreset::Graphite);
+            settings.hotKeys.answer = platform::HotKeyLeftToUser{
+                QStringLiteral("Only you can bind a key in this desktop. Put this line into its "
+                               "configuration:"),
+                QStringLiteral("bindsym Mod1+Mod4+space exec quorvantel")};
+            settings.hotKey.registerHotKey(settings.settings.hotKeyBinding(), [] {});
+            return settings.picture();
+        }};
 }
 
 } // namespace
@@ -125,6 +142,7 @@ std::vector<Scene> settingsScenes() {
         scenes.push_back(recordingScene(appearance));
         scenes.push_back(refusedScene(appearance));
         scenes.push_back(failedScene(appearance));
+        scenes.push_back(leftToUserScene(appearance));
     }
     return scenes;
 }

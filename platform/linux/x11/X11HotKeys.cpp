@@ -13,7 +13,16 @@ namespace quorvantel::platform {
 
 namespace {
 
-constexpr HotKeyStatus badValue = XCB_VALUE;
+HotKeyUnavailable unavailable(std::uint8_t errorCode) {
+    switch (errorCode) {
+    case XCB_ACCESS:
+        return {errorCode, QStringLiteral("Another program has this combination.")};
+    case XCB_VALUE:
+        return {errorCode, QStringLiteral("This keyboard has no such key.")};
+    default:
+        return {errorCode, {}};
+    }
+}
 
 std::uint8_t xkbEventBase(xcb_connection_t* connection) {
     const auto* const extension = xcb_get_extension_data(connection, &xcb_xkb_id);
@@ -22,7 +31,7 @@ std::uint8_t xkbEventBase(xcb_connection_t* connection) {
 
 } // namespace
 
-class X11HotKeys::HandlerRegistration : public Registration {
+class X11HotKeys::HandlerRegistration : public Token {
 public:
     HandlerRegistration(X11HotKeys& owner, PressHandler pressHandler)
         : handler(std::move(pressHandler)), m_owner(owner) {
@@ -47,9 +56,9 @@ public:
     };
 
     KeyRegistration(X11HotKeys& owner, std::uint32_t virtualKey, std::uint32_t carbonModifiers,
-                    HotKeyIdentity hotKeyIdentity, StatusHandler statusHandler)
+                    HotKeyIdentity hotKeyIdentity, ChangeHandler changeHandler)
         : identity(hotKeyIdentity),
-          onStatusChange(std::move(statusHandler)),
+          onChange(std::move(changeHandler)),
           m_owner(owner),
           m_virtualKey(virtualKey),
           m_carbonModifiers(carbonModifiers) {
@@ -74,17 +83,31 @@ public:
                     keyboard.lockCombinations()};
     }
 
+    const HotKeyState& state() const override { return current; }
+
     HotKeyIdentity identity;
-    StatusHandler onStatusChange;
+    ChangeHandler onChange;
     /// What is grabbed now.
     std::optional<Grab> grab;
-    /// Why nothing is.
-    HotKeyStatus status = hotKeySuccess;
+    HotKeyState current;
 
 private:
     X11HotKeys& m_owner;
     std::uint32_t m_virtualKey;
     std::uint32_t m_carbonModifiers;
+};
+
+class X11HotKeys::Suspension : public Token {
+public:
+    explicit Suspension(X11HotKeys& owner) : m_owner(owner) { ++m_owner.m_suspensions; }
+    ~Suspension() override {
+        if (--m_owner.m_suspensions == 0) {
+            m_owner.resume();
+        }
+    }
+
+private:
+    X11HotKeys& m_owner;
 };
 
 X11HotKeys::X11HotKeys(const X11Display& display, X11RawEvents& rawEvents,
@@ -105,50 +128,57 @@ X11HotKeys::~X11HotKeys() {
     }
 }
 
-std::unique_ptr<GlobalHotKeys::Registration> X11HotKeys::installHandler(PressHandler handler) {
+std::unique_ptr<GlobalHotKeys::Token> X11HotKeys::installHandler(PressHandler handler) {
     return std::make_unique<HandlerRegistration>(*this, std::move(handler));
 }
 
-GlobalHotKeys::RegistrationResult X11HotKeys::registerHotKey(std::uint32_t keyCode,
-                                                             std::uint32_t modifiers,
-                                                             HotKeyIdentity identity,
-                                                             StatusHandler onStatusChange) {
-    auto registration = std::make_unique<KeyRegistration>(*this, keyCode, modifiers, identity,
-                                                          std::move(onStatusChange));
+std::unique_ptr<GlobalHotKeys::Registration> X11HotKeys::registerHotKey(std::uint32_t keyCode,
+                                                                        std::uint32_t modifiers,
+                                                                        HotKeyIdentity identity,
+                                                                        ChangeHandler onChange) {
+    auto registration =
+        std::make_unique<KeyRegistration>(*this, keyCode, modifiers, identity, std::move(onChange));
     grab(*registration);
-    if (registration->status != hotKeySuccess) {
-        return registration->status;
-    }
-    // A key that is down already, as after it was recorded, repeats; none of that is a press. An
-    // answer that came only after the first press would take that one for a repeat.
-    hold(registration->grab->key);
-    settleHeldKey();
+    holdKeyThatIsDown(*registration);
     return registration;
 }
 
+std::unique_ptr<GlobalHotKeys::Token> X11HotKeys::suspend() {
+    return std::make_unique<Suspension>(*this);
+}
+
+void X11HotKeys::resume() {
+    for (const KeyRegistration* registration : m_registrations) {
+        if (!m_heldKey) {
+            holdKeyThatIsDown(*registration);
+        }
+    }
+}
+
 void X11HotKeys::grab(KeyRegistration& registration) const {
-    const auto wanted = registration.wanted(m_keyboard);
-    if (!wanted) {
-        registration.status = badValue;
+    registration.grab = registration.wanted(m_keyboard);
+    if (!registration.grab) {
+        registration.current = unavailable(XCB_VALUE);
         return;
     }
     std::vector<xcb_void_cookie_t> cookies;
-    for (const std::uint16_t locks : wanted->lockCombinations) {
-        const auto modifiers = static_cast<std::uint16_t>(wanted->modifiers | locks);
+    for (const std::uint16_t locks : registration.grab->lockCombinations) {
+        const auto modifiers = static_cast<std::uint16_t>(registration.grab->modifiers | locks);
         cookies.push_back(xcb_grab_key_checked(m_display.connection, 1, m_display.root, modifiers,
-                                               wanted->key, XCB_GRAB_MODE_ASYNC,
+                                               registration.grab->key, XCB_GRAB_MODE_ASYNC,
                                                XCB_GRAB_MODE_SYNC));
     }
-    registration.status = hotKeySuccess;
+    std::uint8_t errorCode = 0;
     for (const xcb_void_cookie_t cookie : cookies) {
         const XcbPointer<xcb_generic_error_t> error(
             xcb_request_check(m_display.connection, cookie));
-        if (error && registration.status == hotKeySuccess) {
-            registration.status = error->error_code;
+        if (error && errorCode == 0) {
+            errorCode = error->error_code;
         }
     }
-    registration.grab = wanted;
-    if (registration.status != hotKeySuccess) {
+    registration.current = HotKeyRegistered{};
+    if (errorCode != 0) {
+        registration.current = unavailable(errorCode);
         // Some states of the locks may have been free; half a hotkey is none.
         ungrab(registration);
     }
@@ -195,6 +225,9 @@ bool X11HotKeys::nativeEventFilter(const QByteArray& /*eventType*/, void* messag
 }
 
 bool X11HotKeys::handleKeyPress(const xcb_key_press_event_t& event) {
+    if (m_suspensions > 0) {
+        return false;
+    }
     const unsigned int held =
         event.state & X11Keyboard::modifierMask & ~unsigned{m_keyboard.lockMask()};
     for (const KeyRegistration* registration : m_registrations) {
@@ -256,6 +289,14 @@ void X11HotKeys::hold(xcb_keycode_t key) {
     // waiting for it here would keep the user waiting.
     m_heldKeyQuestion = xcb_query_keymap(m_display.connection);
     xcb_flush(m_display.connection);
+}
+
+void X11HotKeys::holdKeyThatIsDown(const KeyRegistration& registration) {
+    if (registration.grab) {
+        hold(registration.grab->key);
+        // An answer that came only after the first press would take that one for a repeat.
+        settleHeldKey();
+    }
 }
 
 void X11HotKeys::letGo() {
@@ -324,12 +365,12 @@ void X11HotKeys::followKeyboard(KeyRegistration& registration) {
     if (wanted && registration.grab == wanted) {
         return;
     }
-    const HotKeyStatus before = registration.status;
+    const HotKeyState before = registration.current;
     ungrab(registration);
     grab(registration);
-    if (registration.status != before && registration.onStatusChange) {
-        const StatusHandler handler = registration.onStatusChange;
-        handler(registration.status);
+    if (registration.current != before && registration.onChange) {
+        const ChangeHandler handler = registration.onChange;
+        handler();
     }
 }
 

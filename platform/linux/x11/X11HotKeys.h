@@ -35,13 +35,16 @@ public:
         KeyboardTaken isKeyboardTaken = [] { return false; });
     ~X11HotKeys() override;
 
-    std::unique_ptr<Registration> installHandler(PressHandler handler) override;
+    std::unique_ptr<Token> installHandler(PressHandler handler) override;
 
-    /// The status is the error code of the X protocol: BadAccess (10) when another client holds the
-    /// combination, BadValue (2) when the keyboard has no such key.
-    RegistrationResult registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
-                                      HotKeyIdentity identity,
-                                      StatusHandler onStatusChange = nullptr) override;
+    /// The answer is there at once. The status is the error code of the X protocol: BadAccess (10)
+    /// when another client holds the combination, BadValue (2) when the keyboard has no such key.
+    std::unique_ptr<Registration> registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
+                                                 HotKeyIdentity identity,
+                                                 ChangeHandler onChange = nullptr) override;
+
+    /// The grabs stay meanwhile, lest another client takes the combination.
+    std::unique_ptr<Token> suspend() override;
 
     /// Has the server deliver what it kept since a press of a hotkey, once what that press set off
     /// has been done. To be called by whoever keeps a press from this object; harmless when it was
@@ -53,6 +56,7 @@ public:
 private:
     class HandlerRegistration;
     class KeyRegistration;
+    class Suspension;
 
     void grab(KeyRegistration& registration) const;
     void ungrab(KeyRegistration& registration) const;
@@ -60,7 +64,10 @@ private:
     void allowTyping() const;
     bool isRepeat(const xcb_key_press_event_t& event) const;
     void handleKeyRelease(const xcb_key_release_event_t& event);
+    void resume();
     void hold(xcb_keycode_t key);
+    /// A key that is down already, as after it was recorded, repeats; none of that is a press.
+    void holdKeyThatIsDown(const KeyRegistration& registration);
     void letGo();
     void settleHeldKey();
     void report(HotKeyIdentity identity) const;
@@ -77,6 +84,7 @@ private:
     bool m_keyboardCheckPending = false;
     std::list<HandlerRegistration*> m_handlers;
     std::list<KeyRegistration*> m_registrations;
+    int m_suspensions = 0;
     /// The hotkey that is held down; its key repeats do not count as presses.
     std::optional<xcb_keycode_t> m_heldKey;
     /// When the server last reported a release of it, which a repeat does as well.
