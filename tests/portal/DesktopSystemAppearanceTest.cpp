@@ -1,5 +1,6 @@
 #include "platform/linux/session/DesktopSystemAppearance.h"
 
+#include "platform/linux/x11/X11EventDispatcher.h"
 #include "platform/linux/x11/X11Settings.h"
 #include "portal/FakeSettingsPortal.h"
 #include "support/ChildProcess.h"
@@ -55,7 +56,8 @@ protected:
     DarkFallback fallback;
     PortalSettings portalSettings{
         QDBusConnection::connectToBus(sessionBus.address(), u"launcher"_s), preferenceNamespaces()};
-    X11Settings manager{X11Display::current().value()};
+    X11EventDispatcher events;
+    X11Settings manager{X11Display::current().value(), events};
     DesktopSystemAppearance appearance{portalSettings, &manager, fallback};
     int changes = 0;
 };
@@ -108,7 +110,8 @@ TEST_F(DesktopSystemAppearanceTest, FollowsTheSettingsManagerAndTellsTheToolkit)
         EXPECT_EQ(QApplication::font().pointSizeF(), 14);
         EXPECT_EQ(QApplication::doubleClickInterval(), 250);
         EXPECT_EQ(QApplication::cursorFlashTime(), 0);
-        EXPECT_TRUE(X11Settings(X11Display::current().value()).values().contains("Gtk/FontName"));
+        EXPECT_TRUE(
+            X11Settings(X11Display::current().value(), events).values().contains("Gtk/FontName"));
 
         // A font is the toolkit's affair, and its change no change of the answers.
         testing::writeFile(file,

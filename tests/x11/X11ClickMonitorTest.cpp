@@ -1,5 +1,6 @@
 #include "platform/linux/x11/X11ClickMonitor.h"
 
+#include "platform/linux/x11/X11EventDispatcher.h"
 #include "support/Pointer.h"
 #include "support/UnmanagedWindow.h"
 
@@ -45,8 +46,9 @@ protected:
     XConnection connection;
     Pointer pointer{connection};
     X11Display display = X11Display::current().value();
-    X11RawEvents rawEvents{display};
-    X11ClickMonitor monitor{display, rawEvents};
+    X11EventDispatcher events;
+    X11RawEvents rawEvents{display, events};
+    X11ClickMonitor monitor{display, events, rawEvents};
     UnmanagedWindow own{QRect(0, 0, 100, 100)};
     int reports = 0;
     std::unique_ptr<ClickMonitor::Token> token = monitor.observe([this] { ++reports; });

@@ -1,5 +1,6 @@
 #include "platform/linux/x11/X11HotKeys.h"
 
+#include "platform/linux/x11/X11EventDispatcher.h"
 #include "support/ForeignHotKey.h"
 #include "support/Keyboard.h"
 #include "support/UnmanagedWindow.h"
@@ -63,8 +64,9 @@ protected:
     XConnection connection;
     Keyboard keyboard{connection};
     X11Display display = X11Display::current().value();
-    X11RawEvents rawEvents{display};
-    X11HotKeys hotKeys{display, rawEvents};
+    X11EventDispatcher events;
+    X11RawEvents rawEvents{display, events};
+    X11HotKeys hotKeys{display, events, rawEvents};
     int presses = 0;
     int sentinelPresses = 0;
     std::unique_ptr<GlobalHotKeys::Token> handler = hotKeys.installHandler(

@@ -2,6 +2,7 @@
 
 #include "hotkey/HotKeyBinding.h"
 #include "platform/linux/x11/KeyPositions.h"
+#include "platform/linux/x11/X11EventDispatcher.h"
 #include "platform/linux/x11/X11KeyTranslation.h"
 #include "support/ForeignHotKey.h"
 #include "support/Keyboard.h"
@@ -63,9 +64,10 @@ protected:
     Keyboard keyboard{connection};
     XDesktop desktop{connection};
     X11Display display = X11Display::current().value();
-    X11RawEvents rawEvents{display};
-    X11HotKeys hotKeys{display, rawEvents};
-    X11KeyCapture capture{display, hotKeys};
+    X11EventDispatcher events;
+    X11RawEvents rawEvents{display, events};
+    X11HotKeys hotKeys{display, events, rawEvents};
+    X11KeyCapture capture{display, events, hotKeys};
     KeyWindow window;
     KeyCapture::Fate fate = KeyCapture::Fate::Swallowed;
     std::vector<KeyPress> presses;

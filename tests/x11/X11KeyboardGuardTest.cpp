@@ -1,5 +1,6 @@
 #include "platform/linux/x11/X11KeyboardGuard.h"
 
+#include "platform/linux/x11/X11EventDispatcher.h"
 #include "platform/linux/x11/X11HotKeys.h"
 #include "platform/linux/x11/X11PanelHost.h"
 #include "support/Keyboard.h"
@@ -87,9 +88,10 @@ TEST(X11KeyboardGuardTest, NoKeyWaitsForAMainThreadThatIsAway) {
     const X11Display display = X11Display::current().value();
     const XConnection connection;
     const XDesktop desktop(connection);
-    X11RawEvents rawEvents(display);
-    X11PanelHost host(display);
-    X11HotKeys hotKeys(display, rawEvents, [&] { return host.decidesAboutTyping(); });
+    X11EventDispatcher events;
+    X11RawEvents rawEvents(display, events);
+    X11PanelHost host(display, events);
+    X11HotKeys hotKeys(display, events, rawEvents, [&] { return host.decidesAboutTyping(); });
     const X11KeyboardGuard guard(display, [&] { host.reclaimKeyboard(); });
     UnmanagedWindow panel(QRect(200, 0, 100, 100));
     TypedInto application;

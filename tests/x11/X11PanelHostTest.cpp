@@ -1,5 +1,6 @@
 #include "platform/linux/x11/X11PanelHost.h"
 
+#include "platform/linux/x11/X11EventDispatcher.h"
 #include "support/ForeignGrab.h"
 #include "support/Keyboard.h"
 #include "support/UnmanagedWindow.h"
@@ -44,7 +45,8 @@ protected:
     XDesktop desktop{connection};
     Keyboard keyboard{connection};
     X11Display display = X11Display::current().value();
-    X11PanelHost host{display};
+    X11EventDispatcher events;
+    X11PanelHost host{display, events};
     UnmanagedWindow client{QRect(0, 0, 100, 100)};
     UnmanagedWindow panel{QRect(200, 0, 100, 100)};
 };

@@ -1,5 +1,6 @@
 #include "platform/linux/x11/X11Screens.h"
 
+#include "platform/linux/x11/X11EventDispatcher.h"
 #include "support/Monitors.h"
 #include "support/WaitUntil.h"
 #include "support/XConnection.h"
@@ -54,7 +55,8 @@ TEST(X11ScreensTest, LeavesOutTheBarsOfEachScreen) {
     const XConnection connection;
     testing::setMonitors(qgetenv("DISPLAY"), {QRect(0, 0, 800, 600), QRect(800, 0, 480, 720)});
     ASSERT_TRUE(waitUntil([] { return QGuiApplication::screens().size() == 2; }));
-    const X11Screens screens(X11Display::current().value());
+    X11EventDispatcher events;
+    const X11Screens screens(X11Display::current().value(), events);
     EXPECT_EQ(screens.all()[1].visibleFrame, screens.all()[1].frame);
     QCoreApplication::processEvents();
     int changes = 0;

@@ -1,5 +1,6 @@
 #include "platform/linux/x11/X11WindowBackdrop.h"
 
+#include "platform/linux/x11/X11EventDispatcher.h"
 #include "support/ChildProcess.h"
 #include "support/CompositingManager.h"
 #include "support/WaitUntil.h"
@@ -37,7 +38,8 @@ protected:
         QObject::connect(&backdrop, &WindowBackdrop::changed, [this] { ++changes; });
     }
 
-    X11WindowBackdrop backdrop{X11Display::current().value()};
+    X11EventDispatcher events;
+    X11WindowBackdrop backdrop{X11Display::current().value(), events};
     int changes = 0;
 };
 
@@ -51,7 +53,7 @@ TEST_F(X11WindowBackdropTest, FollowsTheCompositingManager) {
 
     manager->offerBlur();
     EXPECT_TRUE(waitUntil([this] { return backdrop.offersBlur(); }));
-    const X11WindowBackdrop later(X11Display::current().value());
+    const X11WindowBackdrop later(X11Display::current().value(), events);
     EXPECT_TRUE(later.isComposited());
     EXPECT_TRUE(later.offersBlur());
     manager->withdrawBlur();

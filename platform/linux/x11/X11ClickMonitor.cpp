@@ -1,6 +1,5 @@
 #include "platform/linux/x11/X11ClickMonitor.h"
 
-#include <QCoreApplication>
 #include <QObject>
 
 #include <xcb/xinput.h>
@@ -22,18 +21,17 @@ xcb_window_t childUnderPointer(xcb_connection_t* connection, xcb_window_t window
 /// press comes from the core protocol or from the extension.
 std::optional<xcb_timestamp_t> pressTime(const xcb_generic_event_t& event,
                                          std::uint8_t inputOpcode) {
-    const unsigned int type = event.response_type & 0x7FU;
-    if (type == XCB_BUTTON_PRESS) {
-        return reinterpret_cast<const xcb_button_press_event_t&>(event).time;
+    if (typeOf(event) == XCB_BUTTON_PRESS) {
+        return eventAs<xcb_button_press_event_t>(event).time;
     }
-    if (type != XCB_GE_GENERIC) {
+    if (typeOf(event) != XCB_GE_GENERIC) {
         return std::nullopt;
     }
-    const auto& generic = reinterpret_cast<const xcb_ge_generic_event_t&>(event);
+    const auto& generic = eventAs<xcb_ge_generic_event_t>(event);
     if (generic.extension != inputOpcode || generic.event_type != XCB_INPUT_BUTTON_PRESS) {
         return std::nullopt;
     }
-    return reinterpret_cast<const xcb_input_button_press_event_t&>(event).time;
+    return eventAs<xcb_input_button_press_event_t>(event).time;
 }
 
 } // namespace
@@ -73,27 +71,20 @@ private:
     std::unique_ptr<X11RawEvents::Observation> m_presses;
 };
 
-X11ClickMonitor::X11ClickMonitor(const X11Display& display, X11RawEvents& rawEvents)
-    : m_display(display),
+X11ClickMonitor::X11ClickMonitor(const X11Display& display, X11EventDispatcher& events,
+                                 X11RawEvents& rawEvents)
+    : X11EventHandler(events, X11EventRank::Observer),
+      m_display(display),
       m_rawEvents(rawEvents),
-      m_inputOpcode(display.extensionOpcode(&xcb_input_id)) {
-    qApp->installNativeEventFilter(this);
-}
-
-X11ClickMonitor::~X11ClickMonitor() {
-    if (qApp != nullptr) {
-        qApp->removeNativeEventFilter(this);
-    }
-}
+      m_inputOpcode(display.extensionOpcode(&xcb_input_id)) {}
 
 std::unique_ptr<ClickMonitor::Token> X11ClickMonitor::observe(std::function<void()> handler) {
     auto observation = std::make_unique<Observation>(*this, std::move(handler));
     return observation->isPossible() ? std::move(observation) : nullptr;
 }
 
-bool X11ClickMonitor::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
-                                        qintptr* /*result*/) {
-    const auto time = pressTime(*static_cast<const xcb_generic_event_t*>(message), m_inputOpcode);
+bool X11ClickMonitor::handleEvent(const xcb_generic_event_t& event) {
+    const auto time = pressTime(event, m_inputOpcode);
     m_ownPress = time ? time : m_ownPress;
     return false;
 }

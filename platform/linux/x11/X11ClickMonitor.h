@@ -2,9 +2,8 @@
 
 #include "platform/ClickMonitor.h"
 #include "platform/linux/x11/X11Display.h"
+#include "platform/linux/x11/X11EventHandler.h"
 #include "platform/linux/x11/X11RawEvents.h"
-
-#include <QAbstractNativeEventFilter>
 
 #include <memory>
 #include <optional>
@@ -17,15 +16,14 @@ namespace quorvantel::platform {
 /// Nothing that is known from before would do: the pointer moves, and windows come and go under it.
 /// Where it has left a window of the launcher meanwhile, as in a quick drag, the press itself
 /// tells: the server sends it to that window right after the raw one, with the same time.
-class X11ClickMonitor : public ClickMonitor, public QAbstractNativeEventFilter {
+class X11ClickMonitor : public ClickMonitor, public X11EventHandler {
 public:
     /// `rawEvents` must outlive this object and its tokens.
-    X11ClickMonitor(const X11Display& display, X11RawEvents& rawEvents);
-    ~X11ClickMonitor() override;
+    X11ClickMonitor(const X11Display& display, X11EventDispatcher& events, X11RawEvents& rawEvents);
 
     std::unique_ptr<Token> observe(std::function<void()> handler) override;
 
-    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+    bool handleEvent(const xcb_generic_event_t& event) override;
 
 private:
     class Observation;

@@ -16,18 +16,20 @@ std::unique_ptr<DisplayServer> X11DisplayServer::connect() {
 
 X11DisplayServer::X11DisplayServer(const X11Display& display)
     : m_display(display),
-      m_rawEvents(display),
-      m_panelHost(display),
-      m_hotKeys(display, m_rawEvents, [this] { return m_panelHost.decidesAboutTyping(); }),
+      m_rawEvents(display, m_events),
+      m_panelHost(display, m_events),
+      m_hotKeys(display, m_events, m_rawEvents,
+                [this] { return m_panelHost.decidesAboutTyping(); }),
       m_keyboardGuard(display, [this] { m_panelHost.reclaimKeyboard(); }),
-      m_keyCapture(display, m_hotKeys),
-      m_clickMonitor(display, m_rawEvents),
-      m_windowBackdrop(display),
+      m_keyCapture(display, m_events, m_hotKeys),
+      m_clickMonitor(display, m_events, m_rawEvents),
+      m_windowBackdrop(display, m_events),
       m_windowFrame(display),
+      m_userTime(m_events),
       m_windowActivator(display, m_userTime),
       m_startupNotifier(display, m_userTime),
-      m_screens(display),
-      m_settings(display),
+      m_screens(display, m_events),
+      m_settings(display, m_events),
       m_callerActivation(display, m_userTime) {
     surviveSessionManagerLoss();
 }

@@ -4,6 +4,7 @@
 #include "platform/linux/x11/X11CallerActivation.h"
 #include "platform/linux/x11/X11ClickMonitor.h"
 #include "platform/linux/x11/X11Display.h"
+#include "platform/linux/x11/X11EventDispatcher.h"
 #include "platform/linux/x11/X11HotKeys.h"
 #include "platform/linux/x11/X11KeyCapture.h"
 #include "platform/linux/x11/X11KeyboardGuard.h"
@@ -47,9 +48,8 @@ public:
 
 private:
     X11Display m_display;
+    X11EventDispatcher m_events;
     X11RawEvents m_rawEvents;
-    // Event filters run last in, first out: a capture keeps key presses from the hotkeys, these
-    // keep theirs from the panel, and the time must see the presses that any of them consumes.
     X11PanelHost m_panelHost;
     X11HotKeys m_hotKeys;
     X11KeyboardGuard m_keyboardGuard;

@@ -3,8 +3,6 @@
 #include "platform/linux/x11/KeyPositions.h"
 #include "platform/linux/x11/Xkb.h"
 
-#include <QCoreApplication>
-
 #include <algorithm>
 #include <optional>
 #include <utility>
@@ -110,22 +108,18 @@ private:
     X11HotKeys& m_owner;
 };
 
-X11HotKeys::X11HotKeys(const X11Display& display, X11RawEvents& rawEvents,
-                       KeyboardTaken isKeyboardTaken)
-    : m_display(display),
+X11HotKeys::X11HotKeys(const X11Display& display, X11EventDispatcher& events,
+                       X11RawEvents& rawEvents, KeyboardTaken isKeyboardTaken)
+    : X11EventHandler(events, X11EventRank::HotKeys),
+      m_display(display),
       m_rawEvents(rawEvents),
       m_isKeyboardTaken(std::move(isKeyboardTaken)),
       m_keyboard(X11Keyboard::read(display)),
-      m_xkbEventBase(xkbEventBase(display.connection)) {
-    qApp->installNativeEventFilter(this);
-}
+      m_xkbEventBase(xkbEventBase(display.connection)) {}
 
 X11HotKeys::~X11HotKeys() {
     letGo();
     allowTyping();
-    if (qApp != nullptr) {
-        qApp->removeNativeEventFilter(this);
-    }
 }
 
 std::unique_ptr<GlobalHotKeys::Token> X11HotKeys::installHandler(PressHandler handler) {
@@ -196,12 +190,10 @@ void X11HotKeys::ungrab(KeyRegistration& registration) const {
     xcb_flush(m_display.connection);
 }
 
-bool X11HotKeys::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
-                                   qintptr* /*result*/) {
-    const auto* const event = static_cast<const xcb_generic_event_t*>(message);
-    const unsigned int type = event->response_type & 0x7FU;
+bool X11HotKeys::handleEvent(const xcb_generic_event_t& event) {
+    const unsigned int type = typeOf(event);
     if (type == XCB_KEY_PRESS) {
-        const auto& press = *static_cast<const xcb_key_press_event_t*>(message);
+        const auto& press = eventAs<xcb_key_press_event_t>(event);
         const bool isHotKey = handleKeyPress(press);
         if (isHotKey || press.event == m_display.root) {
             releaseTyping();
@@ -209,13 +201,13 @@ bool X11HotKeys::nativeEventFilter(const QByteArray& /*eventType*/, void* messag
         return isHotKey;
     }
     if (type == XCB_KEY_RELEASE) {
-        handleKeyRelease(*static_cast<const xcb_key_release_event_t*>(message));
+        handleKeyRelease(eventAs<xcb_key_release_event_t>(event));
         return false;
     }
     if (type == XCB_MAPPING_NOTIFY || (m_xkbEventBase != 0 && type == m_xkbEventBase)) {
         // The byte that names the event of the X Keyboard Extension; it is always a map or new
         // keyboard notification where it matters, and looking again is cheap.
-        const unsigned int xkbType = event->pad0;
+        const unsigned int xkbType = event.pad0;
         if (type == XCB_MAPPING_NOTIFY || xkbType == XCB_XKB_NEW_KEYBOARD_NOTIFY ||
             xkbType == XCB_XKB_MAP_NOTIFY) {
             keyboardMayHaveChanged();

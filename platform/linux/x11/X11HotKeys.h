@@ -2,10 +2,10 @@
 
 #include "platform/GlobalHotKeys.h"
 #include "platform/linux/x11/X11Display.h"
+#include "platform/linux/x11/X11EventHandler.h"
 #include "platform/linux/x11/X11Keyboard.h"
 #include "platform/linux/x11/X11RawEvents.h"
 
-#include <QAbstractNativeEventFilter>
 #include <QObject>
 
 #include <functional>
@@ -23,7 +23,7 @@ namespace quorvantel::platform {
 /// passive grabs sleep; the same key press then reaches the panel's window on the same connection,
 /// where it is recognised just as well. When the keyboard's mapping changes, the grabs move to
 /// wherever the keys went.
-class X11HotKeys : public GlobalHotKeys, public QAbstractNativeEventFilter {
+class X11HotKeys : public GlobalHotKeys, public X11EventHandler {
 public:
     /// Says whether somebody else on this connection has taken the keyboard over meanwhile, and
     /// with it the decision about what was typed.
@@ -31,7 +31,7 @@ public:
 
     /// `rawEvents` must outlive this object and all registrations.
     X11HotKeys(
-        const X11Display& display, X11RawEvents& rawEvents,
+        const X11Display& display, X11EventDispatcher& events, X11RawEvents& rawEvents,
         KeyboardTaken isKeyboardTaken = [] { return false; });
     ~X11HotKeys() override;
 
@@ -51,7 +51,7 @@ public:
     /// not a hotkey's.
     void releaseTyping();
 
-    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+    bool handleEvent(const xcb_generic_event_t& event) override;
 
 private:
     class HandlerRegistration;

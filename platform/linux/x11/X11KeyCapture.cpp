@@ -3,7 +3,6 @@
 #include "platform/linux/x11/X11KeyTranslation.h"
 #include "platform/linux/x11/X11Keyboard.h"
 
-#include <QCoreApplication>
 #include <QPointer>
 #include <QTimer>
 #include <QWindow>
@@ -129,16 +128,9 @@ private:
     bool m_isHeld = false;
 };
 
-X11KeyCapture::X11KeyCapture(const X11Display& display, X11HotKeys& hotKeys)
-    : m_display(display), m_hotKeys(hotKeys) {
-    qApp->installNativeEventFilter(this);
-}
-
-X11KeyCapture::~X11KeyCapture() {
-    if (qApp != nullptr) {
-        qApp->removeNativeEventFilter(this);
-    }
-}
+X11KeyCapture::X11KeyCapture(const X11Display& display, X11EventDispatcher& events,
+                             X11HotKeys& hotKeys)
+    : X11EventHandler(events, X11EventRank::KeyCapture), m_display(display), m_hotKeys(hotKeys) {}
 
 std::unique_ptr<KeyCapture::Token> X11KeyCapture::capture(QWindow& window, Handler handler) {
     auto grab = std::make_unique<Grab>(*this, window, std::move(handler));
@@ -146,23 +138,20 @@ std::unique_ptr<KeyCapture::Token> X11KeyCapture::capture(QWindow& window, Handl
     return grab;
 }
 
-bool X11KeyCapture::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
-                                      qintptr* /*result*/) {
+bool X11KeyCapture::handleEvent(const xcb_generic_event_t& event) {
     if (m_grab == nullptr) {
         return false;
     }
-    const auto* const event = static_cast<const xcb_generic_event_t*>(message);
-    switch (event->response_type & 0x7FU) {
+    switch (typeOf(event)) {
     case XCB_KEY_PRESS: {
-        const bool isKept =
-            m_grab->handlePress(*static_cast<const xcb_key_press_event_t*>(message));
+        const bool isKept = m_grab->handlePress(eventAs<xcb_key_press_event_t>(event));
         if (isKept) {
             m_hotKeys.releaseTyping();
         }
         return isKept;
     }
     case XCB_KEY_RELEASE:
-        m_grab->handleRelease(*static_cast<const xcb_key_release_event_t*>(message));
+        m_grab->handleRelease(eventAs<xcb_key_release_event_t>(event));
         return false;
     default:
         return false;

@@ -2,9 +2,8 @@
 
 #include "platform/KeyCapture.h"
 #include "platform/linux/x11/X11Display.h"
+#include "platform/linux/x11/X11EventHandler.h"
 #include "platform/linux/x11/X11HotKeys.h"
-
-#include <QAbstractNativeEventFilter>
 
 #include <memory>
 
@@ -15,17 +14,14 @@ namespace quorvantel::platform {
 ///
 /// When another client holds the keyboard, a menu for instance, the grab is tried again for a
 /// moment. Until it succeeds, the capture sees what the launcher's own windows get.
-class X11KeyCapture : public KeyCapture, public QAbstractNativeEventFilter {
+class X11KeyCapture : public KeyCapture, public X11EventHandler {
 public:
-    /// The hotkeys recognise their keys in whatever reaches the launcher, so they have to look
-    /// after the capture. Native event filters run last in, first out; hence `hotKeys`, which must
-    /// exist first.
-    X11KeyCapture(const X11Display& display, X11HotKeys& hotKeys);
-    ~X11KeyCapture() override;
+    /// `hotKeys` must outlive this object; of what they took for a hotkey it frees the keyboard.
+    X11KeyCapture(const X11Display& display, X11EventDispatcher& events, X11HotKeys& hotKeys);
 
     std::unique_ptr<Token> capture(QWindow& window, Handler handler) override;
 
-    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+    bool handleEvent(const xcb_generic_event_t& event) override;
 
 private:
     class Grab;

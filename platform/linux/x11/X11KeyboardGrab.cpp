@@ -1,22 +1,16 @@
 #include "platform/linux/x11/X11KeyboardGrab.h"
 
-#include <QCoreApplication>
-
 #include <utility>
 
 namespace quorvantel::platform {
 
-X11KeyboardGrab::X11KeyboardGrab(const X11Display& display, xcb_window_t window)
-    : m_display(display), m_window(window) {
-    // The latest filter runs first: it has to see the keys that others keep for themselves, too.
-    qApp->installNativeEventFilter(this);
+X11KeyboardGrab::X11KeyboardGrab(const X11Display& display, X11EventDispatcher& events,
+                                 xcb_window_t window)
+    : X11EventHandler(events, X11EventRank::Observer), m_display(display), m_window(window) {
     request();
 }
 
 X11KeyboardGrab::~X11KeyboardGrab() {
-    if (qApp != nullptr) {
-        qApp->removeNativeEventFilter(this);
-    }
     forgetRequest();
     xcb_ungrab_keyboard(m_display.connection, XCB_CURRENT_TIME);
     xcb_flush(m_display.connection);
@@ -51,11 +45,8 @@ void X11KeyboardGrab::forgetRequest() {
     m_isHeld = false;
 }
 
-bool X11KeyboardGrab::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
-                                        qintptr* /*result*/) {
-    const auto* const event = static_cast<const xcb_generic_event_t*>(message);
-    const unsigned int type = event->response_type & 0x7FU;
-    const bool isKey = type == XCB_KEY_PRESS || type == XCB_KEY_RELEASE;
+bool X11KeyboardGrab::handleEvent(const xcb_generic_event_t& event) {
+    const bool isKey = typeOf(event) == XCB_KEY_PRESS || typeOf(event) == XCB_KEY_RELEASE;
     // The repeat of a held key comes as two events at once, which are one to the server.
     if (isKey && !std::exchange(m_allowancePending, true)) {
         // What Qt has queued for this key is delivered before it comes to this call.

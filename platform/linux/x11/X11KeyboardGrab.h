@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/linux/x11/X11Display.h"
+#include "platform/linux/x11/X11EventHandler.h"
 
-#include <QAbstractNativeEventFilter>
 #include <QObject>
 
 #include <optional>
@@ -23,10 +23,10 @@ namespace quorvantel::platform {
 /// While the application does not run on, neither does the keyboard, the keys that the server
 /// itself acts upon included; `X11KeyboardGuard` sees to it that this does not last, and the end of
 /// the application frees it in any case.
-class X11KeyboardGrab : public QAbstractNativeEventFilter {
+class X11KeyboardGrab : public X11EventHandler {
 public:
     /// Asks for the grab; its keys are reported to `window`, which has to be mapped.
-    X11KeyboardGrab(const X11Display& display, xcb_window_t window);
+    X11KeyboardGrab(const X11Display& display, X11EventDispatcher& events, xcb_window_t window);
     X11KeyboardGrab(const X11KeyboardGrab&) = delete;
     X11KeyboardGrab& operator=(const X11KeyboardGrab&) = delete;
     /// Ends the grab.
@@ -42,7 +42,7 @@ public:
     /// Ends the grab until the next `request`. What was typed before still reaches the window.
     void suspend();
 
-    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+    bool handleEvent(const xcb_generic_event_t& event) override;
 
 private:
     void forgetRequest();

@@ -3,7 +3,6 @@
 #include "platform/linux/x11/BaseSymbol.h"
 #include "platform/linux/x11/X11KeyTranslation.h"
 
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QWindow>
 
@@ -35,17 +34,13 @@ QWindow& panelOf(QWindow& window) {
 
 } // namespace
 
-X11PanelHost::X11PanelHost(const X11Display& display)
-    : m_display(display), m_virtualKeyboard(display) {
-    qApp->installNativeEventFilter(this);
+X11PanelHost::X11PanelHost(const X11Display& display, X11EventDispatcher& events)
+    : X11EventHandler(events, X11EventRank::Panel),
+      m_display(display),
+      m_events(events),
+      m_virtualKeyboard(display) {
     m_retry.setInterval(retryInterval);
     QObject::connect(&m_retry, &QTimer::timeout, &m_retry, [this] { checkGrab(); });
-}
-
-X11PanelHost::~X11PanelHost() {
-    if (qApp != nullptr) {
-        qApp->removeNativeEventFilter(this);
-    }
 }
 
 Qt::WindowFlags X11PanelHost::windowFlags() const {
@@ -56,7 +51,7 @@ void X11PanelHost::takeKeyboard(QWindow& window) {
     m_window = &window;
     m_windowId = static_cast<xcb_window_t>(window.winId());
     m_modifiersFromBefore = X11Keyboard::modifierMask;
-    m_grab.emplace(m_display, m_windowId);
+    m_grab.emplace(m_display, m_events, m_windowId);
     // Asks the server without waiting for the answer, which is there when the first key comes.
     m_symbols.reset(xcb_key_symbols_alloc(m_display.connection));
     awaitGrab();
@@ -133,16 +128,14 @@ QChar X11PanelHost::baseCharacter(const QKeyEvent& event) const {
     return symbol && isLatin1(*symbol) ? QChar(static_cast<char16_t>(*symbol)) : QChar();
 }
 
-bool X11PanelHost::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
-                                     qintptr* /*result*/) {
-    const auto* const event = static_cast<const xcb_generic_event_t*>(message);
-    switch (event->response_type & 0x7FU) {
+bool X11PanelHost::handleEvent(const xcb_generic_event_t& event) {
+    switch (typeOf(event)) {
     case XCB_KEY_PRESS:
-        return handlePress(*static_cast<const xcb_key_press_event_t*>(message));
+        return handlePress(eventAs<xcb_key_press_event_t>(event));
     case XCB_KEY_RELEASE:
-        return handleRelease(*static_cast<const xcb_key_release_event_t*>(message));
+        return handleRelease(eventAs<xcb_key_release_event_t>(event));
     case XCB_FOCUS_OUT:
-        handleFocusOut(*static_cast<const xcb_focus_out_event_t*>(message));
+        handleFocusOut(eventAs<xcb_focus_out_event_t>(event));
         return false;
     default:
         return false;

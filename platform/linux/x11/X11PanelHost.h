@@ -3,11 +3,11 @@
 #include "platform/PanelHost.h"
 #include "platform/linux/x11/KeyFate.h"
 #include "platform/linux/x11/X11Display.h"
+#include "platform/linux/x11/X11EventHandler.h"
 #include "platform/linux/x11/X11Keyboard.h"
 #include "platform/linux/x11/X11KeyboardGrab.h"
 #include "platform/linux/x11/X11VirtualKeyboard.h"
 
-#include <QAbstractNativeEventFilter>
 #include <QPointer>
 #include <QTimer>
 
@@ -35,13 +35,9 @@ namespace quorvantel::platform {
 /// A key that is still held when the panel goes, such as the Return that launched something, does
 /// not repeat itself into the application in front. The server sees to that, so it does not depend
 /// on what the launcher is busy with by then.
-///
-/// The hotkeys recognise their presses first. Native event filters run last in, first out; so this
-/// object must exist before them.
-class X11PanelHost : public PanelHost, public QAbstractNativeEventFilter {
+class X11PanelHost : public PanelHost, public X11EventHandler {
 public:
-    explicit X11PanelHost(const X11Display& display);
-    ~X11PanelHost() override;
+    X11PanelHost(const X11Display& display, X11EventDispatcher& events);
 
     Qt::WindowFlags windowFlags() const override;
     void takeKeyboard(QWindow& window) override;
@@ -54,7 +50,7 @@ public:
     /// Takes the keyboard again when somebody else has ended the grab.
     void reclaimKeyboard();
 
-    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+    bool handleEvent(const xcb_generic_event_t& event) override;
 
 private:
     struct FreeSymbols {
@@ -81,6 +77,7 @@ private:
     void handOver(xcb_keycode_t key, const DesktopKey& desktopKey);
 
     X11Display m_display;
+    X11EventDispatcher& m_events;
     X11VirtualKeyboard m_virtualKeyboard;
     QPointer<QWindow> m_window;
     xcb_window_t m_windowId = XCB_WINDOW_NONE;

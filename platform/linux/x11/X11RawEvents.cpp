@@ -1,7 +1,5 @@
 #include "platform/linux/x11/X11RawEvents.h"
 
-#include <QCoreApplication>
-
 #include <xcb/xinput.h>
 
 #include <algorithm>
@@ -21,16 +19,10 @@ X11RawEvents::Observation::~Observation() {
     m_events.select();
 }
 
-X11RawEvents::X11RawEvents(const X11Display& display)
-    : m_display(display), m_opcode(display.extensionOpcode(&xcb_input_id)) {
-    qApp->installNativeEventFilter(this);
-}
-
-X11RawEvents::~X11RawEvents() {
-    if (qApp != nullptr) {
-        qApp->removeNativeEventFilter(this);
-    }
-}
+X11RawEvents::X11RawEvents(const X11Display& display, X11EventDispatcher& events)
+    : X11EventHandler(events, X11EventRank::Observer),
+      m_display(display),
+      m_opcode(display.extensionOpcode(&xcb_input_id)) {}
 
 std::unique_ptr<X11RawEvents::Observation> X11RawEvents::observe(Type type, Handler handler) {
     if (m_opcode == 0) {
@@ -67,21 +59,19 @@ void X11RawEvents::deliver(Type type, std::uint32_t detail, xcb_timestamp_t time
     }
 }
 
-bool X11RawEvents::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
-                                     qintptr* /*result*/) {
-    const auto* const event = static_cast<const xcb_generic_event_t*>(message);
-    if (m_observations.empty() || (event->response_type & 0x7F) != XCB_GE_GENERIC) {
+bool X11RawEvents::handleEvent(const xcb_generic_event_t& event) {
+    if (m_observations.empty() || typeOf(event) != XCB_GE_GENERIC) {
         return false;
     }
-    const auto* const generic = static_cast<const xcb_ge_generic_event_t*>(message);
-    if (generic->extension != m_opcode) {
+    const auto& generic = eventAs<xcb_ge_generic_event_t>(event);
+    if (generic.extension != m_opcode) {
         return false;
     }
-    if (generic->event_type == XCB_INPUT_RAW_BUTTON_PRESS) {
-        const auto& press = *static_cast<const xcb_input_raw_button_press_event_t*>(message);
+    if (generic.event_type == XCB_INPUT_RAW_BUTTON_PRESS) {
+        const auto& press = eventAs<xcb_input_raw_button_press_event_t>(event);
         deliver(Type::ButtonPress, press.detail, press.time);
-    } else if (generic->event_type == XCB_INPUT_RAW_KEY_RELEASE) {
-        const auto& release = *static_cast<const xcb_input_raw_key_release_event_t*>(message);
+    } else if (generic.event_type == XCB_INPUT_RAW_KEY_RELEASE) {
+        const auto& release = eventAs<xcb_input_raw_key_release_event_t>(event);
         deliver(Type::KeyRelease, release.detail, release.time);
     }
     return false;

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "platform/linux/x11/X11Display.h"
-
-#include <QAbstractNativeEventFilter>
+#include "platform/linux/x11/X11EventHandler.h"
 
 #include <cstdint>
 #include <functional>
@@ -16,7 +15,7 @@ namespace quorvantel::platform {
 ///
 /// Nothing is selected while nobody observes, so the launcher does not even see the user's keys
 /// then. Main thread only; must outlive its observations.
-class X11RawEvents : public QAbstractNativeEventFilter {
+class X11RawEvents : public X11EventHandler {
 public:
     enum class Type { ButtonPress, KeyRelease };
 
@@ -38,14 +37,13 @@ public:
         Handler m_handler;
     };
 
-    explicit X11RawEvents(const X11Display& display);
-    ~X11RawEvents() override;
+    X11RawEvents(const X11Display& display, X11EventDispatcher& events);
 
     /// Calls `handler` for each event of the type for as long as the observation lives. Absent when
     /// the server lacks the extension. The handler may destroy its own observation.
     std::unique_ptr<Observation> observe(Type type, Handler handler);
 
-    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+    bool handleEvent(const xcb_generic_event_t& event) override;
 
 private:
     void select() const;

@@ -30,27 +30,18 @@ QRect pixelGeometry(const QScreen& screen) {
 
 } // namespace
 
-X11Screens::X11Screens(const X11Display& display)
-    : m_display(display),
+X11Screens::X11Screens(const X11Display& display, X11EventDispatcher& events)
+    : X11EventHandler(events, X11EventRank::Observer),
+      m_display(display),
       m_clientList(display.atom("_NET_CLIENT_LIST")),
       m_workArea(display.atom("_NET_WORKAREA")),
-      m_strutPartial(display.atom("_NET_WM_STRUT_PARTIAL")) {
-    qApp->installNativeEventFilter(this);
-}
+      m_strutPartial(display.atom("_NET_WM_STRUT_PARTIAL")) {}
 
-X11Screens::~X11Screens() {
-    if (qApp != nullptr) {
-        qApp->removeNativeEventFilter(this);
-    }
-}
-
-bool X11Screens::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
-                                   qintptr* /*result*/) {
-    const auto* const event = static_cast<const xcb_generic_event_t*>(message);
-    if ((event->response_type & 0x7F) == XCB_PROPERTY_NOTIFY) {
-        const auto* const property = static_cast<const xcb_property_notify_event_t*>(message);
-        const bool isRelevant = property->atom == m_clientList || property->atom == m_workArea;
-        if (property->window == m_display.root && isRelevant) {
+bool X11Screens::handleEvent(const xcb_generic_event_t& event) {
+    if (typeOf(event) == XCB_PROPERTY_NOTIFY) {
+        const auto& property = eventAs<xcb_property_notify_event_t>(event);
+        const bool isRelevant = property.atom == m_clientList || property.atom == m_workArea;
+        if (property.window == m_display.root && isRelevant) {
             m_struts.reset();
             mayHaveChanged();
         }

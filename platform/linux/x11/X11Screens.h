@@ -3,8 +3,7 @@
 #include "platform/linux/gui/QtScreens.h"
 #include "platform/linux/x11/Strut.h"
 #include "platform/linux/x11/X11Display.h"
-
-#include <QAbstractNativeEventFilter>
+#include "platform/linux/x11/X11EventHandler.h"
 
 #include <optional>
 #include <vector>
@@ -15,14 +14,13 @@ namespace quorvantel::platform {
 /// is one rectangle for all screens together and useless on more than one, so the windows' struts
 /// are read instead; again only after the window manager changed its list of windows or the work
 /// area.
-class X11Screens : public QtScreens, public QAbstractNativeEventFilter {
+class X11Screens : public QtScreens, public X11EventHandler {
     Q_OBJECT
 
 public:
-    explicit X11Screens(const X11Display& display);
-    ~X11Screens() override;
+    X11Screens(const X11Display& display, X11EventDispatcher& events);
 
-    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+    bool handleEvent(const xcb_generic_event_t& event) override;
 
 protected:
     QRect visibleGeometry(const QScreen& screen) const override;

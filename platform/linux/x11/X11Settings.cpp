@@ -1,6 +1,5 @@
 #include "platform/linux/x11/X11Settings.h"
 
-#include <QCoreApplication>
 #include <QDataStream>
 #include <QIODevice>
 
@@ -12,9 +11,6 @@
 namespace quorvantel::platform {
 
 namespace {
-
-/// The part of an event's type that does not say who sent it.
-constexpr std::uint8_t eventTypeBits = 0x7F;
 
 enum class SettingType : quint8 { Number = 0, Text = 1, Color = 2 };
 
@@ -86,8 +82,9 @@ XSettingsValues parseXSettings(const QByteArray& data) {
     return values;
 }
 
-X11Settings::X11Settings(const X11Display& display)
-    : m_display(display),
+X11Settings::X11Settings(const X11Display& display, X11EventDispatcher& events)
+    : X11EventHandler(events, X11EventRank::Observer),
+      m_display(display),
       m_managerSelection(display.atom("_XSETTINGS_S0")),
       m_settings(display.atom("_XSETTINGS_SETTINGS")) {
     // In this order nothing that happens meanwhile is missed.
@@ -97,28 +94,18 @@ X11Settings::X11Settings(const X11Display& display)
         nullptr));
     followManager(owner ? owner->owner : xcb_window_t{XCB_WINDOW_NONE});
     m_values = read();
-    qApp->installNativeEventFilter(this);
 }
 
-X11Settings::~X11Settings() {
-    if (qApp != nullptr) {
-        qApp->removeNativeEventFilter(this);
-    }
-}
-
-bool X11Settings::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
-                                    qintptr* /*result*/) {
-    const auto type =
-        static_cast<const xcb_generic_event_t*>(message)->response_type & eventTypeBits;
-    if (type == XCB_PROPERTY_NOTIFY) {
-        const auto& event = *static_cast<const xcb_property_notify_event_t*>(message);
-        if (event.window == m_manager && event.atom == m_settings) {
+bool X11Settings::handleEvent(const xcb_generic_event_t& event) {
+    if (typeOf(event) == XCB_PROPERTY_NOTIFY) {
+        const auto& property = eventAs<xcb_property_notify_event_t>(event);
+        if (property.window == m_manager && property.atom == m_settings) {
             setValues(read());
         }
-    } else if (m_selectionEvent != 0 && type == m_selectionEvent) {
-        const auto& event = *static_cast<const xcb_xfixes_selection_notify_event_t*>(message);
-        if (event.selection == m_managerSelection) {
-            followManager(event.owner);
+    } else if (m_selectionEvent != 0 && typeOf(event) == m_selectionEvent) {
+        const auto& selection = eventAs<xcb_xfixes_selection_notify_event_t>(event);
+        if (selection.selection == m_managerSelection) {
+            followManager(selection.owner);
             setValues(read());
         }
     }

@@ -2,8 +2,7 @@
 
 #include "platform/linux/SettingsManager.h"
 #include "platform/linux/x11/X11Display.h"
-
-#include <QAbstractNativeEventFilter>
+#include "platform/linux/x11/X11EventHandler.h"
 
 namespace quorvantel::platform {
 
@@ -12,17 +11,16 @@ namespace quorvantel::platform {
 XSettingsValues parseXSettings(const QByteArray& data);
 
 /// The settings manager of an X session.
-class X11Settings : public SettingsManager, public QAbstractNativeEventFilter {
+class X11Settings : public SettingsManager, public X11EventHandler {
     Q_OBJECT
 
 public:
     /// Reads the settings, in a few round trips to the display server.
-    explicit X11Settings(const X11Display& display);
-    ~X11Settings() override;
+    X11Settings(const X11Display& display, X11EventDispatcher& events);
 
     const XSettingsValues& values() const override { return m_values; }
 
-    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+    bool handleEvent(const xcb_generic_event_t& event) override;
 
 private:
     void followManager(xcb_window_t manager);

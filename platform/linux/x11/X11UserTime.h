@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QAbstractNativeEventFilter>
+#include "platform/linux/x11/X11EventHandler.h"
 
 #include <xcb/xcb.h>
 
@@ -9,10 +9,9 @@ namespace quorvantel::platform {
 /// Remembers the server's time of the user's last key or button press in the launcher. A program
 /// that is started with it may come to the front, which focus-stealing prevention otherwise keeps
 /// it from.
-class X11UserTime : public QAbstractNativeEventFilter {
+class X11UserTime : public X11EventHandler {
 public:
-    X11UserTime();
-    ~X11UserTime() override;
+    explicit X11UserTime(X11EventDispatcher& events);
 
     /// Server time in milliseconds; `XCB_CURRENT_TIME` before the first press.
     xcb_timestamp_t last() const { return m_last; }
@@ -20,7 +19,7 @@ public:
     /// Counts a deed of the user's in another program that was meant for the launcher.
     void note(xcb_timestamp_t time) { m_last = time; }
 
-    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+    bool handleEvent(const xcb_generic_event_t& event) override;
 
 private:
     xcb_timestamp_t m_last = XCB_CURRENT_TIME;

@@ -1,6 +1,5 @@
 #include "platform/linux/x11/X11WindowBackdrop.h"
 
-#include <QCoreApplication>
 #include <QRegion>
 #include <QWindow>
 
@@ -10,13 +9,6 @@
 #include <utility>
 
 namespace quorvantel::platform {
-
-namespace {
-
-/// The part of an event's type that does not say who sent it.
-constexpr std::uint8_t eventTypeBits = 0x7F;
-
-} // namespace
 
 std::vector<std::uint32_t> blurRegionInPixels(const QRegion& region, qreal scale) {
     std::vector<std::uint32_t> pixels;
@@ -33,21 +25,15 @@ std::vector<std::uint32_t> blurRegionInPixels(const QRegion& region, qreal scale
     return pixels;
 }
 
-X11WindowBackdrop::X11WindowBackdrop(const X11Display& display)
+X11WindowBackdrop::X11WindowBackdrop(const X11Display& display, X11EventDispatcher& events)
     // Extended Window Manager Hints: the compositing manager of the screen owns this selection.
-    : m_display(display),
+    : X11EventHandler(events, X11EventRank::Observer),
+      m_display(display),
       m_managerSelection(display.atom("_NET_WM_CM_S0")),
       m_blurRegion(display.atom("_KDE_NET_WM_BLUR_BEHIND_REGION")) {
     // In this order nothing that happens meanwhile is missed.
     m_selectionEvent = display.watchOwner(m_managerSelection);
     m_state = stateNow();
-    qApp->installNativeEventFilter(this);
-}
-
-X11WindowBackdrop::~X11WindowBackdrop() {
-    if (qApp != nullptr) {
-        qApp->removeNativeEventFilter(this);
-    }
 }
 
 void X11WindowBackdrop::setBlurBehind(QWindow& window, const QRegion& region) {
@@ -67,14 +53,11 @@ void X11WindowBackdrop::setBlurBehind(QWindow& window, const QRegion& region) {
     }
 }
 
-bool X11WindowBackdrop::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
-                                          qintptr* /*result*/) {
-    const auto type =
-        static_cast<const xcb_generic_event_t*>(message)->response_type & eventTypeBits;
-    if (type == XCB_PROPERTY_NOTIFY) {
-        handleProperty(*static_cast<const xcb_property_notify_event_t*>(message));
-    } else if (m_selectionEvent != 0 && type == m_selectionEvent) {
-        handleOwner(*static_cast<const xcb_xfixes_selection_notify_event_t*>(message));
+bool X11WindowBackdrop::handleEvent(const xcb_generic_event_t& event) {
+    if (typeOf(event) == XCB_PROPERTY_NOTIFY) {
+        handleProperty(eventAs<xcb_property_notify_event_t>(event));
+    } else if (m_selectionEvent != 0 && typeOf(event) == m_selectionEvent) {
+        handleOwner(eventAs<xcb_xfixes_selection_notify_event_t>(event));
     }
     return false;
 }

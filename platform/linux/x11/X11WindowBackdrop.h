@@ -2,8 +2,7 @@
 
 #include "platform/WindowBackdrop.h"
 #include "platform/linux/x11/X11Display.h"
-
-#include <QAbstractNativeEventFilter>
+#include "platform/linux/x11/X11EventHandler.h"
 
 #include <xcb/xfixes.h>
 
@@ -20,19 +19,18 @@ namespace quorvantel::platform {
 ///
 /// The X server reports who becomes the compositing manager and what the root window says, so it is
 /// asked only once at the start and about each new manager.
-class X11WindowBackdrop : public WindowBackdrop, public QAbstractNativeEventFilter {
+class X11WindowBackdrop : public WindowBackdrop, public X11EventHandler {
     Q_OBJECT
 
 public:
-    explicit X11WindowBackdrop(const X11Display& display);
-    ~X11WindowBackdrop() override;
+    X11WindowBackdrop(const X11Display& display, X11EventDispatcher& events);
 
     bool isComposited() const override { return m_state.isComposited; }
     bool castsShadows() const override { return m_state.isComposited && m_state.isPicom; }
     bool offersBlur() const override { return m_state.isComposited && m_state.blursOnRequest; }
     void setBlurBehind(QWindow& window, const QRegion& region) override;
 
-    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+    bool handleEvent(const xcb_generic_event_t& event) override;
 
 private:
     struct State {
