@@ -66,7 +66,8 @@ protected:
     X11Display display = X11Display::current().value();
     X11EventDispatcher events;
     X11RawEvents rawEvents{display, events};
-    X11HotKeys hotKeys{display, events, rawEvents};
+    X11Keyboard x11Keyboard{display, events};
+    X11HotKeys hotKeys{display, events, rawEvents, x11Keyboard};
     int presses = 0;
     int sentinelPresses = 0;
     std::unique_ptr<GlobalHotKeys::Token> handler = hotKeys.installHandler(

@@ -1,9 +1,7 @@
 #include "platform/linux/x11/X11KeyCapture.h"
 
 #include "hotkey/HotKeyBinding.h"
-#include "platform/linux/x11/KeyPositions.h"
 #include "platform/linux/x11/X11EventDispatcher.h"
-#include "platform/linux/x11/X11KeyTranslation.h"
 #include "support/ForeignHotKey.h"
 #include "support/Keyboard.h"
 #include "support/WaitUntil.h"
@@ -66,8 +64,9 @@ protected:
     X11Display display = X11Display::current().value();
     X11EventDispatcher events;
     X11RawEvents rawEvents{display, events};
-    X11HotKeys hotKeys{display, events, rawEvents};
-    X11KeyCapture capture{display, events, hotKeys};
+    X11Keyboard x11Keyboard{display, events};
+    X11HotKeys hotKeys{display, events, rawEvents, x11Keyboard};
+    X11KeyCapture capture{display, events, x11Keyboard, hotKeys};
     KeyWindow window;
     KeyCapture::Fate fate = KeyCapture::Fate::Swallowed;
     std::vector<KeyPress> presses;
@@ -155,25 +154,6 @@ TEST_F(X11KeyCaptureTest, ThePositionCountsWhateverTheLayout) {
     constexpr std::uint32_t keyQ = 12; // Where the French keyboard has its A.
     EXPECT_THAT(captured({XK_Control_L, XK_a}), ElementsAre(KeyPress{keyQ, 0x1000}));
     QProcess::execute(u"setxkbmap"_s, {u"us"_s});
-}
-
-TEST_F(X11KeyCaptureTest, TranslatesEveryKeyOfTheKeyboardButTheModifiers) {
-    const X11Keyboard map = X11Keyboard::read(display);
-    for (std::uint32_t keyCode = 0; keyCode < 128; ++keyCode) {
-        if (const auto name = keyNameForVirtualKey(keyCode)) {
-            const std::string position(*name);
-            ASSERT_TRUE(map.keyCodes.contains(position)) << position;
-            EXPECT_EQ(translateKeyPress(map, map.keyCodes.at(position), 0), (KeyPress{keyCode, 0}));
-        }
-    }
-    for (const char* const position : {"PAUS", "PRSC", "NMLK", "SCLK"}) {
-        EXPECT_EQ(translateKeyPress(map, map.keyCodes.at(position), 0),
-                  (KeyPress{std::nullopt, 0}));
-    }
-    for (const char* const position : {"LFSH", "RCTL", "LALT", "RALT", "LWIN", "CAPS"}) {
-        EXPECT_EQ(translateKeyPress(map, map.keyCodes.at(position), 0), std::nullopt) << position;
-    }
-    EXPECT_THAT(X11Keyboard().lockCombinations(), ElementsAre(0, XCB_MOD_MASK_LOCK));
 }
 
 } // namespace

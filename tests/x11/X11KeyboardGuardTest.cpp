@@ -90,8 +90,10 @@ TEST(X11KeyboardGuardTest, NoKeyWaitsForAMainThreadThatIsAway) {
     const XDesktop desktop(connection);
     X11EventDispatcher events;
     X11RawEvents rawEvents(display, events);
-    X11PanelHost host(display, events);
-    X11HotKeys hotKeys(display, events, rawEvents, [&] { return host.decidesAboutTyping(); });
+    X11Keyboard x11Keyboard(display, events);
+    X11PanelHost host(display, events, x11Keyboard);
+    X11HotKeys hotKeys(display, events, rawEvents, x11Keyboard,
+                       [&] { return host.decidesAboutTyping(); });
     const X11KeyboardGuard guard(display, [&] { host.reclaimKeyboard(); });
     UnmanagedWindow panel(QRect(200, 0, 100, 100));
     TypedInto application;

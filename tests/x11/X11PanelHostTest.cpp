@@ -46,7 +46,8 @@ protected:
     Keyboard keyboard{connection};
     X11Display display = X11Display::current().value();
     X11EventDispatcher events;
-    X11PanelHost host{display, events};
+    X11Keyboard x11Keyboard{display, events};
+    X11PanelHost host{display, events, x11Keyboard};
     UnmanagedWindow client{QRect(0, 0, 100, 100)};
     UnmanagedWindow panel{QRect(200, 0, 100, 100)};
 };

@@ -1,10 +1,10 @@
 #include "platform/linux/x11/KeyFate.h"
 
 #include "platform/GlobalHotKeys.h"
+#include "platform/linux/keyboard/KeySymbols.h"
 
 #include <X11/XF86keysym.h>
 #include <X11/keysym.h>
-#include <xcb/xcb_keysyms.h>
 
 #include <algorithm>
 #include <array>
@@ -70,7 +70,7 @@ KeyFate fateOfKey(xcb_keysym_t symbol, std::uint32_t modifiers) {
     if (symbol >= firstSpecialKey && symbol <= lastSpecialKey) {
         return contains(editingKeys, symbol) ? KeyFate::Kept : KeyFate::HandedOverForGood;
     }
-    if (symbol == XK_VoidSymbol || symbol == XCB_NO_SYMBOL || xcb_is_modifier_key(symbol) != 0) {
+    if (symbol == XK_VoidSymbol || symbol == XCB_NO_SYMBOL || isModifierSymbol(symbol)) {
         return KeyFate::Kept;
     }
     if (includes(modifiers, HotKeyModifier::command)) {

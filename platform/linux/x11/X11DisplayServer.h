@@ -7,6 +7,7 @@
 #include "platform/linux/x11/X11EventDispatcher.h"
 #include "platform/linux/x11/X11HotKeys.h"
 #include "platform/linux/x11/X11KeyCapture.h"
+#include "platform/linux/x11/X11Keyboard.h"
 #include "platform/linux/x11/X11KeyboardGuard.h"
 #include "platform/linux/x11/X11PanelHost.h"
 #include "platform/linux/x11/X11RawEvents.h"
@@ -50,6 +51,7 @@ private:
     X11Display m_display;
     X11EventDispatcher m_events;
     X11RawEvents m_rawEvents;
+    X11Keyboard m_keyboard;
     X11PanelHost m_panelHost;
     X11HotKeys m_hotKeys;
     X11KeyboardGuard m_keyboardGuard;

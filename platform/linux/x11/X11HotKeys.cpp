@@ -1,8 +1,5 @@
 #include "platform/linux/x11/X11HotKeys.h"
 
-#include "platform/linux/x11/KeyPositions.h"
-#include "platform/linux/x11/Xkb.h"
-
 #include <algorithm>
 #include <optional>
 #include <utility>
@@ -20,11 +17,6 @@ HotKeyUnavailable unavailable(std::uint8_t errorCode) {
     default:
         return {errorCode, {}};
     }
-}
-
-std::uint8_t xkbEventBase(xcb_connection_t* connection) {
-    const auto* const extension = xcb_get_extension_data(connection, &xcb_xkb_id);
-    return extension != nullptr && extension->present != 0 ? extension->first_event : 0;
 }
 
 } // namespace
@@ -50,6 +42,12 @@ public:
         std::uint16_t modifiers;
         std::vector<std::uint16_t> lockCombinations;
 
+        /// Whether a press is this one's, with or without locks.
+        bool matches(const xcb_key_press_event_t& event) const {
+            const unsigned int locks = lockCombinations.back();
+            return key == event.detail && modifiers == (event.state & KeyModifiers::all & ~locks);
+        }
+
         friend bool operator==(const Grab&, const Grab&) = default;
     };
 
@@ -68,17 +66,13 @@ public:
     }
 
     /// What to grab on the given keyboard; absent when it has no such key.
-    std::optional<Grab> wanted(const X11Keyboard& keyboard) const {
-        const auto name = keyNameForVirtualKey(m_virtualKey);
-        if (!name) {
+    std::optional<Grab> wanted(const Keymap& keymap) const {
+        const auto key = keymap.keyAt(m_virtualKey);
+        if (!key) {
             return std::nullopt;
         }
-        const auto found = keyboard.keyCodes.find(std::string(*name));
-        if (found == keyboard.keyCodes.end()) {
-            return std::nullopt;
-        }
-        return Grab{found->second, keyboard.modifierBits(m_carbonModifiers),
-                    keyboard.lockCombinations()};
+        return Grab{static_cast<xcb_keycode_t>(*key), keymap.modifiers().bitsOf(m_carbonModifiers),
+                    keymap.modifiers().lockCombinations()};
     }
 
     const HotKeyState& state() const override { return current; }
@@ -109,13 +103,15 @@ private:
 };
 
 X11HotKeys::X11HotKeys(const X11Display& display, X11EventDispatcher& events,
-                       X11RawEvents& rawEvents, KeyboardTaken isKeyboardTaken)
+                       X11RawEvents& rawEvents, X11Keyboard& keyboard,
+                       KeyboardTaken isKeyboardTaken)
     : X11EventHandler(events, X11EventRank::HotKeys),
       m_display(display),
       m_rawEvents(rawEvents),
       m_isKeyboardTaken(std::move(isKeyboardTaken)),
-      m_keyboard(X11Keyboard::read(display)),
-      m_xkbEventBase(xkbEventBase(display.connection)) {}
+      m_keyboard(keyboard) {
+    QObject::connect(&keyboard, &X11Keyboard::changed, &m_context, [this] { followKeyboard(); });
+}
 
 X11HotKeys::~X11HotKeys() {
     letGo();
@@ -149,8 +145,8 @@ void X11HotKeys::resume() {
     }
 }
 
-void X11HotKeys::grab(KeyRegistration& registration) const {
-    registration.grab = registration.wanted(m_keyboard);
+void X11HotKeys::grab(KeyRegistration& registration) {
+    registration.grab = registration.wanted(m_keyboard.keymap());
     if (!registration.grab) {
         registration.current = unavailable(XCB_VALUE);
         return;
@@ -200,18 +196,8 @@ bool X11HotKeys::handleEvent(const xcb_generic_event_t& event) {
         }
         return isHotKey;
     }
-    if (type == XCB_KEY_RELEASE) {
-        handleKeyRelease(eventAs<xcb_key_release_event_t>(event));
-        return false;
-    }
-    if (type == XCB_MAPPING_NOTIFY || (m_xkbEventBase != 0 && type == m_xkbEventBase)) {
-        // The byte that names the event of the X Keyboard Extension; it is always a map or new
-        // keyboard notification where it matters, and looking again is cheap.
-        const unsigned int xkbType = event.pad0;
-        if (type == XCB_MAPPING_NOTIFY || xkbType == XCB_XKB_NEW_KEYBOARD_NOTIFY ||
-            xkbType == XCB_XKB_MAP_NOTIFY) {
-            keyboardMayHaveChanged();
-        }
+    if (type == XCB_KEY_RELEASE && m_heldKey) {
+        m_heldKey->noteRelease(eventAs<xcb_key_release_event_t>(event));
     }
     return false;
 }
@@ -220,15 +206,12 @@ bool X11HotKeys::handleKeyPress(const xcb_key_press_event_t& event) {
     if (m_suspensions > 0) {
         return false;
     }
-    const unsigned int held =
-        event.state & X11Keyboard::modifierMask & ~unsigned{m_keyboard.lockMask()};
     for (const KeyRegistration* registration : m_registrations) {
-        const auto& grab = registration->grab;
-        if (!grab || grab->key != event.detail || grab->modifiers != held) {
+        if (!registration->grab || !registration->grab->matches(event)) {
             continue;
         }
         settleHeldKey();
-        if (isRepeat(event)) {
+        if (m_heldKey && m_heldKey->isRepeat(event)) {
             return true;
         }
         hold(event.detail);
@@ -255,25 +238,14 @@ void X11HotKeys::allowTyping() const {
     xcb_flush(m_display.connection);
 }
 
-bool X11HotKeys::isRepeat(const xcb_key_press_event_t& event) const {
-    // The server writes a repeat as a release and a press of the same time, or as a press alone.
-    return m_heldKey == event.detail && m_releaseTime.value_or(event.time) == event.time;
-}
-
-void X11HotKeys::handleKeyRelease(const xcb_key_release_event_t& event) {
-    if (m_heldKey == event.detail) {
-        m_releaseTime = event.time;
-    }
-}
-
 void X11HotKeys::hold(xcb_keycode_t key) {
     letGo();
-    m_heldKey = key;
+    m_heldKey.emplace(key);
     // The key may be let go while another application has the keyboard, so its release is looked
     // for on the device as well.
     m_releaseObservation = m_rawEvents.observe(
         X11RawEvents::Type::KeyRelease, [this](std::uint32_t released, xcb_timestamp_t /*time*/) {
-            if (m_heldKey == static_cast<xcb_keycode_t>(released)) {
+            if (m_heldKey && m_heldKey->key() == released) {
                 letGo();
             }
         });
@@ -297,7 +269,6 @@ void X11HotKeys::letGo() {
     }
     m_heldKeyQuestion.reset();
     m_heldKey.reset();
-    m_releaseTime.reset();
     m_releaseObservation.reset();
 }
 
@@ -308,7 +279,7 @@ void X11HotKeys::settleHeldKey() {
     }
     const XcbPointer<xcb_query_keymap_reply_t> reply(
         xcb_query_keymap_reply(m_display.connection, *question, nullptr));
-    const bool wasDown = reply && isDown(*reply, *m_heldKey);
+    const bool wasDown = reply && isDown(*reply, m_heldKey->key());
     if (!wasDown) {
         letGo();
     }
@@ -325,22 +296,7 @@ void X11HotKeys::report(HotKeyIdentity identity) const {
     }
 }
 
-void X11HotKeys::keyboardMayHaveChanged() {
-    // A change of layout comes as a burst of events.
-    if (std::exchange(m_keyboardCheckPending, true)) {
-        return;
-    }
-    QMetaObject::invokeMethod(
-        &m_context, [this] { followKeyboard(); }, Qt::QueuedConnection);
-}
-
 void X11HotKeys::followKeyboard() {
-    m_keyboardCheckPending = false;
-    X11Keyboard keyboard = X11Keyboard::read(m_display);
-    if (keyboard == m_keyboard) {
-        return;
-    }
-    m_keyboard = std::move(keyboard);
     // Those who are told may end registrations, their own and others, so the list is walked in a
     // copy.
     const std::vector<KeyRegistration*> registrations(m_registrations.begin(),
@@ -353,7 +309,7 @@ void X11HotKeys::followKeyboard() {
 }
 
 void X11HotKeys::followKeyboard(KeyRegistration& registration) {
-    const auto wanted = registration.wanted(m_keyboard);
+    const auto wanted = registration.wanted(m_keyboard.keymap());
     if (wanted && registration.grab == wanted) {
         return;
     }

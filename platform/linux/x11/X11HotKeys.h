@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/GlobalHotKeys.h"
+#include "platform/linux/x11/HeldKey.h"
 #include "platform/linux/x11/X11Display.h"
 #include "platform/linux/x11/X11EventHandler.h"
 #include "platform/linux/x11/X11Keyboard.h"
@@ -29,10 +30,10 @@ public:
     /// with it the decision about what was typed.
     using KeyboardTaken = std::function<bool()>;
 
-    /// `rawEvents` must outlive this object and all registrations.
+    /// `rawEvents` and `keyboard` must outlive this object and all registrations.
     X11HotKeys(
         const X11Display& display, X11EventDispatcher& events, X11RawEvents& rawEvents,
-        KeyboardTaken isKeyboardTaken = [] { return false; });
+        X11Keyboard& keyboard, KeyboardTaken isKeyboardTaken = [] { return false; });
     ~X11HotKeys() override;
 
     std::unique_ptr<Token> installHandler(PressHandler handler) override;
@@ -58,12 +59,10 @@ private:
     class KeyRegistration;
     class Suspension;
 
-    void grab(KeyRegistration& registration) const;
+    void grab(KeyRegistration& registration);
     void ungrab(KeyRegistration& registration) const;
     bool handleKeyPress(const xcb_key_press_event_t& event);
     void allowTyping() const;
-    bool isRepeat(const xcb_key_press_event_t& event) const;
-    void handleKeyRelease(const xcb_key_release_event_t& event);
     void resume();
     void hold(xcb_keycode_t key);
     /// A key that is down already, as after it was recorded, repeats; none of that is a press.
@@ -71,24 +70,18 @@ private:
     void letGo();
     void settleHeldKey();
     void report(HotKeyIdentity identity) const;
-    void keyboardMayHaveChanged();
     void followKeyboard();
     void followKeyboard(KeyRegistration& registration);
 
     X11Display m_display;
     X11RawEvents& m_rawEvents;
     KeyboardTaken m_isKeyboardTaken;
-    X11Keyboard m_keyboard;
-    /// The first event code of the X Keyboard Extension; 0 when the server lacks it.
-    std::uint8_t m_xkbEventBase = 0;
-    bool m_keyboardCheckPending = false;
+    X11Keyboard& m_keyboard;
     std::list<HandlerRegistration*> m_handlers;
     std::list<KeyRegistration*> m_registrations;
     int m_suspensions = 0;
     /// The hotkey that is held down; its key repeats do not count as presses.
-    std::optional<xcb_keycode_t> m_heldKey;
-    /// When the server last reported a release of it, which a repeat does as well.
-    std::optional<xcb_timestamp_t> m_releaseTime;
+    std::optional<HeldKey> m_heldKey;
     /// Lives as long as `m_heldKey` is set.
     std::unique_ptr<X11RawEvents::Observation> m_releaseObservation;
     /// The question whether `m_heldKey` was still down when that observation began, until its

@@ -16,8 +16,10 @@ namespace quorvantel::platform {
 /// moment. Until it succeeds, the capture sees what the launcher's own windows get.
 class X11KeyCapture : public KeyCapture, public X11EventHandler {
 public:
-    /// `hotKeys` must outlive this object; of what they took for a hotkey it frees the keyboard.
-    X11KeyCapture(const X11Display& display, X11EventDispatcher& events, X11HotKeys& hotKeys);
+    /// `keyboard` and `hotKeys` must outlive this object; of what they took for a hotkey it frees
+    /// the keyboard.
+    X11KeyCapture(const X11Display& display, X11EventDispatcher& events, X11Keyboard& keyboard,
+                  X11HotKeys& hotKeys);
 
     std::unique_ptr<Token> capture(QWindow& window, Handler handler) override;
 
@@ -27,6 +29,7 @@ private:
     class Grab;
 
     X11Display m_display;
+    X11Keyboard& m_keyboard;
     X11HotKeys& m_hotKeys;
     /// The capture in force; not owned.
     Grab* m_grab = nullptr;

@@ -1,50 +1,58 @@
 #pragma once
 
+#include "platform/linux/keyboard/Keymap.h"
 #include "platform/linux/x11/X11Display.h"
+#include "platform/linux/x11/X11EventHandler.h"
 
-#include <cstdint>
-#include <string>
-#include <unordered_map>
-#include <unordered_set>
-#include <vector>
+#include <QObject>
+
+#include <memory>
 
 namespace quorvantel::platform {
 
-/// The parts of the keyboard's state of configuration that hotkeys depend on: where the keys are
-/// and which modifier bits the modifier keys set. A value, read from the server in one go.
-struct X11Keyboard {
-    /// All modifier bits of the core protocol. Above them, the state in an event holds the
-    /// pointer's buttons and the keyboard's group.
-    static constexpr unsigned int modifierMask = 0xFF;
+/// The keyboard of the X server as it is now. Main thread only.
+class X11Keyboard : public QObject, public X11EventHandler {
+    Q_OBJECT
 
-    /// X key codes by the names of the X Keyboard Extension.
-    std::unordered_map<std::string, xcb_keycode_t> keyCodes;
+public:
+    /// Reads the key map from the server.
+    X11Keyboard(const X11Display& display, X11EventDispatcher& events);
 
-    /// The keys that change what others mean, Caps Lock among them. Num Lock, which is a key for
-    /// its own sake on some keyboards, is none.
-    std::unordered_set<xcb_keycode_t> modifierKeys;
+    /// What the keys mean. Waits for the server's answer where that has said meanwhile that another
+    /// key map is in force, and not otherwise.
+    const Keymap& keymap();
 
-    /// The modifier bits of the core protocol that the keys stand for. Super and Alt have theirs
-    /// even on a keyboard without such keys: the bits that are usual for them.
-    std::uint16_t superMask = XCB_MOD_MASK_4;
-    std::uint16_t altMask = XCB_MOD_MASK_1;
-    std::uint16_t numLockMask = 0;
-    std::uint16_t scrollLockMask = 0;
+    bool handleEvent(const xcb_generic_event_t& event) override;
 
-    static X11Keyboard read(const X11Display& display);
+Q_SIGNALS:
+    /// The key map is another, which is told from the event loop, once for a burst of changes.
+    void changed();
 
-    /// The bits that differ while a lock is on, which make no difference to a hotkey.
-    std::uint16_t lockMask() const {
-        return static_cast<std::uint16_t>(XCB_MOD_MASK_LOCK | numLockMask | scrollLockMask);
-    }
+private:
+    struct Unref {
+        void operator()(xkb_context* context) const { xkb_context_unref(context); }
+    };
 
-    /// The modifier bits for a Carbon modifier mask: Command is Super, Option is Alt.
-    std::uint16_t modifierBits(std::uint32_t carbonModifiers) const;
+    bool tellsOfChange(const xcb_generic_event_t& event) const;
+    void announce();
+    Keymap read() const;
 
-    /// Every combination of lock bits, the empty one first: a grab holds for one of them only.
-    std::vector<std::uint16_t> lockCombinations() const;
-
-    friend bool operator==(const X11Keyboard&, const X11Keyboard&) = default;
+    X11Display m_display;
+    std::unique_ptr<xkb_context, Unref> m_context;
+    /// The type of the events of the X Keyboard Extension; 0 when the server lacks it.
+    std::uint8_t m_eventType = 0;
+    /// The keyboard that stands for all; negative when the server lacks the extension.
+    std::int32_t m_device = -1;
+    Keymap m_keymap;
+    bool m_isStale = false;
+    bool m_hasChanged = false;
 };
+
+/// The number of the keyboard's layout in the state that an X event tells.
+inline unsigned int layoutOf(std::uint32_t state) {
+    constexpr unsigned int shift = 13;
+    constexpr unsigned int mask = 0x3;
+    return state >> shift & mask;
+}
 
 } // namespace quorvantel::platform

@@ -1,30 +1,15 @@
 #include "platform/linux/x11/X11PanelHost.h"
 
-#include "platform/linux/x11/BaseSymbol.h"
-#include "platform/linux/x11/X11KeyTranslation.h"
+#include "platform/linux/keyboard/KeySymbols.h"
 
 #include <QKeyEvent>
 #include <QWindow>
 
-#include <chrono>
 #include <utility>
 
 namespace quorvantel::platform {
 
 namespace {
-
-using namespace std::chrono_literals;
-
-constexpr auto retryInterval = 20ms;
-constexpr int retryAttempts = 15;
-
-/// Where the state in an event holds the keyboard's group.
-constexpr unsigned int groupShift = 13;
-constexpr unsigned int groupMask = 0x3;
-
-unsigned int groupOf(std::uint32_t state) {
-    return state >> groupShift & groupMask;
-}
 
 /// The window that the user sees, of which the given one may be a part.
 QWindow& panelOf(QWindow& window) {
@@ -34,14 +19,13 @@ QWindow& panelOf(QWindow& window) {
 
 } // namespace
 
-X11PanelHost::X11PanelHost(const X11Display& display, X11EventDispatcher& events)
+X11PanelHost::X11PanelHost(const X11Display& display, X11EventDispatcher& events,
+                           X11Keyboard& keyboard)
     : X11EventHandler(events, X11EventRank::Panel),
       m_display(display),
       m_events(events),
-      m_virtualKeyboard(display) {
-    m_retry.setInterval(retryInterval);
-    QObject::connect(&m_retry, &QTimer::timeout, &m_retry, [this] { checkGrab(); });
-}
+      m_keyboard(keyboard),
+      m_virtualKeyboard(display) {}
 
 Qt::WindowFlags X11PanelHost::windowFlags() const {
     return Qt::Tool | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint;
@@ -50,41 +34,33 @@ Qt::WindowFlags X11PanelHost::windowFlags() const {
 void X11PanelHost::takeKeyboard(QWindow& window) {
     m_window = &window;
     m_windowId = static_cast<xcb_window_t>(window.winId());
-    m_modifiersFromBefore = X11Keyboard::modifierMask;
+    m_modifiersFromBefore = KeyModifiers::all;
     m_grab.emplace(m_display, m_events, m_windowId);
-    // Asks the server without waiting for the answer, which is there when the first key comes.
-    m_symbols.reset(xcb_key_symbols_alloc(m_display.connection));
-    awaitGrab();
-}
-
-void X11PanelHost::awaitGrab() {
-    m_attemptsLeft = retryAttempts;
     m_retry.start();
 }
 
 void X11PanelHost::reclaimKeyboard() {
     if (m_grab) {
         m_grab->request();
-        awaitGrab();
+        m_retry.start();
     }
 }
 
-void X11PanelHost::checkGrab() {
+bool X11PanelHost::checkGrab() {
     if (m_window.isNull() || !m_grab || m_grab->isHeld()) {
-        m_retry.stop();
-    } else if (--m_attemptsLeft > 0) {
-        m_grab->request();
-    } else {
-        m_retry.stop();
-        endGrab();
-        takeFocus();
+        return true;
     }
+    m_grab->request();
+    return false;
+}
+
+void X11PanelHost::giveGrabUp() {
+    endGrab();
+    takeFocus();
 }
 
 void X11PanelHost::endGrab() {
     m_grab.reset();
-    m_symbols.reset();
-    m_keyboard.reset();
     m_desktopKeys.clear();
 }
 
@@ -123,8 +99,8 @@ void X11PanelHost::returnFocus() {
 }
 
 QChar X11PanelHost::baseCharacter(const QKeyEvent& event) const {
-    const auto key = static_cast<xcb_keycode_t>(event.nativeScanCode());
-    const auto symbol = baseSymbol(m_display, key, groupOf(event.nativeModifiers()));
+    const auto symbol =
+        m_keyboard.keymap().baseSymbol(event.nativeScanCode(), layoutOf(event.nativeModifiers()));
     return symbol && isLatin1(*symbol) ? QChar(static_cast<char16_t>(*symbol)) : QChar();
 }
 
@@ -154,7 +130,7 @@ bool X11PanelHost::handlePress(const xcb_key_press_event_t& event) {
     const DesktopKey key = judge(event);
     if (key.fate == KeyFate::Kept) {
         m_desktopKeys.erase(event.detail);
-        if (xcb_is_modifier_key(symbolOf(event)) == 0) {
+        if (!isModifierSymbol(symbolOf(event))) {
             m_heldKey = event.detail;
         }
         return false;
@@ -191,29 +167,21 @@ void X11PanelHost::handleFocusOut(const xcb_focus_out_event_t& event) {
     }
 }
 
-X11PanelHost::DesktopKey X11PanelHost::judge(const xcb_key_press_event_t& event) {
-    const unsigned int held = event.state & X11Keyboard::modifierMask & ~m_modifiersFromBefore;
-    if (held == 0) {
-        return {fateOfKey(symbolOf(event), 0), 0};
-    }
-    if (!m_keyboard) {
-        m_keyboard = X11Keyboard::read(m_display);
-    }
-    const std::uint32_t modifiers = carbonModifiers(*m_keyboard, static_cast<std::uint16_t>(held));
+X11PanelHost::DesktopKey X11PanelHost::judge(const xcb_key_press_event_t& event) const {
+    const Keymap& keymap = m_keyboard.keymap();
+    const std::uint32_t modifiers =
+        keymap.modifiers().carbonModifiers(event.state & ~m_modifiersFromBefore);
     KeyFate fate = fateOfKey(symbolOf(event), modifiers);
     if (fate == KeyFate::HandedOverForGood) {
-        // Asks the server, so not for every letter.
-        const auto symbol = baseSymbol(m_display, event.detail, groupOf(event.state));
+        const auto symbol = keymap.baseSymbol(event.detail, layoutOf(event.state));
         fate = symbol ? fateOfKey(*symbol, modifiers) : fate;
     }
-    return {fate, m_keyboard->modifierBits(modifiers)};
+    return {fate, keymap.modifiers().bitsOf(modifiers)};
 }
 
-xcb_keysym_t X11PanelHost::symbolOf(const xcb_key_press_event_t& event) {
-    const bool isSecondGroup = groupOf(event.state) == 1;
-    const bool isShifted = (event.state & XCB_MOD_MASK_SHIFT) != 0;
-    return xcb_key_symbols_get_keysym(m_symbols.get(), event.detail,
-                                      (isSecondGroup ? 2 : 0) + (isShifted ? 1 : 0));
+xkb_keysym_t X11PanelHost::symbolOf(const xcb_key_press_event_t& event) const {
+    const bool isShifted = (event.state & KeyModifiers::shiftMask) != 0;
+    return m_keyboard.keymap().symbol(event.detail, layoutOf(event.state), isShifted);
 }
 
 void X11PanelHost::handOver(xcb_keycode_t key, const DesktopKey& desktopKey) {

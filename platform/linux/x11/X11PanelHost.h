@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/PanelHost.h"
+#include "platform/linux/x11/GrabRetry.h"
 #include "platform/linux/x11/KeyFate.h"
 #include "platform/linux/x11/X11Display.h"
 #include "platform/linux/x11/X11EventHandler.h"
@@ -9,11 +10,7 @@
 #include "platform/linux/x11/X11VirtualKeyboard.h"
 
 #include <QPointer>
-#include <QTimer>
 
-#include <xcb/xcb_keysyms.h>
-
-#include <memory>
 #include <optional>
 #include <unordered_map>
 
@@ -37,7 +34,8 @@ namespace quorvantel::platform {
 /// on what the launcher is busy with by then.
 class X11PanelHost : public PanelHost, public X11EventHandler {
 public:
-    X11PanelHost(const X11Display& display, X11EventDispatcher& events);
+    /// `keyboard` must outlive this object.
+    X11PanelHost(const X11Display& display, X11EventDispatcher& events, X11Keyboard& keyboard);
 
     Qt::WindowFlags windowFlags() const override;
     void takeKeyboard(QWindow& window) override;
@@ -53,10 +51,6 @@ public:
     bool handleEvent(const xcb_generic_event_t& event) override;
 
 private:
-    struct FreeSymbols {
-        void operator()(xcb_key_symbols_t* symbols) const { xcb_key_symbols_free(symbols); }
-    };
-
     /// A key that is the desktop's once it is let go.
     struct DesktopKey {
         KeyFate fate;
@@ -64,33 +58,29 @@ private:
         std::uint16_t modifiers;
     };
 
-    void awaitGrab();
-    void checkGrab();
+    bool checkGrab();
+    void giveGrabUp();
     void endGrab();
     void takeFocus();
     void returnFocus();
     bool handlePress(const xcb_key_press_event_t& event);
     bool handleRelease(const xcb_key_release_event_t& event);
     void handleFocusOut(const xcb_focus_out_event_t& event);
-    DesktopKey judge(const xcb_key_press_event_t& event);
-    xcb_keysym_t symbolOf(const xcb_key_press_event_t& event);
+    DesktopKey judge(const xcb_key_press_event_t& event) const;
+    xkb_keysym_t symbolOf(const xcb_key_press_event_t& event) const;
     void handOver(xcb_keycode_t key, const DesktopKey& desktopKey);
 
     X11Display m_display;
     X11EventDispatcher& m_events;
+    X11Keyboard& m_keyboard;
     X11VirtualKeyboard m_virtualKeyboard;
     QPointer<QWindow> m_window;
     xcb_window_t m_windowId = XCB_WINDOW_NONE;
-    QTimer m_retry;
-    int m_attemptsLeft = 0;
+    GrabRetry m_retry{[this] { return checkGrab(); }, [this] { giveGrabUp(); }};
     /// While the panel has the keyboard or tries to get it; not once it took the input focus.
     std::optional<X11KeyboardGrab> m_grab;
     /// Who had the input focus before the panel took it; none while the grab does.
     xcb_window_t m_previousFocus = XCB_WINDOW_NONE;
-    /// Read anew in each showing; exists while the panel has the keyboard.
-    std::unique_ptr<xcb_key_symbols_t, FreeSymbols> m_symbols;
-    /// Read in a showing when the first modifier is pressed.
-    std::optional<X11Keyboard> m_keyboard;
     /// The modifiers that have not been up since before the panel was shown: of its hotkey, from
     /// which people go over to typing before they let go of all, and the locks.
     unsigned int m_modifiersFromBefore = 0;

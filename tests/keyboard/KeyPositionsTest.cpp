@@ -1,4 +1,4 @@
-#include "platform/linux/x11/KeyPositions.h"
+#include "platform/linux/keyboard/KeyPositions.h"
 
 #include "hotkey/HotKeyBinding.h"
 
