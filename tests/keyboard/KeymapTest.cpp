@@ -9,13 +9,11 @@
 namespace quorvantel::platform {
 namespace {
 
-using ::testing::ElementsAre;
-
-/// Virtual key codes, by the keys of a US keyboard.
+/// The virtual key codes of keys of a US keyboard.
 constexpr std::uint32_t keyM = 46;
 constexpr std::uint32_t comma = 43;
 
-/// Key codes without a virtual one.
+/// Keys without a virtual key code.
 constexpr xkb_keycode_t leftAlt = 64;
 constexpr xkb_keycode_t withoutSymbols = 8;
 constexpr xkb_keycode_t noKey = 0;
@@ -40,33 +38,24 @@ TEST(KeymapTest, ABaseSymbolIsThatOfTheLayoutOrElseOfALatinOne) {
     EXPECT_EQ(base(comma, 2), XKB_KEY_semicolon);
     EXPECT_EQ(base(comma, 3), XKB_KEY_comma);
     EXPECT_EQ(keymap.symbol(keymap.keyAt(comma).value(), 2, true), XKB_KEY_period);
-    EXPECT_EQ(keymap.symbol(keymap.keyAt(comma).value(), 1, false), XKB_KEY_Cyrillic_be);
-}
+    EXPECT_EQ(keymapOf("ru").baseSymbol(keymap.keyAt(comma).value(), 0), XKB_KEY_Cyrillic_be);
 
-TEST(KeymapTest, KnowsKeysThatAreTheSameInAllLayoutsOrTypeNothing) {
-    const Keymap keymap = keymapOf("us,ru,fr,hu");
     EXPECT_EQ(keymap.baseSymbol(leftAlt, 2), XKB_KEY_Alt_L);
     EXPECT_EQ(keymap.baseSymbol(withoutSymbols, 0), std::nullopt);
     EXPECT_EQ(keymap.baseSymbol(noKey, 0), std::nullopt);
-    EXPECT_EQ(keymapOf("ru").baseSymbol(keymap.keyAt(comma).value(), 0), XKB_KEY_Cyrillic_be);
-
-    const Keymap none;
-    EXPECT_EQ(none.keyAt(comma), std::nullopt);
-    EXPECT_EQ(none.baseSymbol(leftAlt, 0), std::nullopt);
-    EXPECT_EQ(none.press(leftAlt, 0), (KeyPress{std::nullopt, 0}));
-    EXPECT_NE(none, keymap);
+    EXPECT_EQ(Keymap().keyAt(comma), std::nullopt);
+    EXPECT_EQ(Keymap().baseSymbol(leftAlt, 0), std::nullopt);
 }
 
-TEST(KeymapTest, TranslatesEveryKeyOfTheKeyboardButTheModifiers) {
-    const Keymap keymap = keymapOf("us");
+TEST(KeymapTest, TranslatesEveryKeyOfAnyLayoutButTheModifiers) {
+    const Keymap keymap = keymapOf("fr");
     for (std::uint32_t virtualKey = 0; virtualKey < 128; ++virtualKey) {
-        if (keyNameForVirtualKey(virtualKey)) {
-            const auto key = keymap.keyAt(virtualKey);
-            ASSERT_TRUE(key) << virtualKey;
+        const auto key = keymap.keyAt(virtualKey);
+        ASSERT_EQ(key.has_value(), keyNameForVirtualKey(virtualKey).has_value()) << virtualKey;
+        if (key) {
             EXPECT_EQ(keymap.press(*key, 0), (KeyPress{virtualKey, 0}));
         }
     }
-    EXPECT_EQ(keymap.keyAt(200), std::nullopt);
     for (const xkb_keycode_t key : {127U /* Pause */, 107U /* Print */, 77U /* Num Lock */}) {
         EXPECT_EQ(keymap.press(key, 0), (KeyPress{std::nullopt, 0})) << key;
     }
@@ -78,19 +67,10 @@ TEST(KeymapTest, TranslatesEveryKeyOfTheKeyboardButTheModifiers) {
 
 TEST(KeymapTest, KnowsTheBitsOfTheModifiersAndLeavesOutTheLocks) {
     const KeyModifiers modifiers = keymapOf("us").modifiers();
-    constexpr std::uint32_t shift = 0x01;
-    constexpr std::uint32_t capsLock = 0x02;
-    constexpr std::uint32_t control = 0x04;
-    constexpr std::uint32_t alt = 0x08;
-    constexpr std::uint32_t numLock = 0x10;
-    constexpr std::uint32_t super = 0x40;
-    EXPECT_EQ(modifiers.bitsOf(HotKeyModifier::command | HotKeyModifier::option), super | alt);
-    EXPECT_EQ(modifiers.bitsOf(HotKeyModifier::control | HotKeyModifier::shift), control | shift);
-    EXPECT_EQ(modifiers.carbonModifiers(super | alt | numLock | capsLock),
-              HotKeyModifier::command | HotKeyModifier::option);
-    EXPECT_THAT(modifiers.lockCombinations(),
-                ElementsAre(0, capsLock, numLock, capsLock | numLock));
-    EXPECT_THAT(KeyModifiers().lockCombinations(), ElementsAre(0, capsLock));
+    EXPECT_EQ(modifiers.bitsOf(HotKeyModifier::command | HotKeyModifier::option), 0x48);
+    EXPECT_EQ(modifiers.bitsOf(HotKeyModifier::control | HotKeyModifier::shift), 0x05);
+    EXPECT_EQ(modifiers.carbonModifiers(0x5A), HotKeyModifier::command | HotKeyModifier::option);
+    EXPECT_THAT(modifiers.lockCombinations(), ::testing::ElementsAre(0, 0x02, 0x10, 0x12));
 }
 
 } // namespace

@@ -24,8 +24,7 @@ public:
         const QString name = QStringLiteral("%1+%2").arg(modifiers).arg(keyCode);
         onChange = std::move(changeHandler);
         current = refused.contains(name) ? refusal : answer;
-        return std::make_unique<KeyEntry>(*this,
-                                          refused.contains(name) ? QString(u'!' + name) : name);
+        return std::make_unique<KeyEntry>(*this, name);
     }
 
     std::unique_ptr<Token> suspend() override {
@@ -41,9 +40,9 @@ public:
 
     static inline const platform::HotKeyState refusal = platform::HotKeyUnavailable{10, {}};
 
-    /// In the order in which they came; what is refused is none of it.
+    /// In the order in which they came.
     QStringList registered;
-    /// What came, went and was refused, as "+name", "-name" and "!name".
+    /// What came and went, as "+name" and "-name".
     QStringList log;
     QSet<QString> refused;
     /// What a combination that is not refused is told at first.
@@ -55,17 +54,12 @@ private:
     class Entry : public Base {
     public:
         Entry(FakeHotKeys& hotKeys, QString name) : m_hotKeys(hotKeys), m_name(std::move(name)) {
-            if (m_name.startsWith(u'!')) {
-                m_hotKeys.log << m_name;
-                return;
-            }
             m_hotKeys.registered << m_name;
             m_hotKeys.log << u'+' + m_name;
         }
         ~Entry() override {
-            if (m_hotKeys.registered.removeOne(m_name)) {
-                m_hotKeys.log << u'-' + m_name;
-            }
+            m_hotKeys.registered.removeOne(m_name);
+            m_hotKeys.log << u'-' + m_name;
         }
 
     protected:

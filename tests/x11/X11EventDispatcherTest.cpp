@@ -1,85 +1,64 @@
 #include "platform/linux/x11/X11EventDispatcher.h"
 
-#include <QStringList>
-
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <memory>
+#include <optional>
+#include <string>
 
 namespace quorvantel::platform {
 namespace {
 
-using namespace Qt::StringLiterals;
 using enum X11EventRank;
 
-class X11EventDispatcherTest : public ::testing::Test {
-protected:
-    class Handler : public X11EventHandler {
-    public:
-        Handler(X11EventDispatcherTest& test, X11EventRank rank, QString handlerName)
-            : X11EventHandler(test.dispatcher, rank),
-              m_test(test),
-              m_name(std::move(handlerName)) {}
+/// Does what the test says and tells whether it keeps the event.
+class Handler : public X11EventHandler {
+public:
+    Handler(X11EventDispatcher& events, X11EventRank rank, std::function<bool()> does)
+        : X11EventHandler(events, rank), m_does(std::move(does)) {}
 
-        bool handleEvent(const xcb_generic_event_t& /*event*/) override {
-            m_test.order << m_name;
-            const auto handler = onEvent;
-            return handler();
-        }
-
-        std::function<bool()> onEvent = [] { return false; };
-
-    private:
-        X11EventDispatcherTest& m_test;
-        QString m_name;
-    };
-
-    /// The handlers that see an event, and in the end the toolkit unless one has kept it.
-    QStringList dispatched() {
-        order.clear();
-        xcb_generic_event_t event{};
-        if (!dispatcher.nativeEventFilter("xcb_generic_event_t", &event, nullptr)) {
-            order << u"toolkit"_s;
-        }
-        return order;
+    bool handleEvent(const xcb_generic_event_t& /*event*/) override {
+        const auto does = m_does;
+        return does();
     }
 
-    X11EventDispatcher dispatcher;
-    QStringList order;
+private:
+    std::function<bool()> m_does;
 };
 
-TEST_F(X11EventDispatcherTest, AsksByRankInWhateverOrderTheyCameUntilOneKeepsIt) {
-    Handler panel(*this, Panel, u"panel"_s);
-    Handler time(*this, Observer, u"time"_s);
-    Handler capture(*this, KeyCapture, u"capture"_s);
-    const Handler settings(*this, Observer, u"settings"_s);
-    Handler hotKeys(*this, HotKeys, u"hotkeys"_s);
-    EXPECT_EQ(dispatched(), (QStringList{u"time"_s, u"settings"_s, u"capture"_s, u"hotkeys"_s,
-                                         u"panel"_s, u"toolkit"_s}));
-    hotKeys.onEvent = [] { return true; };
-    EXPECT_EQ(dispatched(), (QStringList{u"time"_s, u"settings"_s, u"capture"_s, u"hotkeys"_s}));
-    capture.onEvent = [] { return true; };
-    EXPECT_EQ(dispatched(), (QStringList{u"time"_s, u"settings"_s, u"capture"_s}));
-}
+TEST(X11EventDispatcherTest, AsksByRankUntilOneKeepsItWhoeverComesAndGoesMeanwhile) {
+    X11EventDispatcher events;
+    std::string order;
+    const auto note = [&](char letter, bool keeps = false) {
+        return [&order, letter, keeps] {
+            order += letter;
+            return keeps;
+        };
+    };
+    const auto dispatched = [&] {
+        order.clear();
+        xcb_generic_event_t event{};
+        order += events.nativeEventFilter("xcb_generic_event_t", &event, nullptr) ? '!' : '.';
+        return order;
+    };
+    const Handler panel(events, Panel, note('p'));
+    const Handler time(events, Observer, note('t'));
+    std::optional<Handler> capture(std::in_place, events, KeyCapture, note('c'));
+    const Handler settings(events, Observer, note('s'));
+    std::optional<Handler> hotKeys(std::in_place, events, HotKeys, note('h'));
+    EXPECT_EQ(dispatched(), "tschp.");
+    hotKeys.emplace(events, HotKeys, note('H', true));
+    EXPECT_EQ(dispatched(), "tscH!");
 
-TEST_F(X11EventDispatcherTest, HandlersComeAndGoWhileOneRuns) {
-    auto first = std::make_unique<Handler>(*this, HotKeys, u"first"_s);
-    auto second = std::make_unique<Handler>(*this, HotKeys, u"second"_s);
-    std::unique_ptr<Handler> newcomer;
-    first->onEvent = [&] {
-        second.reset();
-        newcomer = std::make_unique<Handler>(*this, Panel, u"newcomer"_s);
+    std::optional<Handler> newcomer;
+    capture.emplace(events, KeyCapture, [&] {
+        hotKeys.reset();
+        newcomer.emplace(events, Panel, note('n'));
         return false;
-    };
-    EXPECT_EQ(dispatched(), (QStringList{u"first"_s, u"toolkit"_s}));
-    newcomer->onEvent = [&] {
-        newcomer.reset();
-        return false;
-    };
-    first.reset();
-    EXPECT_EQ(dispatched(), (QStringList{u"newcomer"_s, u"toolkit"_s}));
-    EXPECT_EQ(dispatched(), QStringList{u"toolkit"_s});
+    });
+    EXPECT_EQ(dispatched(), "tsp.");
+    capture.reset();
+    EXPECT_EQ(dispatched(), "tspn.");
 }
 
 } // namespace
