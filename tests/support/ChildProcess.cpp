@@ -1,5 +1,6 @@
 #include "support/ChildProcess.h"
 
+#include "support/Unprivileged.h"
 #include "support/WaitUntil.h"
 
 #include <sys/prctl.h>
@@ -11,19 +12,26 @@ namespace quorvantel::testing {
 
 ChildProcess::ChildProcess(const Launch& launch) {
     m_process.setProcessEnvironment(launch.environment);
-    m_process.setStandardInputFile(QProcess::nullDevice());
+    if (!launch.takesCommands) {
+        m_process.setStandardInputFile(QProcess::nullDevice());
+    }
     if (launch.announcesItself) {
         m_process.setStandardErrorFile(QProcess::nullDevice());
     } else {
         m_process.setProcessChannelMode(QProcess::MergedChannels);
         m_process.setStandardOutputFile(launch.outputPath, QIODevice::Append);
     }
-    m_process.setChildProcessModifier([deathSignal = launch.deathSignal, parent = ::getpid()] {
-        ::prctl(PR_SET_PDEATHSIG, deathSignal);
-        if (::getppid() != parent) {
-            ::_exit(127);
-        }
-    });
+    m_process.setChildProcessModifier(
+        [deathSignal = launch.deathSignal, refusesRoot = launch.refusesRoot, parent = ::getpid()] {
+            if (refusesRoot && !giveUpRoot()) {
+                ::_exit(127);
+            }
+            // Later than the change of user, which would undo it.
+            ::prctl(PR_SET_PDEATHSIG, deathSignal);
+            if (::getppid() != parent) {
+                ::_exit(127);
+            }
+        });
     m_process.start(launch.program, launch.arguments);
     if (!m_process.waitForStarted(static_cast<int>(patience.count()))) {
         throw std::runtime_error(launch.program.toStdString() + " did not start");
@@ -57,6 +65,11 @@ QByteArray ChildProcess::readLine() {
         }
     }
     return m_process.readLine().chopped(1);
+}
+
+void ChildProcess::writeLine(const QByteArray& line) {
+    m_process.write(line + '\n');
+    m_process.waitForBytesWritten();
 }
 
 std::optional<ChildProcess::Exit> ChildProcess::waitForExit(std::chrono::milliseconds timeout) {

@@ -22,8 +22,12 @@ public:
         QString outputPath = QProcess::nullDevice();
         /// Whether standard output is for `readLine` instead.
         bool announcesItself = false;
+        /// Whether it reads what `writeLine` writes; otherwise its standard input is empty.
+        bool takesCommands = false;
         /// What the program gets when the test process dies first.
         int deathSignal = SIGKILL;
+        /// Whether the program refuses to run as root, and is to run without root's rights.
+        bool refusesRoot = false;
     };
 
     /// How a program ended.
@@ -47,6 +51,9 @@ public:
     /// The line, without its end, with which a program announces itself on standard output, as with
     /// "-displayfd 1" and "--print-address". Throws std::runtime_error when none comes in time.
     QByteArray readLine();
+
+    /// Sends the program a line, given without its end.
+    void writeLine(const QByteArray& line);
 
     /// How the program ended; absent while it still runs after `timeout`.
     std::optional<Exit> waitForExit(std::chrono::milliseconds timeout);
