@@ -89,13 +89,23 @@ QImage screenshotOfKWin(const QString& busAddress, const QRect& area) {
 } // namespace
 
 WaylandCompositor::WaylandCompositor(const Options& options)
-    : m_options(options), m_bus(m_folder.path()), m_process(launch()) {
-    if (!waitUntil([this] { return !m_process.isRunning() || acceptsClients(display()); },
+    : m_options(options), m_bus(m_folder.path()) {
+    start();
+}
+
+void WaylandCompositor::restart() {
+    m_process.reset();
+    start();
+}
+
+void WaylandCompositor::start() {
+    m_process.emplace(launch());
+    if (!waitUntil([this] { return !m_process->isRunning() || acceptsClients(display()); },
                    3 * patience) ||
-        !m_process.isRunning()) {
+        !m_process->isRunning()) {
         QFile log(m_folder.filePath(u"log"_s));
         const bool opened = log.open(QIODevice::ReadOnly);
-        throw std::runtime_error(options.program.toStdString() + " does not start: " +
+        throw std::runtime_error(m_options.program.toStdString() + " does not start: " +
                                  (opened ? log.readAll().toStdString() : "it says nothing"));
     }
 }
@@ -149,7 +159,7 @@ void WaylandCompositor::enter() const {
 
 QString WaylandCompositor::copyOf(const QString& program) const {
     const QString copy = m_folder.filePath(QFileInfo(program).fileName());
-    if (!QFile::copy(program, copy)) {
+    if (!QFile::exists(copy) && !QFile::copy(program, copy)) {
         throw std::runtime_error("cannot copy " + program.toStdString());
     }
     return copy;

@@ -7,6 +7,8 @@
 #include <QImage>
 #include <QSize>
 
+#include <optional>
+
 namespace quorvantel::testing {
 
 /// A Wayland compositor of the test's own, without a screen to show its outputs on, and the session
@@ -39,7 +41,10 @@ public:
     /// cannot be made.
     QString copyOf(const QString& program) const;
 
-    void signal(int number) { m_process.signal(number); }
+    void signal(int number) { m_process->signal(number); }
+
+    /// Ends the compositor and starts another one on the same bus, as a session does when it died.
+    void restart();
 
     /// Has sway carry out a command, such as "output HEADLESS-1 scale 2". Throws
     /// std::runtime_error when it does not.
@@ -50,11 +55,13 @@ public:
 
 private:
     ChildProcess::Launch launch() const;
+    void start();
 
     Options m_options;
     UnprivilegedFolder m_folder;
     SessionBus m_bus;
-    ChildProcess m_process;
+    /// Always there but within `restart`.
+    std::optional<ChildProcess> m_process;
 };
 
 } // namespace quorvantel::testing

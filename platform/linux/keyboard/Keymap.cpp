@@ -9,6 +9,10 @@ namespace quorvantel::platform {
 
 namespace {
 
+std::unique_ptr<xkb_context, decltype(&xkb_context_unref)> makeContext() {
+    return {xkb_context_new(XKB_CONTEXT_NO_FLAGS), &xkb_context_unref};
+}
+
 std::string textOf(xkb_keymap* keymap) {
     const std::unique_ptr<char, decltype(&std::free)> text(
         xkb_keymap_get_as_string(keymap, XKB_KEYMAP_FORMAT_TEXT_V1), &std::free);
@@ -32,6 +36,18 @@ Keymap::Keymap(xkb_keymap* keymap) {
         m_text = textOf(keymap);
         m_modifiers = readModifiers();
     }
+}
+
+Keymap Keymap::us() {
+    const xkb_rule_names names{"evdev", "pc105", "us", "", ""};
+    return Keymap(
+        xkb_keymap_new_from_names(makeContext().get(), &names, XKB_KEYMAP_COMPILE_NO_FLAGS));
+}
+
+std::optional<Keymap> Keymap::fromText(const std::string& text) {
+    xkb_keymap* const keymap = xkb_keymap_new_from_string(
+        makeContext().get(), text.c_str(), XKB_KEYMAP_FORMAT_TEXT_V1, XKB_KEYMAP_COMPILE_NO_FLAGS);
+    return keymap == nullptr ? std::nullopt : std::optional(Keymap(keymap));
 }
 
 std::optional<xkb_keycode_t> Keymap::keyAt(std::uint32_t virtualKey) const {

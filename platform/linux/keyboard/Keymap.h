@@ -25,6 +25,13 @@ public:
     /// Takes the reference over; null for a keyboard without keys.
     explicit Keymap(xkb_keymap* keymap);
 
+    /// A keyboard with a US layout; without keys where the files of xkeyboard-config are missing.
+    static Keymap us();
+
+    /// Reads the text format of XKB, in which Wayland compositors tell the key map; absent when the
+    /// text is none.
+    static std::optional<Keymap> fromText(const std::string& text);
+
     /// The key at the physical position of a virtual key code; absent when the keyboard has none.
     std::optional<xkb_keycode_t> keyAt(std::uint32_t virtualKey) const;
 
