@@ -1,5 +1,7 @@
 #include "platform/linux/x11/X11EventDispatcher.h"
 
+#include <QByteArray>
+
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -38,7 +40,7 @@ TEST(X11EventDispatcherTest, AsksByRankUntilOneKeepsItWhoeverComesAndGoesMeanwhi
     const auto dispatched = [&] {
         order.clear();
         xcb_generic_event_t event{};
-        order += events.nativeEventFilter("xcb_generic_event_t", &event, nullptr) ? '!' : '.';
+        order += events.nativeEventFilter({}, &event, nullptr) ? '!' : '.';
         return order;
     };
     const Handler panel(events, Panel, note('p'));
