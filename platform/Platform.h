@@ -9,6 +9,7 @@
 #include "platform/ImageLoader.h"
 #include "platform/InstalledApplications.h"
 #include "platform/KeyCapture.h"
+#include "platform/Keyboard.h"
 #include "platform/LoginItem.h"
 #include "platform/PanelHost.h"
 #include "platform/Screens.h"
@@ -16,7 +17,6 @@
 #include "platform/SystemAppearance.h"
 #include "platform/UserDefaults.h"
 #include "platform/WindowActivator.h"
-#include "platform/WindowBackdrop.h"
 #include "platform/WindowFrame.h"
 #include "platform/Workspace.h"
 
@@ -36,10 +36,11 @@ public:
     virtual Workspace& workspace() = 0;
     virtual GlobalHotKeys& globalHotKeys() = 0;
     virtual KeyCapture& keyCapture() = 0;
-    virtual ClickMonitor& clickMonitor() = 0;
+    virtual Keyboard& keyboard() = 0;
+    /// Null where no click elsewhere can be seen; `PanelSurface::keyboardLost` tells of it then.
+    virtual ClickMonitor* clickMonitor() = 0;
     virtual PanelHost& panelHost() = 0;
     virtual WindowActivator& windowActivator() = 0;
-    virtual WindowBackdrop& windowBackdrop() = 0;
     virtual WindowFrame& windowFrame() = 0;
     virtual Screens& screens() = 0;
     virtual SystemAppearance& systemAppearance() = 0;

@@ -1,6 +1,6 @@
 #include "drawing/IconCache.h"
 
-#include "drawing/PixelGrid.h"
+#include "shapes/PixelGrid.h"
 
 #include <QPainter>
 

@@ -6,7 +6,6 @@
 #include "platform/ClickMonitor.h"
 #include "platform/PanelHost.h"
 #include "platform/Screens.h"
-#include "platform/WindowBackdrop.h"
 
 #include <QObject>
 
@@ -15,7 +14,8 @@
 
 namespace quorvantel {
 
-/// Owns the launcher panel: shows it on the screen under the mouse, sizes it, remembers where the
+/// Owns the launcher panel: shows it on the screen under the mouse, or on that which the system
+/// picks, sizes it, remembers where the
 /// user dragged it, places it anew when the screens change, if it can on the screen that it is on,
 /// and hides it on a click elsewhere.
 ///
@@ -25,11 +25,11 @@ class LauncherPanelController : public QObject {
     Q_OBJECT
 
 public:
-    /// Takes ownership of `view`. The platform objects must outlive the controller.
+    /// Takes ownership of `view`. The platform objects must outlive the controller; there may be no
+    /// click monitor.
     LauncherPanelController(LauncherView* view, platform::PanelHost& host,
-                            const platform::Screens& screens, platform::ClickMonitor& clickMonitor,
-                            platform::WindowBackdrop& backdrop, QObject* parent = nullptr);
-    ~LauncherPanelController() override;
+                            const platform::Screens& screens, platform::ClickMonitor* clickMonitor,
+                            QObject* parent = nullptr);
 
     /// Called at the end of each hiding.
     std::function<void()> onDismiss;
@@ -57,24 +57,26 @@ public:
     /// Gives the panel another height with its top edge where it is. Ignored while it is hidden.
     void updateHeight(double height);
 
-    bool isVisible() const { return m_panel.isVisible(); }
+    bool isVisible() const { return m_panel.surface().isVisible(); }
 
 private:
+    platform::Screen likelyScreen() const;
+    void placeOn(const platform::Screen& screen);
     void setFrame(const QRectF& frame);
     void screensChanged();
-    platform::Screen currentTargetScreen() const;
-    void panelDragged();
+    void screenChosen(const platform::ScreenId& id);
+    void dragPanel(QPoint step);
+    void panelLeft();
+    void closeRequested();
 
-    platform::PanelHost& m_host;
     const platform::Screens& m_screens;
-    platform::ClickMonitor& m_clickMonitor;
+    platform::ClickMonitor* m_clickMonitor;
     LauncherView* m_view;
     LauncherPanel m_panel;
     PanelPlacement m_placement;
-    /// The screen that the panel was placed on; finding the one under the mouse anew takes a round
-    /// trip to the display server, which no keystroke is to wait for.
-    platform::Screen m_targetScreen;
-    /// Exists exactly while the panel is shown.
+    /// Whether the system is to pick the screen of this showing and has yet to say which.
+    bool m_isScreenOpen = false;
+    /// Exists exactly while the panel is shown, if clicks elsewhere can be seen.
     std::unique_ptr<platform::ClickMonitor::Token> m_clickAwayMonitor;
 };
 

@@ -1,9 +1,9 @@
 #include "panel/LauncherView.h"
 
-#include "drawing/ContinuousCorners.h"
-#include "drawing/PixelGrid.h"
 #include "panel/LauncherLayout.h"
 #include "panel/accessibility/PanelAccessible.h"
+#include "shapes/ContinuousCorners.h"
+#include "shapes/PixelGrid.h"
 #include "theme/InterfaceFont.h"
 
 #include <QKeyEvent>
@@ -43,11 +43,10 @@ platform::Image magnifyingGlass() {
 
 } // namespace
 
-LauncherView::LauncherView(SearchEngine& engine, const platform::Screens& screens,
-                           const ThemedRoot& theme, IconCache& icons, QWidget* parent)
+LauncherView::LauncherView(SearchEngine& engine, const ThemedRoot& theme, IconCache& icons,
+                           QWidget* parent)
     : QWidget(parent),
       m_engine(engine),
-      m_screens(screens),
       m_theme(theme),
       m_icons(icons),
       m_searchField(theme, this),
@@ -64,7 +63,8 @@ LauncherView::LauncherView(SearchEngine& engine, const platform::Screens& screen
     connect(&m_settingsButton, &SettingsButton::clicked, this, &LauncherView::openSettings);
     connect(&m_list, &ResultListView::rowClicked, this, &LauncherView::launchRow);
     connect(&m_list, &ResultListView::rowEntered, this, [this](int row) {
-        if (m_selection.hover(row, m_screens.mouseLocation())) {
+        const auto mouse = mousePosition();
+        if (mouse && m_selection.hover(row, *mouse)) {
             applySelection();
         }
     });
@@ -133,7 +133,11 @@ void LauncherView::resetSelection() {
     m_selection.reset();
     applySelection();
     // Once the new list has been drawn.
-    QTimer::singleShot(0, this, [this] { m_selection.rest(m_screens.mouseLocation()); });
+    QTimer::singleShot(0, this, [this] {
+        if (const auto mouse = mousePosition()) {
+            m_selection.rest(*mouse);
+        }
+    });
 }
 
 void LauncherView::applySelection() {

@@ -6,13 +6,14 @@
 #include "panel/ResultSelection.h"
 #include "panel/SearchField.h"
 #include "panel/SettingsButton.h"
-#include "platform/Screens.h"
 #include "search/SearchEngine.h"
 #include "theme/ThemedRoot.h"
 
+#include <QPointF>
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
 namespace quorvantel {
 
@@ -24,9 +25,9 @@ class LauncherView : public QWidget {
     Q_OBJECT
 
 public:
-    /// `engine`, `screens`, `theme` and `icons` must outlive the view.
-    LauncherView(SearchEngine& engine, const platform::Screens& screens, const ThemedRoot& theme,
-                 IconCache& icons, QWidget* parent = nullptr);
+    /// `engine`, `theme` and `icons` must outlive the view.
+    LauncherView(SearchEngine& engine, const ThemedRoot& theme, IconCache& icons,
+                 QWidget* parent = nullptr);
 
     /// The user chose a target, by Return or by a click. The callee may change the engine.
     std::function<void(const LaunchTarget&)> onLaunch;
@@ -38,6 +39,9 @@ public:
     /// The character that the key of an event types by itself, whichever modifiers are held with
     /// it; null when it types none.
     std::function<QChar(const QKeyEvent&)> baseCharacter;
+
+    /// Where the mouse is, on a plane that stays where it is; absent when nobody can tell.
+    std::function<std::optional<QPointF>()> mousePosition = [] { return std::nullopt; };
 
     /// What Command+comma and the settings button do. The button shows only once there is
     /// something to do.
@@ -85,7 +89,6 @@ private:
     void paintEmptyState(QPainter& painter);
 
     SearchEngine& m_engine;
-    const platform::Screens& m_screens;
     const ThemedRoot& m_theme;
     IconCache& m_icons;
     ResultSelection m_selection;

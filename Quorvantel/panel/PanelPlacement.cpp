@@ -1,7 +1,5 @@
 #include "panel/PanelPlacement.h"
 
-#include <QDebug>
-
 #include <algorithm>
 #include <cmath>
 
@@ -15,13 +13,6 @@ constexpr double roundingTolerance = 0.5;
 /// How far below the top of the visible frame the panel hangs, as a part of its height.
 constexpr double topMargin = 0.2;
 
-/// Whether a rectangle contains a point. Its upper and right edges belong to its neighbours, so
-/// that a point between two screens is on one of them only.
-bool contains(const QRectF& rectangle, QPointF point) {
-    return point.x() >= rectangle.left() && point.x() < rectangle.right() &&
-           point.y() >= rectangle.top() && point.y() < rectangle.bottom();
-}
-
 /// Whether a panel with this top-left corner hangs inside a rectangle, if only by a point. A corner
 /// on the line between two screens, one above the other, is therefore on the lower one, and one at
 /// the very top of a screen is on that screen.
@@ -30,65 +21,50 @@ bool holdsCorner(const QRectF& rectangle, QPointF corner) {
            corner.y() > rectangle.top() && corner.y() <= rectangle.bottom();
 }
 
-QPointF topLeft(const QRectF& frame) {
-    return {frame.left(), frame.bottom()};
-}
-QPointF origin(const QRectF& frame) {
-    return {frame.left(), frame.top()};
-}
-
-std::optional<platform::Screen> screenAt(QPointF point,
-                                         const std::vector<platform::Screen>& screens) {
-    const auto found = std::ranges::find_if(
-        screens, [point](const platform::Screen& screen) { return contains(screen.frame, point); });
-    return found == screens.end() ? std::nullopt : std::optional(*found);
-}
-
-/// The visible frame that the panel's top-left corner is in, or else the given one.
-QRectF visibleFrameAt(QPointF corner, const std::vector<platform::Screen>& screens,
-                      const QRectF& otherwise) {
+/// The screen in whose visible frame the panel's top-left corner is, or else the given one.
+platform::Screen screenAt(QPointF corner, const std::vector<platform::Screen>& screens,
+                          const platform::Screen& otherwise) {
     const auto found = std::ranges::find_if(screens, [corner](const platform::Screen& screen) {
         return holdsCorner(screen.visibleFrame, corner);
     });
-    return found == screens.end() ? otherwise : found->visibleFrame;
+    return found == screens.end() ? otherwise : *found;
 }
 
 } // namespace
 
 QRectF PanelPlacement::show(const std::vector<platform::Screen>& screens,
                             const platform::Screen& target) {
-    m_anchorVisibleFrame = target.visibleFrame;
+    m_anchorScreen = target;
     if (m_sessionDraggedTopLeft) {
         m_anchorTopLeft = *m_sessionDraggedTopLeft;
-        m_anchorVisibleFrame = visibleFrameAt(m_anchorTopLeft, screens, target.visibleFrame);
+        m_anchorScreen = screenAt(m_anchorTopLeft, screens, target);
     } else {
         const QRectF& visible = target.visibleFrame;
         m_anchorTopLeft = QPointF(visible.center().x() - width / 2,
                                   visible.bottom() - topMargin * visible.height());
     }
-    return placed(frameForHeight(initialHeight, target));
+    return resize(initialHeight);
 }
 
-QRectF PanelPlacement::resize(double height, const platform::Screen& target) {
-    return placed(frameForHeight(height, target));
+QRectF PanelPlacement::resize(double height) {
+    m_frame = frameForHeight(height);
+    return m_frame;
 }
 
 void PanelPlacement::moved(const QRectF& frame, const std::vector<platform::Screen>& screens) {
-    const QPointF distance = origin(frame) - m_lastPlacedOrigin;
+    const QPointF distance = frame.topLeft() - m_frame.topLeft();
     if (std::abs(distance.x()) <= roundingTolerance &&
         std::abs(distance.y()) <= roundingTolerance) {
         return;
     }
-    m_anchorTopLeft = topLeft(frame);
+    m_frame = frame;
+    m_anchorTopLeft = frame.bottomLeft();
     m_sessionDraggedTopLeft = m_anchorTopLeft;
-    m_anchorVisibleFrame = visibleFrameAt(m_anchorTopLeft, screens, m_anchorVisibleFrame);
-    m_lastPlacedOrigin = origin(frame);
+    m_anchorScreen = screenAt(m_anchorTopLeft, screens, *m_anchorScreen);
 }
 
-QRectF PanelPlacement::frameForHeight(double requestedHeight,
-                                      const platform::Screen& target) const {
-    const QRectF visible =
-        m_anchorVisibleFrame == QRectF() ? target.visibleFrame : m_anchorVisibleFrame;
+QRectF PanelPlacement::frameForHeight(double requestedHeight) const {
+    const QRectF& visible = m_anchorScreen->visibleFrame;
     const double height = std::min(requestedHeight, visible.height());
     double y = std::max(m_anchorTopLeft.y() - height, visible.top());
     if (y + height > visible.bottom()) {
@@ -101,28 +77,10 @@ QRectF PanelPlacement::frameForHeight(double requestedHeight,
     return {x, y, width, height};
 }
 
-QRectF PanelPlacement::placed(const QRectF& frame) {
-    m_lastPlacedOrigin = origin(frame);
-    return frame;
-}
-
-platform::Screen targetScreen(QPointF mouse, const std::vector<platform::Screen>& screens,
-                              const std::optional<platform::Screen>& main) {
-    if (const auto underMouse = screenAt(mouse, screens)) {
-        return *underMouse;
-    }
-    if (main) {
-        return *main;
-    }
-    if (screens.empty()) {
-        qFatal("Quorvantel: there is no screen to show the panel on");
-    }
-    return screens.front();
-}
-
-std::optional<platform::Screen> screenOf(const QRectF& panel,
-                                         const std::vector<platform::Screen>& screens) {
-    return screenAt(panel.center(), screens);
+QRect fromTopLeft(const QRectF& frame, const platform::Screen& screen) {
+    const QPointF corner(frame.left() - screen.frame.left(),
+                         screen.frame.bottom() - frame.bottom());
+    return QRectF(corner, frame.size()).toRect();
 }
 
 } // namespace quorvantel

@@ -3,6 +3,7 @@
 #include "platform/Screens.h"
 
 #include <QPointF>
+#include <QRect>
 #include <QRectF>
 
 #include <optional>
@@ -26,34 +27,33 @@ public:
     /// part of the target screen.
     QRectF show(const std::vector<platform::Screen>& screens, const platform::Screen& target);
 
-    /// The frame for another height at the same anchor.
-    QRectF resize(double height, const platform::Screen& target);
+    /// The frame for another height at the same anchor. The panel must have been shown before.
+    QRectF resize(double height);
 
     /// Takes note of where the window is now. A place that differs from the one that this model
     /// gave it last by more than the rounding of window systems is where the user dragged it.
     void moved(const QRectF& frame, const std::vector<platform::Screen>& screens);
 
+    /// Where the panel is.
+    const QRectF& frame() const { return m_frame; }
+
+    /// The screen that the anchor is on; absent before the first showing.
+    const std::optional<platform::Screen>& screen() const { return m_anchorScreen; }
+
     /// Where the user dragged the panel's top-left corner to during this run.
     const std::optional<QPointF>& sessionDraggedTopLeft() const { return m_sessionDraggedTopLeft; }
 
 private:
-    QRectF frameForHeight(double height, const platform::Screen& target) const;
-    QRectF placed(const QRectF& frame);
+    QRectF frameForHeight(double height) const;
 
     QPointF m_anchorTopLeft;
-    /// The visible frame of the anchor's screen; the zero rectangle while it is not known.
-    QRectF m_anchorVisibleFrame;
+    std::optional<platform::Screen> m_anchorScreen;
     std::optional<QPointF> m_sessionDraggedTopLeft;
-    QPointF m_lastPlacedOrigin;
+    QRectF m_frame;
 };
 
-/// The screen to show the panel on: the first under the mouse, else the main one, else the first.
-/// There must be a screen.
-platform::Screen targetScreen(QPointF mouse, const std::vector<platform::Screen>& screens,
-                              const std::optional<platform::Screen>& main);
-
-/// The screen that a panel with this frame is on, by its centre; absent when it is on none.
-std::optional<platform::Screen> screenOf(const QRectF& panel,
-                                         const std::vector<platform::Screen>& screens);
+/// A frame in the plane of the screens, as seen from the top-left corner of one of them: in whole
+/// points, y growing downward.
+QRect fromTopLeft(const QRectF& frame, const platform::Screen& screen);
 
 } // namespace quorvantel

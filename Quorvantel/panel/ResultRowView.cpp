@@ -1,8 +1,8 @@
 #include "panel/ResultRowView.h"
 
-#include "drawing/ContinuousCorners.h"
-#include "drawing/PixelGrid.h"
 #include "panel/LauncherLayout.h"
+#include "shapes/ContinuousCorners.h"
+#include "shapes/PixelGrid.h"
 #include "theme/Contrast.h"
 #include "theme/InterfaceFont.h"
 

@@ -1,6 +1,6 @@
 #include "panel/SettingsButton.h"
 
-#include "drawing/ContinuousCorners.h"
+#include "shapes/ContinuousCorners.h"
 
 #include <QHelpEvent>
 #include <QPainter>

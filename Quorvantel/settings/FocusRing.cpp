@@ -1,6 +1,6 @@
 #include "settings/FocusRing.h"
 
-#include "drawing/ContinuousCorners.h"
+#include "shapes/ContinuousCorners.h"
 
 namespace quorvantel {
 

@@ -1,8 +1,8 @@
 #include "settings/HotKeyRecorderView.h"
 
-#include "drawing/ContinuousCorners.h"
 #include "drawing/Motion.h"
 #include "settings/FocusRing.h"
+#include "shapes/ContinuousCorners.h"
 #include "theme/ControlColors.h"
 #include "theme/EaseInOut.h"
 #include "theme/InterfaceFont.h"

@@ -1,7 +1,7 @@
 #include "settings/PlainButton.h"
 
-#include "drawing/ContinuousCorners.h"
 #include "settings/FocusRing.h"
+#include "shapes/ContinuousCorners.h"
 #include "theme/ControlColors.h"
 #include "theme/InterfaceFont.h"
 

@@ -1,7 +1,7 @@
 #include "settings/SegmentedPill.h"
 
-#include "drawing/ContinuousCorners.h"
 #include "drawing/Motion.h"
+#include "shapes/ContinuousCorners.h"
 
 #include <QPainter>
 

@@ -3,6 +3,7 @@
 #include "drawing/IconCache.h"
 #include "hotkey/HotKeyService.h"
 #include "platform/KeyCapture.h"
+#include "platform/Screens.h"
 #include "platform/WindowActivator.h"
 #include "platform/WindowFrame.h"
 #include "preferences/AppSettings.h"
@@ -23,6 +24,7 @@ struct SettingsServices {
     platform::KeyCapture& keyCapture;
     platform::WindowActivator& windowActivator;
     platform::WindowFrame& windowFrame;
+    const platform::Screens& screens;
     /// Tries once more to register the hotkey in the settings, which is not at work.
     std::function<void()> retryHotKey;
     /// Brings up the help window.

@@ -3,10 +3,7 @@
 #include "settings/ThemedFrame.h"
 
 #include <QCoreApplication>
-#include <QCursor>
 #include <QEvent>
-#include <QGuiApplication>
-#include <QScreen>
 #include <QShortcut>
 #include <QStyle>
 #include <QWindow>
@@ -87,16 +84,14 @@ void SettingsWindowController::place() {
 }
 
 void SettingsWindowController::centre() {
-    const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
-    if (screen == nullptr) {
-        screen = QGuiApplication::primaryScreen();
-    }
-    if (screen == nullptr) {
+    const auto screen = m_services.screens.target();
+    if (!screen) {
+        // The desktop places windows by itself.
         return;
     }
     m_window->winId(); // The desktop can only be asked about a window that exists.
     const QMargins frame = m_services.windowActivator.frameMargins(*m_window->windowHandle());
-    const QRect available = screen->availableGeometry();
+    const QRect available = m_services.screens.toWindowGeometry(screen->visibleFrame);
     const QSize size = m_window->size().grownBy(frame).boundedTo(available.size());
     const QRect place = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size, available);
     // Not by the place of its frame, which Qt does not know yet.

@@ -47,8 +47,8 @@ AppDelegate::AppDelegate(platform::Platform& platform, AppSettings& settings,
                  [this](QWindow& window) { m_platform.windowActivator().activate(window); }),
       m_settingsWindowController({settings, m_hotKeyService, themeManager, m_theme, m_icons,
                                   platform.keyCapture(), platform.windowActivator(),
-                                  platform.windowFrame(), [this] { retryHotKey(); },
-                                  [this] { showHelp(); }}),
+                                  platform.windowFrame(), platform.screens(),
+                                  [this] { retryHotKey(); }, [this] { showHelp(); }}),
       m_indexer(AppIndexer::standardRoots(QDir::homePath()),
                 platform::launcherIdentifier.toString(), platform.bundleReader(),
                 platform.installedApplications()),
@@ -92,16 +92,15 @@ void AppDelegate::buildLauncher() {
     m_engine->setTargets(
         settingsPaneTargets(m_platform.bundleReader(), m_platform.settingsPanels()));
 
-    auto view = std::make_unique<LauncherView>(*m_engine, m_platform.screens(), m_theme, m_icons);
+    auto view = std::make_unique<LauncherView>(*m_engine, m_theme, m_icons);
     LauncherView* const launcherView = view.get();
     m_panelController = std::make_unique<LauncherPanelController>(
-        view.release(), m_platform.panelHost(), m_platform.screens(), m_platform.clickMonitor(),
-        m_platform.windowBackdrop());
+        view.release(), m_platform.panelHost(), m_platform.screens(), m_platform.clickMonitor());
     // The view and the controller end before this object, whose members they are.
     launcherView->onLaunch = [this](const LaunchTarget& target) { launch(target); };
     launcherView->onDismiss = [this] { dismissPanel(); };
     launcherView->baseCharacter = [this](const QKeyEvent& event) {
-        return m_platform.panelHost().baseCharacter(event);
+        return m_platform.keyboard().baseCharacter(event);
     };
     launcherView->setOnSettings([this] { openSettings(); });
     launcherView->onHeightChange = [this](double height) {

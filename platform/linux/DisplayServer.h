@@ -3,10 +3,10 @@
 #include "platform/ClickMonitor.h"
 #include "platform/GlobalHotKeys.h"
 #include "platform/KeyCapture.h"
+#include "platform/Keyboard.h"
 #include "platform/PanelHost.h"
 #include "platform/Screens.h"
 #include "platform/WindowActivator.h"
-#include "platform/WindowBackdrop.h"
 #include "platform/WindowFrame.h"
 #include "platform/linux/CallerActivation.h"
 #include "platform/linux/SettingsManager.h"
@@ -22,10 +22,10 @@ public:
 
     virtual GlobalHotKeys& globalHotKeys() = 0;
     virtual KeyCapture& keyCapture() = 0;
-    virtual ClickMonitor& clickMonitor() = 0;
+    virtual Keyboard& keyboard() = 0;
+    virtual ClickMonitor* clickMonitor() = 0;
     virtual PanelHost& panelHost() = 0;
     virtual WindowActivator& windowActivator() = 0;
-    virtual WindowBackdrop& windowBackdrop() = 0;
     virtual WindowFrame& windowFrame() = 0;
     virtual Screens& screens() = 0;
 

@@ -1,4 +1,4 @@
-#include "drawing/ContinuousCorners.h"
+#include "shapes/ContinuousCorners.h"
 
 #include <QImage>
 #include <QPainter>

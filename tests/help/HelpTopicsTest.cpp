@@ -8,6 +8,7 @@
 #include "shell/HelpStyle.h"
 #include "support/FakeHotKeys.h"
 #include "support/FakeLook.h"
+#include "support/FakeScreens.h"
 #include "support/FakeWindowActivator.h"
 #include "support/FakeWindowFrame.h"
 #include "support/ScriptedKeyCapture.h"
@@ -135,8 +136,9 @@ protected:
     testing::ScriptedKeyCapture keyboard;
     testing::FakeWindowActivator activator;
     testing::FakeWindowFrame frame;
+    testing::FakeScreens screens;
     SettingsWindowController settingsWindow{{settings, hotKey, look.manager, look.theme, look.icons,
-                                             keyboard, activator, frame, [] {}, [] {}}};
+                                             keyboard, activator, frame, screens, [] {}, [] {}}};
 };
 
 TEST_F(HelpTopicsTruth, TheHotKeyIsTheDefault) {

@@ -3,7 +3,6 @@
 #include "panel/LauncherView.h"
 #include "search/FrecencyStore.h"
 #include "support/FakeLook.h"
-#include "support/FakeScreens.h"
 
 #include <QTemporaryDir>
 
@@ -22,6 +21,7 @@ protected:
     LauncherViewFixture() {
         view.resize(640, 467);
         view.onLaunch = [this](const LaunchTarget& target) { launched << target.displayName(); };
+        view.mousePosition = [this] { return mouse; };
         view.show();
     }
 
@@ -45,9 +45,9 @@ protected:
     QTemporaryDir directory;
     FrecencyStore frecency{directory.path()};
     SearchEngine engine{frecency, nullptr};
-    FakeScreens screens;
     FakeLook look;
-    LauncherView view{engine, screens, look.theme, look.icons};
+    LauncherView view{engine, look.theme, look.icons};
+    std::optional<QPointF> mouse{{10, 10}};
     QStringList launched;
 };
 

@@ -33,7 +33,7 @@ protected:
     /// A mouse movement as the window system reports it, to the upper part of the given visible
     /// row.
     void moveMouseToRow(int visibleRow, QPointF location) {
-        screens.mouse = location;
+        mouse = location;
         QTest::mouseMove(&list, {qRound(200 + location.y()), 6 + visibleRow * 50 + 10});
     }
 
@@ -135,9 +135,9 @@ TEST_F(LauncherViewTest, TheSelectedRowStaysInSightHoweverFastTheKeyRepeatsItsel
 
 TEST_F(LauncherViewTest, OnlyAMovingMouseSelects) {
     type(u"app"_s);
-    moveMouseToRow(3, screens.mouse);
+    moveMouseToRow(3, *mouse);
     EXPECT_EQ(view.selectedIndex(), 0);
-    moveMouseToRow(3, screens.mouse + QPointF(0, 1));
+    moveMouseToRow(3, *mouse + QPointF(0, 1));
     EXPECT_EQ(view.selectedIndex(), 3);
     // The keyboard scrolls another row under the mouse, which then moves on that row.
     for (int presses = 0; presses < 5; ++presses) {
@@ -145,13 +145,21 @@ TEST_F(LauncherViewTest, OnlyAMovingMouseSelects) {
     }
     list.findChild<QVariantAnimation*>()->setCurrentTime(100);
     EXPECT_EQ(view.selectedIndex(), 8);
-    moveMouseToRow(3, screens.mouse + QPointF(0, 1));
+    moveMouseToRow(3, *mouse + QPointF(0, 1));
     EXPECT_EQ(view.selectedIndex(), 7);
     // Typing puts the selection back to the top; the mouse rests where it is.
     type(u"1"_s);
     EXPECT_EQ(view.selectedIndex(), 0);
-    moveMouseToRow(4, screens.mouse);
+    moveMouseToRow(4, *mouse);
     EXPECT_EQ(view.selectedIndex(), 0);
+    // Where the system does not tell, the mouse rests where it first shows up.
+    mouse.reset();
+    field.backspace();
+    QCoreApplication::processEvents();
+    moveMouseToRow(3, {300, 300});
+    EXPECT_EQ(view.selectedIndex(), 0);
+    moveMouseToRow(3, {300, 301});
+    EXPECT_EQ(view.selectedIndex(), 3);
 }
 
 TEST_F(LauncherViewTest, TextIsSearchedAsTheLineThatItLooksLike) {
@@ -171,7 +179,7 @@ TEST_F(LauncherViewTest, TextIsSearchedAsTheLineThatItLooksLike) {
 TEST_F(LauncherViewTest, TheWheelBringsAnotherRowUnderTheMouse) {
     type(QStringLiteral("app"));
     QCoreApplication::processEvents();
-    moveMouseToRow(3, screens.mouse + QPointF(0, 1));
+    moveMouseToRow(3, *mouse + QPointF(0, 1));
     ASSERT_EQ(view.selectedIndex(), 3);
     const auto turn = [this](int units) {
         const QPointF point(200, 6 + 3 * 50 + 24);

@@ -7,6 +7,7 @@
 #include "settings/SettingsWindowController.h"
 #include "support/FakeHotKeys.h"
 #include "support/FakeLook.h"
+#include "support/FakeScreens.h"
 #include "support/FakeWindowActivator.h"
 #include "support/FakeWindowFrame.h"
 #include "support/ScriptedKeyCapture.h"
@@ -15,7 +16,6 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMessageBox>
-#include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -74,10 +74,11 @@ protected:
     testing::ScriptedKeyCapture keyboard;
     testing::FakeWindowActivator activator;
     testing::FakeWindowFrame frame;
+    testing::FakeScreens screens;
     int retries = 0;
     int helpRequests = 0;
     SettingsWindowController controller{{settings, hotKey, look.manager, look.theme, look.icons,
-                                         keyboard, activator, frame, [this] { ++retries; },
+                                         keyboard, activator, frame, screens, [this] { ++retries; },
                                          [this] { ++helpRequests; }}};
 };
 
@@ -90,7 +91,7 @@ TEST_F(SettingsWindowTest, EveryRequestShowsTheSameWindowCentredAndInFront) {
     window.select(SettingsSection::Advanced);
     window.move(0, 0);
     EXPECT_EQ(&show(), &window);
-    const QPoint centre = window.screen()->availableGeometry().center();
+    const QPoint centre = QRect(0, 0, 1440, 900).center();
     EXPECT_LE((window.frameGeometry().center() - centre).manhattanLength(), 2);
 
     QTest::keyClick(&window, Qt::Key_W, Qt::ControlModifier);

@@ -6,6 +6,7 @@
 #include "platform/Platform.h"
 #include "support/FakeHotKeys.h"
 #include "support/FakeLook.h"
+#include "support/FakePanelHost.h"
 #include "support/FakeScreens.h"
 #include "support/FakeWindowActivator.h"
 #include "support/FakeWindowFrame.h"
@@ -73,23 +74,9 @@ public:
     int observers = 0;
 };
 
-class FakePanelHost : public platform::PanelHost {
+class FakeKeyboard : public platform::Keyboard {
 public:
-    Qt::WindowFlags windowFlags() const override { return Qt::Tool | Qt::FramelessWindowHint; }
-    void takeKeyboard(QWindow&) override { hasKeyboard = true; }
-    void releaseKeyboard(QWindow&) override { hasKeyboard = false; }
-    QChar baseCharacter(const QKeyEvent&) const override { return {}; }
-
-    bool hasKeyboard = false;
-};
-
-/// A desktop without a compositor.
-class FakeBackdrop : public platform::WindowBackdrop {
-public:
-    bool isComposited() const override { return false; }
-    bool castsShadows() const override { return false; }
-    bool offersBlur() const override { return false; }
-    void setBlurBehind(QWindow& /*window*/, const QRegion& /*region*/) override {}
+    QChar baseCharacter(const QKeyEvent& /*event*/) override { return {}; }
 };
 
 class FakeRequests : public platform::ApplicationRequests {
@@ -126,11 +113,11 @@ public:
     platform::SettingsPanels& settingsPanels() override { return panels; }
     platform::Workspace& workspace() override { return fakeWorkspace; }
     platform::GlobalHotKeys& globalHotKeys() override { return hotKeys; }
-    platform::ClickMonitor& clickMonitor() override { return clicks; }
+    platform::Keyboard& keyboard() override { return fakeKeyboard; }
+    platform::ClickMonitor* clickMonitor() override { return &clicks; }
     platform::PanelHost& panelHost() override { return host; }
     platform::KeyCapture& keyCapture() override { return capture; }
     platform::WindowActivator& windowActivator() override { return activator; }
-    platform::WindowBackdrop& windowBackdrop() override { return backdrop; }
     platform::WindowFrame& windowFrame() override { return frame; }
     platform::Screens& screens() override { return fakeScreens; }
     platform::SystemAppearance& systemAppearance() override { return appearance; }
@@ -146,11 +133,11 @@ public:
     FakeSettingsPanels panels;
     FakeWorkspace fakeWorkspace;
     FakeHotKeys hotKeys;
+    FakeKeyboard fakeKeyboard;
     FakeClicks clicks;
     FakePanelHost host;
     ScriptedKeyCapture capture;
     FakeWindowActivator activator;
-    FakeBackdrop backdrop;
     FakeWindowFrame frame;
     FakeScreens fakeScreens;
     FakeSystemAppearance appearance;

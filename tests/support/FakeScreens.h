@@ -4,24 +4,24 @@
 
 namespace quorvantel::testing {
 
-/// One screen and a mouse that goes where the test puts it. Window geometry is the frame turned
-/// over in that screen.
+/// Screens that the test names, with the mouse on the first of them. Window geometry is the frame
+/// turned over in that one.
 class FakeScreens : public platform::Screens {
 public:
-    std::vector<platform::Screen> all() const override { return {screen}; }
-    std::optional<platform::Screen> main() const override { return screen; }
-    QPointF mouseLocation() const override { return mouse; }
-    QRect toWindowGeometry(const QRectF& frame) const override { return turned(frame).toRect(); }
-    QRectF fromWindowGeometry(const QRect& geometry) const override { return turned(geometry); }
-
-    platform::Screen screen{{0, 0, 1440, 900}, {0, 0, 1440, 900}};
-    QPointF mouse{10, 10};
-
-private:
-    QRectF turned(const QRectF& rectangle) const {
-        return {rectangle.x(), screen.frame.height() - rectangle.y() - rectangle.height(),
-                rectangle.width(), rectangle.height()};
+    std::vector<platform::Screen> all() const override { return screens; }
+    std::optional<platform::Screen> main() const override { return underMouse(); }
+    std::optional<platform::Screen> underMouse() const override {
+        return tells ? std::optional(screens.front()) : std::nullopt;
     }
+    QRect toWindowGeometry(const QRectF& frame) const override {
+        const double height = screens.front().frame.height();
+        return QRectF(frame.x(), height - frame.bottom(), frame.width(), frame.height()).toRect();
+    }
+
+    std::vector<platform::Screen> screens{
+        {{QStringLiteral("first")}, {0, 0, 1440, 900}, {0, 0, 1440, 900}}};
+    /// Whether the system tells which screen is the main one and which one the mouse is on.
+    bool tells = true;
 };
 
 } // namespace quorvantel::testing

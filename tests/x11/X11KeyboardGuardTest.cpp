@@ -2,7 +2,7 @@
 
 #include "platform/linux/x11/X11EventDispatcher.h"
 #include "platform/linux/x11/X11HotKeys.h"
-#include "platform/linux/x11/X11PanelHost.h"
+#include "platform/linux/x11/X11PanelKeyboard.h"
 #include "support/Keyboard.h"
 #include "support/UnmanagedWindow.h"
 #include "support/XDesktop.h"
@@ -91,10 +91,10 @@ TEST(X11KeyboardGuardTest, NoKeyWaitsForAMainThreadThatIsAway) {
     X11EventDispatcher events;
     X11RawEvents rawEvents(display, events);
     X11Keyboard x11Keyboard(display, events);
-    X11PanelHost host(display, events, x11Keyboard);
+    X11PanelKeyboard panelKeyboard(display, events, x11Keyboard);
     X11HotKeys hotKeys(display, events, rawEvents, x11Keyboard,
-                       [&] { return host.decidesAboutTyping(); });
-    const X11KeyboardGuard guard(display, [&] { host.reclaimKeyboard(); });
+                       [&] { return panelKeyboard.decidesAboutTyping(); });
+    const X11KeyboardGuard guard(display, [&] { panelKeyboard.reclaim(); });
     UnmanagedWindow panel(QRect(200, 0, 100, 100));
     TypedInto application;
     std::future<std::optional<std::chrono::milliseconds>> delay;
@@ -124,7 +124,7 @@ TEST(X11KeyboardGuardTest, NoKeyWaitsForAMainThreadThatIsAway) {
     expectAnswer("that has yet to read the hotkey");
     ASSERT_TRUE(waitUntil([&] { return !onHotKey; }));
 
-    host.takeKeyboard(panel);
+    panelKeyboard.take(panel, [] {});
     ASSERT_TRUE(waitUntil([&] { return desktop.isKeyboardGrabbed(); }));
     panel.onKey = stayAway;
     type({XK_x});
@@ -136,7 +136,7 @@ TEST(X11KeyboardGuardTest, NoKeyWaitsForAMainThreadThatIsAway) {
     const int before = panel.presses;
     Keyboard(connection).press({XK_a});
     EXPECT_TRUE(waitUntil([&] { return panel.presses > before; }));
-    host.releaseKeyboard(panel);
+    panelKeyboard.release();
 }
 
 } // namespace

@@ -35,7 +35,7 @@ unsigned int requestsDuring(const std::function<void()>& action) {
 class X11WindowBackdropTest : public ::testing::Test {
 protected:
     X11WindowBackdropTest() {
-        QObject::connect(&backdrop, &WindowBackdrop::changed, [this] { ++changes; });
+        QObject::connect(&backdrop, &X11WindowBackdrop::changed, [this] { ++changes; });
     }
 
     X11EventDispatcher events;

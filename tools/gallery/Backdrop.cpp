@@ -1,6 +1,6 @@
 #include "tools/gallery/Backdrop.h"
 
-#include "drawing/ContinuousCorners.h"
+#include "shapes/ContinuousCorners.h"
 
 #include <QPainter>
 #include <QRadialGradient>

@@ -18,11 +18,6 @@ constexpr int panelWidth = static_cast<int>(PanelPlacement::width);
 
 } // namespace
 
-std::vector<platform::Screen> RestingScreen::all() const {
-    const QRectF frame(0, 0, 1440, 900);
-    return {{frame, frame}};
-}
-
 PanelStage::PanelStage(const Look& look, std::vector<LaunchTarget> targets)
     : m_look(look),
       m_manager(m_defaults),
@@ -30,7 +25,7 @@ PanelStage::PanelStage(const Look& look, std::vector<LaunchTarget> targets)
       m_frecency(m_directory.path()),
       m_engine(m_frecency, nullptr),
       m_icons(m_loader),
-      m_view(m_engine, m_screens, m_theme, m_icons) {
+      m_view(m_engine, m_theme, m_icons) {
     m_manager.setAppearance(look.scheme == ColorScheme::Light ? ThemeManager::Appearance::Light
                                                               : ThemeManager::Appearance::Dark);
     m_manager.setPreset(look.preset);
@@ -39,6 +34,8 @@ PanelStage::PanelStage(const Look& look, std::vector<LaunchTarget> targets)
     m_view.resize(panelWidth, LauncherLayout::neededHeight(0, false));
     m_view.onHeightChange = [this](double height) { m_view.resize(panelWidth, qRound(height)); };
     m_view.setBlurAvailable(true);
+    // It rests.
+    m_view.mousePosition = [] { return QPointF(); };
     m_view.setOnSettings([] {});
     m_view.show();
     m_view.activateWindow();

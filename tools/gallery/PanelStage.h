@@ -2,7 +2,6 @@
 
 #include "catalogue/LaunchTarget.h"
 #include "panel/LauncherView.h"
-#include "platform/Screens.h"
 #include "platform/SystemAppearance.h"
 #include "search/FrecencyStore.h"
 #include "search/SearchEngine.h"
@@ -21,16 +20,6 @@ namespace quorvantel::gallery {
 struct Look {
     ColorScheme scheme;
     ThemePreset preset = ThemePreset::Graphite;
-};
-
-/// One screen, on which the mouse rests.
-class RestingScreen : public platform::Screens {
-public:
-    std::vector<platform::Screen> all() const override;
-    std::optional<platform::Screen> main() const override { return all().front(); }
-    QPointF mouseLocation() const override { return {}; }
-    QRect toWindowGeometry(const QRectF& frame) const override { return frame.toRect(); }
-    QRectF fromWindowGeometry(const QRect& geometry) const override { return geometry; }
 };
 
 /// A desktop that wants nothing in particular.
@@ -71,7 +60,6 @@ private:
 
     Look m_look;
     QTemporaryDir m_directory;
-    RestingScreen m_screens;
     PlainAppearance m_appearance;
     testing::MemoryDefaults m_defaults;
     ThemeManager m_manager;

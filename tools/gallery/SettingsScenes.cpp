@@ -4,6 +4,7 @@
 #include "settings/HotKeyRecorderView.h"
 #include "settings/SettingsView.h"
 #include "support/FakeHotKeys.h"
+#include "support/FakeScreens.h"
 #include "support/MemoryDefaults.h"
 
 #include <QCoreApplication>
@@ -69,10 +70,11 @@ struct Settings {
     OnePress keyboard;
     NoActivator activator;
     NoFrame frame;
+    testing::FakeScreens screens;
     LearnedAbbreviationStore learned{directory.path()};
-    SettingsView view{
-        learned,
-        {settings, hotKey, manager, theme, icons, keyboard, activator, frame, [] {}, [] {}}};
+    SettingsView view{learned,
+                      {settings, hotKey, manager, theme, icons, keyboard, activator, frame, screens,
+                       [] {}, [] {}}};
 };
 
 QString sceneName(const QString& what, ThemeManager::Appearance appearance) {

@@ -1,8 +1,8 @@
 #include "tools/gallery/SymbolScenes.h"
 
-#include "drawing/ContinuousCorners.h"
 #include "drawing/IconCache.h"
 #include "platform/linux/gui/IconThemeImageLoader.h"
+#include "shapes/ContinuousCorners.h"
 #include "theme/ResolvedTheme.h"
 
 #include <QDir>

@@ -19,8 +19,17 @@ QAccessibleInterface* HostingViewAccessible::child(int index) const {
     return isOnScreen() ? PanelAccessible::child(index) : nullptr;
 }
 
+QRect HostingViewAccessible::rect() const {
+    const LauncherView& view = hostingView().view();
+    return {view.mapToGlobal(QPoint()), view.size()};
+}
+
+const FirstMouseHostingView& HostingViewAccessible::hostingView() const {
+    return static_cast<const FirstMouseHostingView&>(*widget());
+}
+
 bool HostingViewAccessible::isOnScreen() const {
-    return static_cast<const FirstMouseHostingView*>(widget())->isOnScreen();
+    return hostingView().surface().isVisible();
 }
 
 } // namespace quorvantel

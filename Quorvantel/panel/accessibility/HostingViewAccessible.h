@@ -14,8 +14,11 @@ public:
     QAccessible::State state() const override;
     int childCount() const override;
     QAccessibleInterface* child(int index) const override;
+    /// That of the panel itself, of which the window may be larger.
+    QRect rect() const override;
 
 private:
+    const FirstMouseHostingView& hostingView() const;
     bool isOnScreen() const;
 };
 

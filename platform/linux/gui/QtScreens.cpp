@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 
+#include <algorithm>
 #include <utility>
 
 namespace quorvantel::platform {
@@ -75,18 +76,18 @@ std::optional<Screen> QtScreens::main() const {
     return describe(*screen);
 }
 
-QPointF QtScreens::mouseLocation() const {
+std::optional<Screen> QtScreens::underMouse() const {
     const QPoint location = QCursor::pos();
-    // Qt names a pixel by its top-left corner, the upward plane by its bottom-left one.
-    return {static_cast<qreal>(location.x()), baseline() - location.y() - 1};
+    for (const QScreen* const screen : QGuiApplication::screens()) {
+        if (screen->geometry().contains(location)) {
+            return describe(*screen);
+        }
+    }
+    return std::nullopt;
 }
 
 QRect QtScreens::toWindowGeometry(const QRectF& frame) const {
     return flipped(frame).toRect();
-}
-
-QRectF QtScreens::fromWindowGeometry(const QRect& geometry) const {
-    return flipped(geometry);
 }
 
 QRect QtScreens::visibleGeometry(const QScreen& screen) const {
@@ -94,7 +95,16 @@ QRect QtScreens::visibleGeometry(const QScreen& screen) const {
 }
 
 Screen QtScreens::describe(const QScreen& screen) const {
-    return {flipped(screen.geometry()), flipped(visibleGeometry(screen))};
+    return {{screen.name()}, flipped(screen.geometry()), flipped(visibleGeometry(screen))};
+}
+
+QPoint topLeftOf(const std::optional<ScreenId>& screen) {
+    const auto screens = QGuiApplication::screens();
+    const auto found = std::ranges::find_if(
+        screens, [&](const QScreen* known) { return screen && known->name() == screen->name; });
+    const QScreen* const chosen =
+        found == screens.end() ? QGuiApplication::primaryScreen() : *found;
+    return chosen == nullptr ? QPoint() : chosen->geometry().topLeft();
 }
 
 } // namespace quorvantel::platform

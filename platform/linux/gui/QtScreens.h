@@ -15,9 +15,8 @@ public:
 
     std::vector<Screen> all() const override;
     std::optional<Screen> main() const override;
-    QPointF mouseLocation() const override;
+    std::optional<Screen> underMouse() const override;
     QRect toWindowGeometry(const QRectF& frame) const override;
-    QRectF fromWindowGeometry(const QRect& geometry) const override;
 
 protected:
     /// The part of a screen that is free of bars and docks, in Qt's plane.
@@ -36,5 +35,9 @@ private:
     std::optional<std::vector<Screen>> m_known;
     bool m_checkPending = false;
 };
+
+/// The top-left corner of a screen in Qt's plane; that of the main one when there is no such screen
+/// or the choice is the system's.
+QPoint topLeftOf(const std::optional<ScreenId>& screen);
 
 } // namespace quorvantel::platform

@@ -33,10 +33,10 @@ public:
     Workspace& workspace() override { return m_workspace; }
     GlobalHotKeys& globalHotKeys() override { return m_server.globalHotKeys(); }
     KeyCapture& keyCapture() override { return m_server.keyCapture(); }
-    ClickMonitor& clickMonitor() override { return m_server.clickMonitor(); }
+    Keyboard& keyboard() override { return m_server.keyboard(); }
+    ClickMonitor* clickMonitor() override { return m_server.clickMonitor(); }
     PanelHost& panelHost() override { return m_server.panelHost(); }
     WindowActivator& windowActivator() override { return m_server.windowActivator(); }
-    WindowBackdrop& windowBackdrop() override { return m_server.windowBackdrop(); }
     WindowFrame& windowFrame() override { return m_server.windowFrame(); }
     Screens& screens() override { return m_server.screens(); }
     SystemAppearance& systemAppearance() override { return m_systemAppearance; }

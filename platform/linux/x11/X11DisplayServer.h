@@ -10,6 +10,7 @@
 #include "platform/linux/x11/X11Keyboard.h"
 #include "platform/linux/x11/X11KeyboardGuard.h"
 #include "platform/linux/x11/X11PanelHost.h"
+#include "platform/linux/x11/X11PanelKeyboard.h"
 #include "platform/linux/x11/X11RawEvents.h"
 #include "platform/linux/x11/X11Screens.h"
 #include "platform/linux/x11/X11Settings.h"
@@ -36,10 +37,10 @@ public:
 
     GlobalHotKeys& globalHotKeys() override { return m_hotKeys; }
     KeyCapture& keyCapture() override { return m_keyCapture; }
-    ClickMonitor& clickMonitor() override { return m_clickMonitor; }
+    Keyboard& keyboard() override { return m_keyboard; }
+    ClickMonitor* clickMonitor() override { return &m_clickMonitor; }
     PanelHost& panelHost() override { return m_panelHost; }
     WindowActivator& windowActivator() override { return m_windowActivator; }
-    WindowBackdrop& windowBackdrop() override { return m_windowBackdrop; }
     WindowFrame& windowFrame() override { return m_windowFrame; }
     Screens& screens() override { return m_screens; }
     StartupNotifier& startupNotifier() override { return m_startupNotifier; }
@@ -52,12 +53,13 @@ private:
     X11EventDispatcher m_events;
     X11RawEvents m_rawEvents;
     X11Keyboard m_keyboard;
-    X11PanelHost m_panelHost;
+    X11PanelKeyboard m_panelKeyboard;
     X11HotKeys m_hotKeys;
     X11KeyboardGuard m_keyboardGuard;
     X11KeyCapture m_keyCapture;
     X11ClickMonitor m_clickMonitor;
     X11WindowBackdrop m_windowBackdrop;
+    X11PanelHost m_panelHost{m_panelKeyboard, m_windowBackdrop};
     X11WindowFrame m_windowFrame;
     X11UserTime m_userTime;
     X11WindowActivator m_windowActivator;

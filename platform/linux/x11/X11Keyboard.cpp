@@ -1,5 +1,9 @@
 #include "platform/linux/x11/X11Keyboard.h"
 
+#include "platform/linux/keyboard/KeySymbols.h"
+
+#include <QKeyEvent>
+
 #include <xkbcommon/xkbcommon-x11.h>
 
 #include <utility>
@@ -35,6 +39,12 @@ const Keymap& X11Keyboard::keymap() {
         m_keymap = std::move(keymap);
     }
     return m_keymap;
+}
+
+QChar X11Keyboard::baseCharacter(const QKeyEvent& event) {
+    const auto symbol =
+        keymap().baseSymbol(event.nativeScanCode(), layoutOf(event.nativeModifiers()));
+    return symbol && isLatin1(*symbol) ? QChar(static_cast<char16_t>(*symbol)) : QChar();
 }
 
 bool X11Keyboard::handleEvent(const xcb_generic_event_t& event) {

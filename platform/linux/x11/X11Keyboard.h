@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Keyboard.h"
 #include "platform/linux/keyboard/Keymap.h"
 #include "platform/linux/x11/X11Display.h"
 #include "platform/linux/x11/X11EventHandler.h"
@@ -11,7 +12,7 @@
 namespace quorvantel::platform {
 
 /// The keyboard of the X server as it is now. Main thread only.
-class X11Keyboard : public QObject, public X11EventHandler {
+class X11Keyboard : public QObject, public Keyboard, public X11EventHandler {
     Q_OBJECT
 
 public:
@@ -22,6 +23,7 @@ public:
     /// key map is in force, and not otherwise.
     const Keymap& keymap();
 
+    QChar baseCharacter(const QKeyEvent& event) override;
     bool handleEvent(const xcb_generic_event_t& event) override;
 
 Q_SIGNALS:

@@ -1,4 +1,4 @@
-#include "platform/linux/x11/X11PanelHost.h"
+#include "platform/linux/x11/X11PanelKeyboard.h"
 
 #include "platform/linux/x11/X11EventDispatcher.h"
 #include "support/ForeignGrab.h"
@@ -21,9 +21,9 @@ using testing::waitUntil;
 using testing::XConnection;
 using testing::XDesktop;
 
-class X11PanelHostTest : public ::testing::Test {
+class X11PanelKeyboardTest : public ::testing::Test {
 protected:
-    X11PanelHostTest() { focus(client); }
+    X11PanelKeyboardTest() { focus(client); }
 
     void focus(const QWindow& window) {
         xcb_set_input_focus(connection.get(), XCB_INPUT_FOCUS_PARENT,
@@ -47,39 +47,39 @@ protected:
     X11Display display = X11Display::current().value();
     X11EventDispatcher events;
     X11Keyboard x11Keyboard{display, events};
-    X11PanelHost host{display, events, x11Keyboard};
+    X11PanelKeyboard panelKeyboard{display, events, x11Keyboard};
     UnmanagedWindow client{QRect(0, 0, 100, 100)};
     UnmanagedWindow panel{QRect(200, 0, 100, 100)};
 };
 
-TEST_F(X11PanelHostTest, TheGrabIsTriedAgainWhileAnotherClientHoldsTheKeyboard) {
+TEST_F(X11PanelKeyboardTest, TheGrabIsTriedAgainWhileAnotherClientHoldsTheKeyboard) {
     {
         const ForeignGrab menu(qgetenv("DISPLAY"));
-        host.takeKeyboard(panel);
-        EXPECT_TRUE(host.decidesAboutTyping());
+        panelKeyboard.take(panel, [] {});
+        EXPECT_TRUE(panelKeyboard.decidesAboutTyping());
     }
     EXPECT_TRUE(waitUntil([this] { return desktop.isKeyboardGrabbed(); }));
     EXPECT_TRUE(hasFocus(client));
     expectTypingReaches(panel);
-    host.releaseKeyboard(panel);
+    panelKeyboard.release();
     expectTypingReaches(client);
 }
 
-TEST_F(X11PanelHostTest, AKeyboardThatStaysGrabbedMakesThePanelTakeTheFocusAndReturnIt) {
+TEST_F(X11PanelKeyboardTest, AKeyboardThatStaysGrabbedMakesThePanelTakeTheFocusAndReturnIt) {
     {
         const ForeignGrab menu(qgetenv("DISPLAY"));
-        host.takeKeyboard(panel);
+        panelKeyboard.take(panel, [] {});
         EXPECT_TRUE(waitUntil([this] { return hasFocus(panel); }));
     }
-    EXPECT_FALSE(host.decidesAboutTyping());
+    EXPECT_FALSE(panelKeyboard.decidesAboutTyping());
     expectTypingReaches(panel);
-    host.releaseKeyboard(panel);
+    panelKeyboard.release();
     EXPECT_TRUE(waitUntil([this] { return hasFocus(client); }));
     expectTypingReaches(client);
 }
 
-TEST_F(X11PanelHostTest, AHeldKeyDoesNotRepeatItselfIntoTheApplicationInFront) {
-    host.takeKeyboard(panel);
+TEST_F(X11PanelKeyboardTest, AHeldKeyDoesNotRepeatItselfIntoTheApplicationInFront) {
+    panelKeyboard.take(panel, [] {});
     ASSERT_TRUE(waitUntil([this] { return desktop.isKeyboardGrabbed(); }));
     keyboard.hold(XK_Return);
     ASSERT_TRUE(waitUntil([this] { return panel.presses > 2; })) << "it does not repeat at all";
@@ -90,7 +90,7 @@ TEST_F(X11PanelHostTest, AHeldKeyDoesNotRepeatItselfIntoTheApplicationInFront) {
     keyboard.hold(XK_Return);
     ASSERT_TRUE(waitUntil([this] { return panel.presses > 0; }));
     // As after a launch: the press is the first, and repeating would begin a while after it.
-    host.releaseKeyboard(panel);
+    panelKeyboard.release();
     EXPECT_FALSE(waitUntil([this] { return client.presses > 0; }, std::chrono::milliseconds(1000)));
     keyboard.release(XK_Return);
     expectTypingReaches(client);

@@ -1,4 +1,4 @@
-#include "drawing/PixelGrid.h"
+#include "shapes/PixelGrid.h"
 
 #include <QPainter>
 

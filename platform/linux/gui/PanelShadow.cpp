@@ -1,8 +1,6 @@
-#include "panel/PanelShadow.h"
+#include "platform/linux/gui/PanelShadow.h"
 
-#include "drawing/ContinuousCorners.h"
-#include "panel/AlphaChannel.h"
-#include "panel/LauncherLayout.h"
+#include "shapes/ContinuousCorners.h"
 
 #include <QPainter>
 
@@ -10,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-namespace quorvantel {
+namespace quorvantel::platform {
 
 namespace {
 
@@ -21,11 +19,6 @@ constexpr double darkness = 0.34;
 
 /// Three box blurs come close to a Gaussian one; together they reach three radii far.
 constexpr int blurPasses = 3;
-
-/// The corner tiles of the stencil: beyond them the edges are straight.
-constexpr int corner = reach * 2 + LauncherLayout::cornerRadius * 2;
-
-constexpr QMargins margins(reach, reach - fall, reach, reach + fall);
 
 /// Averages each value of a line of values, `stride` apart, with its neighbours up to `radius`.
 void boxBlurLine(uchar* line, int count, qsizetype stride, int radius,
@@ -62,10 +55,10 @@ void blur(QImage& alpha, int radius) {
 }
 
 /// Draws the nine parts of the stencil so that its corners keep their size.
-void drawNineParts(QPainter& painter, const QImage& stencil, const QRect& target) {
+void drawNineParts(QPainter& painter, const QImage& stencil, const QRect& target, int corner) {
     const qreal scale = stencil.devicePixelRatio();
     const QSize size = stencil.deviceIndependentSize().toSize();
-    const auto parts = [](int start, int length) {
+    const auto parts = [corner](int start, int length) {
         return std::array{std::pair{start, corner}, std::pair{start + corner, length - 2 * corner},
                           std::pair{start + length - corner, corner}};
     };
@@ -84,9 +77,10 @@ void drawNineParts(QPainter& painter, const QImage& stencil, const QRect& target
     }
 }
 
-} // namespace
-
-QImage panelShadowImage(const QSize& panel, qreal scale) {
+/// The shadow of a panel of the given size in points, as premultiplied pixels for the given scale:
+/// transparent where the panel itself is.
+QImage shadowImage(const QSize& panel, int cornerRadius, qreal scale) {
+    const QMargins margins = PanelShadow::margins();
     const QRect frame(QPoint(margins.left(), margins.top()), panel);
     const QSize size = frame.marginsAdded(margins).size();
     QImage shape(size * scale, QImage::Format_Alpha8);
@@ -95,8 +89,7 @@ QImage panelShadowImage(const QSize& panel, qreal scale) {
     QPainter painter(&shape);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setOpacity(darkness);
-    painter.fillPath(continuousRoundedRect(frame.translated(0, fall), LauncherLayout::cornerRadius),
-                     Qt::black);
+    painter.fillPath(continuousRoundedRect(frame.translated(0, fall), cornerRadius), Qt::black);
     painter.end();
     blur(shape, qRound(reach * scale / blurPasses));
 
@@ -108,36 +101,31 @@ QImage panelShadowImage(const QSize& panel, qreal scale) {
     painter.drawImage(QPoint(), shape);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
-    painter.fillPath(continuousRoundedRect(frame, LauncherLayout::cornerRadius), Qt::black);
+    painter.fillPath(continuousRoundedRect(frame, cornerRadius), Qt::black);
     return shadow;
 }
 
-PanelShadow::PanelShadow(Qt::WindowFlags flags) {
-    requestAlphaChannel(*this);
-    setFlags(flags | Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus);
-    setTitle(QStringLiteral("Quorvantel Shadow"));
+} // namespace
+
+QMargins PanelShadow::margins() {
+    return {reach, reach - fall, reach, reach + fall};
 }
 
-void PanelShadow::surround(const QRect& panel) {
-    setGeometry(panel.marginsAdded(margins));
-}
-
-void PanelShadow::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
-    const QRect frame(QPoint(), size());
-    const QSize panel = frame.marginsRemoved(margins).size();
-    const int smallest = 2 * corner + 2 - margins.top() - margins.bottom();
+void PanelShadow::paint(QPainter& painter, const QRect& panel) {
+    const qreal scale = painter.device()->devicePixelRatioF();
+    // The corner tiles of the stencil: beyond them the edges are straight.
+    const int corner = reach * 2 + m_cornerRadius * 2;
+    const QRect target = panel.marginsAdded(margins());
+    const int smallest = 2 * corner + 2 - margins().top() - margins().bottom();
     if (panel.height() < smallest) {
         // A low panel has no straight edges at its sides.
-        painter.drawImage(QPoint(), stencil(panel));
+        painter.drawImage(target.topLeft(), stencil(panel.size(), scale));
     } else {
-        drawNineParts(painter, stencil(QSize(smallest, smallest)), frame);
+        drawNineParts(painter, stencil(QSize(smallest, smallest), scale), target, corner);
     }
 }
 
-const QImage& PanelShadow::stencil(const QSize& panel) {
-    const qreal scale = devicePixelRatio();
+const QImage& PanelShadow::stencil(const QSize& panel, qreal scale) {
     if (m_stencilScale != scale) {
         m_stencils.clear();
         m_stencilScale = scale;
@@ -146,7 +134,7 @@ const QImage& PanelShadow::stencil(const QSize& panel) {
     if (found != m_stencils.constEnd()) {
         return *found;
     }
-    return *m_stencils.insert(panel.height(), panelShadowImage(panel, scale));
+    return *m_stencils.insert(panel.height(), shadowImage(panel, m_cornerRadius, scale));
 }
 
-} // namespace quorvantel
+} // namespace quorvantel::platform

@@ -1,6 +1,6 @@
-#include "drawing/ContinuousCorners.h"
+#include "shapes/ContinuousCorners.h"
 
-#include "drawing/PixelGrid.h"
+#include "shapes/PixelGrid.h"
 
 #include <QColor>
 #include <QPainter>

@@ -1,9 +1,9 @@
-#include "panel/AlphaChannel.h"
+#include "platform/linux/x11/AlphaChannel.h"
 
 #include <QSurfaceFormat>
 #include <QWindow>
 
-namespace quorvantel {
+namespace quorvantel::platform {
 
 void requestAlphaChannel(QWindow& window) {
     constexpr int alphaBits = 8;
@@ -12,4 +12,4 @@ void requestAlphaChannel(QWindow& window) {
     window.setFormat(format);
 }
 
-} // namespace quorvantel
+} // namespace quorvantel::platform
