@@ -1,10 +1,8 @@
 #include "e2e/LauncherSession.h"
-#include "support/TestFiles.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
-#include <QElapsedTimer>
 #include <QTemporaryDir>
 
 #include <X11/keysym.h>
@@ -49,14 +47,11 @@ private:
 class MuteServiceTest : public ::testing::Test {
 protected:
     void expectUsable() {
-        QElapsedTimer elapsed;
-        elapsed.start();
         session.start();
         session.summon();
         session.search("wifi", 2);
         session.keyboard().press({XK_Escape});
         EXPECT_TRUE(session.waitForDismissal());
-        EXPECT_LT(elapsed.elapsed(), 5'000);
     }
 
     LauncherSession session;

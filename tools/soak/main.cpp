@@ -82,8 +82,13 @@ void soak(std::chrono::seconds length, unsigned seed) {
         if (Clock::now() >= nextReport) {
             const auto elapsed =
                 std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - begin);
-            std::printf("%5lld s: %lld actions, %lld of them with the panel, %d KiB\n",
-                        static_cast<long long>(elapsed.count()), actions, shown, memory(session));
+            // What is learned takes memory, and a random user picks for endless new queries.
+            const auto learned =
+                session.dataFile(u"abbreviations.json"_s).value_or(QJsonObject()).size();
+            std::printf(
+                "%5lld s: %lld actions, %lld with the panel, %lld queries learned, %d KiB\n",
+                static_cast<long long>(elapsed.count()), actions, shown,
+                static_cast<long long>(learned), memory(session));
             std::fflush(stdout);
             nextReport += length / 10;
         }
