@@ -18,7 +18,7 @@ under_valgrind() {
     rm -rf "$logs"
     mkdir -p "$logs"
     for program in e2e_tests settings_e2e_tests; do
-        QUORVANTEL_TEST_SLOWNESS=10 valgrind --quiet --trace-children=yes \
+        QUORVANTEL_TEST_SLOWNESS=10 valgrind --quiet --fair-sched=try --trace-children=yes \
             --trace-children-skip='/usr/*,/bin/*,*/prove' --log-file="$logs/%p.log" \
             --leak-check=full --show-leak-kinds=definite --suppressions=tests/valgrind.supp \
             "build/release/tests/$program" --gtest_filter="-$unsuited" </dev/null || status=1
