@@ -9,8 +9,8 @@ set -euo pipefail
 # shellcheck source=tools/common.sh
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
-# What measures time, and what stops the launcher or the bus, says nothing under valgrind.
-unsuited='*Stopped*:*Busy*:*AtOnce*:*Silent*:*Killed*:*InAHurry*'
+# What measures time, traces or stops the launcher or breaks the disk says nothing under valgrind.
+unsuited='*Stopped*:*Busy*:*AtOnce*:*Silent*:*Killed*:*InAHurry*:FaultTest.*:SystemCallTest.*'
 
 # Runs the tests and what they start of ours. Its complaints begin with "==", and nothing else does.
 under_valgrind() {
