@@ -58,7 +58,7 @@ void checkFiles(const LauncherSession& session) {
         require(session.dataFile(name).has_value(), "a store is torn");
     }
     const QByteArray defaults = readFile(inHome(u".config/Quorvantel/defaults.plist"_s));
-    require(platform::parsePropertyList(defaults) != nullptr, "the settings are torn");
+    require(platform::PropertyList::parse(defaults).has_value(), "the settings are torn");
 }
 
 void soak(std::chrono::seconds length, unsigned seed) {
