@@ -78,7 +78,7 @@ QPixmap tinted(const QPixmap& templateImage, const QColor& color) {
 void drawSymbol(QPainter& painter, IconCache& icons, const platform::Image& symbol,
                 const QRectF& frame, const QColor& color) {
     const QPixmap pixmap =
-        icons.pixmapNow(symbol, qRound(frame.width()), PixelGrid::scale(painter));
+        icons.pixmapNow(symbol, qRound(frame.width()), painter.device()->devicePixelRatioF());
     if (!pixmap.isNull()) {
         painter.drawPixmap(PixelGrid::aligned(painter, frame).topLeft(), tinted(pixmap, color));
     }

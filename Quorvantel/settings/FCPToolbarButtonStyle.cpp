@@ -79,11 +79,8 @@ QSize FCPToolbarButtonStyle::sizeHint() const {
 void FCPToolbarButtonStyle::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QPixmap symbol = m_symbol.isNull()
-                               ? QPixmap()
-                               : m_icons.pixmapNow(m_symbol, symbolSize, devicePixelRatioF());
     const StyledLabel label{
-        {text(), symbol, m_press.currentValue().toDouble()}, m_isOn.value(), theme()};
+        {text(), m_symbol, m_press.currentValue().toDouble()}, m_isOn.value(), theme(), m_icons};
     label.draw(painter, rect());
     if (showsFocus(*this)) {
         drawFocusRing(painter, rect(), cornerRadius, controlColors(theme()).accent);
@@ -106,8 +103,9 @@ void FCPToolbarButtonStyle::StyledLabel::draw(QPainter& painter, const QRectF& f
     const QColor color = mixed(theme.primaryText.toQColor(), Qt::white, isOn);
     QRectF content = frame.adjusted(horizontalPadding, 0, -horizontalPadding, 0);
     if (!configuration.symbol.isNull()) {
-        painter.drawPixmap(QPointF(content.left(), frame.center().y() - symbolSize / 2.0),
-                           tinted(configuration.symbol, color));
+        drawSymbol(painter, icons, configuration.symbol,
+                   {content.left(), frame.center().y() - symbolSize / 2.0, symbolSize, symbolSize},
+                   color);
         content.setLeft(content.left() + symbolSize + symbolSpacing);
     }
     painter.setFont(interfaceFont(fontSize));

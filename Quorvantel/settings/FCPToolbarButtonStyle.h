@@ -20,7 +20,7 @@ public:
         struct Configuration {
             QString text;
             /// A template image; may be null.
-            QPixmap symbol;
+            platform::Image symbol;
             /// From 0, up, to 1, pressed.
             double pressed;
         };
@@ -29,6 +29,7 @@ public:
         /// From 0, off, to 1, on; a little beyond while it changes.
         double isOn;
         const ResolvedTheme& theme;
+        IconCache& icons;
 
         void draw(QPainter& painter, const QRectF& frame) const;
     };

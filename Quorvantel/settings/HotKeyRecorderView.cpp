@@ -212,15 +212,12 @@ QString HotKeyRecorderView::glyphName() const {
 }
 
 void HotKeyRecorderView::drawGlyph(QPainter& painter) {
-    const QPixmap pixmap =
-        m_icons.pixmapNow(platform::Image::symbol(glyphName(), {}), glyphSize, devicePixelRatioF());
-    if (!pixmap.isNull()) {
-        const ControlColors colors = controlColors(theme());
-        const ThemeColor color =
-            m_state.errorMessage() == nullptr ? colors.secondary : colors.warning;
-        const QPointF corner(width() - horizontalPadding - glyphSize, (height() - glyphSize) / 2.0);
-        painter.drawPixmap(corner, tinted(pixmap, color.toQColor()));
-    }
+    const ControlColors colors = controlColors(theme());
+    const ThemeColor color = m_state.errorMessage() == nullptr ? colors.secondary : colors.warning;
+    drawSymbol(painter, m_icons, platform::Image::symbol(glyphName(), {}),
+               QRectF(width() - horizontalPadding - glyphSize, (height() - glyphSize) / 2.0,
+                      glyphSize, glyphSize),
+               color.toQColor());
 }
 
 } // namespace quorvantel

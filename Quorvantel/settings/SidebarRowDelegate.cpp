@@ -49,14 +49,10 @@ void SidebarRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
     }
 
     const QRect content = row.adjusted(horizontalPadding, 0, -horizontalPadding, 0);
-    const QPixmap symbol =
-        m_icons.pixmapNow(platform::Image::symbol(index.data(symbolRole).toString(), {}),
-                          symbolSize, option.widget->devicePixelRatioF());
-    if (!symbol.isNull()) {
-        const QPointF corner(content.left(), content.top() + (content.height() - symbolSize) / 2.0);
-        const ThemeColor color = isSelected ? colors.accent : colors.secondary;
-        painter->drawPixmap(corner, tinted(symbol, color.toQColor()));
-    }
+    drawSymbol(*painter, m_icons, platform::Image::symbol(index.data(symbolRole).toString(), {}),
+               {content.left() + 0.0, content.top() + (content.height() - symbolSize) / 2.0,
+                symbolSize, symbolSize},
+               (isSelected ? colors.accent : colors.secondary).toQColor());
     painter->setFont(interfaceFont(fontSize));
     painter->setPen(theme.primaryText.toQColor());
     painter->drawText(content.adjusted(symbolSize + symbolSpacing, 0, 0, 0),
