@@ -53,12 +53,4 @@ void HelpMenu::setStyle(const HelpStyle& style) {
     }
 }
 
-QAction* HelpMenu::addCommand(QWidget& window, const QString& text) {
-    auto* const action = new QAction(text, &window);
-    action->setShortcut(QKeySequence(Qt::Key_F1));
-    connect(action, &QAction::triggered, this, &HelpMenu::showHelp);
-    window.addAction(action);
-    return action;
-}
-
 } // namespace quorvantel::help

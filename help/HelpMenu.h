@@ -3,14 +3,12 @@
 #include "help/HelpBundle.h"
 #include "help/HelpStyle.h"
 
-#include <QAction>
 #include <QObject>
 #include <QString>
 
 #include <functional>
 #include <memory>
 
-class QWidget;
 class QWindow;
 
 namespace quorvantel::help {
@@ -43,10 +41,6 @@ public:
     /// The colours from now on. An open window changes in place: nothing scrolls and no selection
     /// is lost.
     void setStyle(const HelpStyle& style);
-
-    /// Gives a window the menu command `text`, which shows help and answers to F1. The action
-    /// belongs to the window, is in its `actions()` and may be shown in any menu or button.
-    QAction* addCommand(QWidget& window, const QString& text);
 
     /// The window; null before help was asked for.
     HelpWindow* window() const { return m_window.get(); }
