@@ -66,22 +66,15 @@ LaunchTarget paneTarget(const SettingsPaneRow& pane, const PaneIcons& icons) {
 
 } // namespace
 
-std::vector<LaunchTarget> buildSettingsPaneTargets(const platform::BundleReader& bundles,
-                                                   const QString& extensionsDirectory,
-                                                   const platform::SettingsPanels& panels) {
+std::vector<LaunchTarget> settingsPaneTargets(const platform::BundleReader& bundles,
+                                              const QString& extensionsDirectory,
+                                              const platform::SettingsPanels& panels) {
     PaneIcons icons = panels.installedIcons();
     icons.insert(readExtensionIcons(bundles, extensionsDirectory));
     std::vector<LaunchTarget> targets;
     for (const SettingsPaneRow& pane : settingsPaneTable()) {
         targets.push_back(paneTarget(pane, icons));
     }
-    return targets;
-}
-
-const std::vector<LaunchTarget>& settingsPaneTargets(const platform::BundleReader& bundles,
-                                                     const platform::SettingsPanels& panels) {
-    static const std::vector<LaunchTarget> targets =
-        buildSettingsPaneTargets(bundles, settingsExtensionsDirectory.toString(), panels);
     return targets;
 }
 

@@ -19,14 +19,8 @@ inline constexpr QStringView settingsExtensionsDirectory =
 /// A pane whose extension bundle lies in `extensionsDirectory` carries the icon of that bundle, one
 /// that the system shows in a panel of another kind the icon of that panel, and every other one its
 /// symbol. Neither the folder, which may be missing, nor the panels decide about anything else.
-std::vector<LaunchTarget> buildSettingsPaneTargets(const platform::BundleReader& bundles,
-                                                   const QString& extensionsDirectory,
-                                                   const platform::SettingsPanels& panels);
-
-/// The targets of all settings panes, built on first use with the system's own extensions folder
-/// and kept until the program ends. `bundles` and `panels` are read by the first call alone. Main
-/// thread only.
-const std::vector<LaunchTarget>& settingsPaneTargets(const platform::BundleReader& bundles,
-                                                     const platform::SettingsPanels& panels);
+std::vector<LaunchTarget> settingsPaneTargets(const platform::BundleReader& bundles,
+                                              const QString& extensionsDirectory,
+                                              const platform::SettingsPanels& panels);
 
 } // namespace quorvantel

@@ -89,8 +89,10 @@ void AppDelegate::applyTheme() {
 
 void AppDelegate::buildLauncher() {
     m_engine = std::make_unique<SearchEngine>(m_frecency, &m_learned, m_now);
-    m_engine->setTargets(
-        settingsPaneTargets(m_platform.bundleReader(), m_platform.settingsPanels()));
+    m_settingsPanes =
+        settingsPaneTargets(m_platform.bundleReader(), settingsExtensionsDirectory.toString(),
+                            m_platform.settingsPanels());
+    m_engine->setTargets(m_settingsPanes);
 
     auto view = std::make_unique<LauncherView>(*m_engine, m_theme, m_icons);
     LauncherView* const launcherView = view.get();
@@ -123,8 +125,7 @@ void AppDelegate::reindexIfNeeded(bool force) {
 }
 
 void AppDelegate::takeApplications(std::vector<LaunchTarget> targets) {
-    const auto& panes = settingsPaneTargets(m_platform.bundleReader(), m_platform.settingsPanels());
-    targets.insert(targets.end(), panes.begin(), panes.end());
+    targets.insert(targets.end(), m_settingsPanes.begin(), m_settingsPanes.end());
     // An application that was installed meanwhile may have brought the icon.
     m_icons.refresh();
     m_engine->setTargets(std::move(targets));

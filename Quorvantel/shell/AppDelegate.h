@@ -20,6 +20,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace quorvantel {
 
@@ -104,6 +105,8 @@ private:
     SettingsWindowController m_settingsWindowController;
     AppIndexer m_indexer;
     YieldingScan m_scan;
+    /// The same for as long as the program runs.
+    std::vector<LaunchTarget> m_settingsPanes;
     std::unique_ptr<SearchEngine> m_engine;
     std::unique_ptr<LauncherPanelController> m_panelController;
     /// When the last scan began; before it, the distant past.

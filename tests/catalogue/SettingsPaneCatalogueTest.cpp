@@ -24,7 +24,7 @@ const LaunchTarget& pane(const std::vector<LaunchTarget>& targets, const QString
 
 TEST(SettingsPaneCatalogueTest, ListsEveryPaneWithItsSymbolWhereThereAreNoExtensions) {
     const std::vector<LaunchTarget> targets =
-        buildSettingsPaneTargets(FakeBundleReader(), u"/no"_s, FakeSettingsPanels());
+        settingsPaneTargets(FakeBundleReader(), u"/no"_s, FakeSettingsPanels());
     ASSERT_EQ(targets.size(), 38U);
     EXPECT_EQ(targets.front().displayName(), u"Wi-Fi"_s);
     EXPECT_EQ(targets.back().displayName(), u"Transfer or Reset"_s);
@@ -45,7 +45,7 @@ TEST(SettingsPaneCatalogueTest, ListsEveryPaneWithItsSymbolWhereThereAreNoExtens
 
 TEST(SettingsPaneCatalogueTest, KeepsTheTextsThatUsersSearchFor) {
     const std::vector<LaunchTarget> targets =
-        buildSettingsPaneTargets(FakeBundleReader(), u"/no"_s, FakeSettingsPanels());
+        settingsPaneTargets(FakeBundleReader(), u"/no"_s, FakeSettingsPanels());
     EXPECT_EQ(pane(targets, u"Network"_s).searchKeys().back(), u"Wi-Fi"_s);
     EXPECT_EQ(pane(targets, u"Sharing"_s).searchKeys().size(), 9);
     EXPECT_EQ(pane(targets, u"Sharing"_s).searchKeys().back(), u"AirPlay Receiver"_s);
@@ -71,24 +71,13 @@ TEST(SettingsPaneCatalogueTest, TakesTheIconOfAnInstalledExtensionOrPanel) {
             u"x-apple.systempreferences:com.apple.%1-Settings.extension"_s.arg(name),
             platform::Image::iconTheme(u"panel"_s));
     }
-    const std::vector<LaunchTarget> targets = buildSettingsPaneTargets(bundles, u"/ext"_s, panels);
+    const std::vector<LaunchTarget> targets = settingsPaneTargets(bundles, u"/ext"_s, panels);
     EXPECT_EQ(targets.size(), 38U);
     EXPECT_EQ(pane(targets, u"Sound"_s).icon().name, u"/ext/Sound.appex"_s);
     EXPECT_EQ(pane(targets, u"Battery"_s).icon().name, u"panel"_s);
     EXPECT_EQ(pane(targets, u"Battery"_s).icon().substitute, u"battery.100"_s);
     EXPECT_EQ(pane(targets, u"Focus"_s).icon(), platform::Image::symbol(u"moon"_s, u"Focus"_s));
     EXPECT_EQ(pane(targets, u"Siri"_s).icon(), platform::Image::symbol(u"waveform"_s, u"Siri"_s));
-}
-
-TEST(SettingsPaneCatalogueTest, IsBuiltOnceForTheProcess) {
-    FakeBundleReader bundles;
-    const auto& first = settingsPaneTargets(bundles, FakeSettingsPanels());
-    bundles.add({settingsExtensionsDirectory.toString() + u"/Sound.appex"_s,
-                 {{u"CFBundleIdentifier"_s, u"com.apple.Sound-Settings.extension"_s}},
-                 {}});
-    const auto& second = settingsPaneTargets(bundles, FakeSettingsPanels());
-    EXPECT_EQ(&first, &second);
-    EXPECT_TRUE(pane(second, u"Sound"_s).icon().isTemplate());
 }
 
 } // namespace

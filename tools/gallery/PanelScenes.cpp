@@ -56,7 +56,7 @@ Targets desktopTargets() {
     });
     const platform::PropertyListBundleReader bundles;
     const platform::DesktopSettingsPanels noPanels({}, {});
-    const Targets panes = buildSettingsPaneTargets(bundles, {}, noPanels);
+    const Targets panes = settingsPaneTargets(bundles, {}, noPanels);
     result.insert(result.end(), panes.begin(), panes.end());
     return result;
 }
