@@ -1,28 +1,12 @@
 #include "platform/linux/SessionBusConnection.h"
 
 #include "platform/linux/GLibPointers.h"
+#include "platform/linux/start/BusProbe.h"
 
-#include <QByteArray>
-#include <QString>
+#include <string>
+#include <utility>
 
 namespace quorvantel::platform {
-
-namespace {
-
-/// As the D-Bus Specification has it, but without starting a bus where there is none. Empty when
-/// there is none.
-QByteArray sessionBusAddress() {
-    QByteArray address = qgetenv("DBUS_SESSION_BUS_ADDRESS");
-    const QByteArray runtimeDirectory = qgetenv("XDG_RUNTIME_DIR");
-    if (!address.isEmpty() || runtimeDirectory.isEmpty()) {
-        return address;
-    }
-    const QByteArray path = runtimeDirectory + "/bus";
-    const GText escaped(g_dbus_address_escape_value(path.constData()));
-    return "unix:path=" + QByteArray(escaped.get());
-}
-
-} // namespace
 
 struct SessionBusConnection::State {
     GObjectPointer<GDBusConnection> connection;
@@ -50,8 +34,8 @@ GDBusConnection* SessionBusConnection::get() {
 
 void SessionBusConnection::connect() {
     // Read anew each time: a bus that was silent at the start is hidden until that is over.
-    const QByteArray address = sessionBusAddress();
-    if (address.isEmpty() || m_state->isConnecting) {
+    const std::string address = sessionBusAddress();
+    if (address.empty() || m_state->isConnecting) {
         return;
     }
     m_state->isConnecting = true;
@@ -65,7 +49,7 @@ void SessionBusConnection::connect() {
         }
     };
     g_dbus_connection_new_for_address(
-        address.constData(),
+        address.c_str(),
         static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                           G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
         nullptr, m_state->cancellable.get(), connected, new std::weak_ptr<State>(m_state));

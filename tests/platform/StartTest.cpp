@@ -43,6 +43,16 @@ TEST(StartTest, ReadsOnlyWholeRequestsAndKnowsScreensOfOneDisplay) {
     EXPECT_FALSE(isSameDisplay("10.0.0.1:0", "10.0.0.2:0"));
 }
 
+TEST(StartTest, TheBusOfTheUserIsInTheRuntimeFolder) {
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/some");
+    qputenv("XDG_RUNTIME_DIR", "/run/\u00FC 1,2");
+    EXPECT_EQ(sessionBusAddress(), "unix:path=/some");
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "");
+    EXPECT_EQ(sessionBusAddress(), "unix:path=/run/%c3%bc%201%2c2/bus");
+    qunsetenv("XDG_RUNTIME_DIR");
+    EXPECT_EQ(sessionBusAddress(), "");
+}
+
 TEST(StartTest, ABusIsSilentOnlyWhenItKeepsAClientWaiting) {
     constexpr std::chrono::milliseconds shortTime{200};
     SessionBus bus(inHome(u""_s));

@@ -22,6 +22,29 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
+/// Empty for a variable that is not set.
+std::string environment(const char* name) {
+    const char* const value = std::getenv(name);
+    return value == nullptr ? "" : value;
+}
+
+/// Escapes all that may not stand in the value of an address as it is.
+std::string escaped(std::string_view value) {
+    constexpr std::string_view unescaped = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ"
+                                           "0123456789-_/\\.*";
+    constexpr std::string_view digits = "0123456789abcdef";
+    std::string result;
+    for (const char character : value) {
+        if (unescaped.find(character) != std::string_view::npos) {
+            result += character;
+        } else {
+            const auto byte = static_cast<unsigned char>(character);
+            result += {'%', digits[byte >> 4], digits[byte & 0xF]};
+        }
+    }
+    return result;
+}
+
 /// Undoes the escapes of an address, "%" with two hexadecimal digits.
 std::string unescaped(std::string_view value) {
     std::string result;
@@ -74,11 +97,11 @@ bool connectTo(const std::string& name, const FileDescriptor& socket,
 } // namespace
 
 std::string sessionBusAddress() {
-    if (const char* const address = std::getenv("DBUS_SESSION_BUS_ADDRESS")) {
+    if (std::string address = environment("DBUS_SESSION_BUS_ADDRESS"); !address.empty()) {
         return address;
     }
-    const char* const runtimeFolder = std::getenv("XDG_RUNTIME_DIR");
-    return runtimeFolder == nullptr ? "" : std::string("unix:path=") + runtimeFolder + "/bus";
+    const std::string runtimeFolder = environment("XDG_RUNTIME_DIR");
+    return runtimeFolder.empty() ? "" : "unix:path=" + escaped(runtimeFolder + "/bus");
 }
 
 bool isBusSilent(const std::string& address, std::chrono::milliseconds patience) {

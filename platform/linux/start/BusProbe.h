@@ -6,7 +6,8 @@
 namespace quorvantel::platform {
 
 /// Where programs look for the session bus (D-Bus Specification): DBUS_SESSION_BUS_ADDRESS or,
-/// without it, the bus of the user in `$XDG_RUNTIME_DIR`.
+/// without it, the bus of the user in `$XDG_RUNTIME_DIR`. Empty where neither is given: none is
+/// started.
 std::string sessionBusAddress();
 
 /// Whether a bus keeps its clients waiting, for the connection or for the first word, for as long
