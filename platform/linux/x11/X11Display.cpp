@@ -2,8 +2,6 @@
 
 #include <QGuiApplication>
 
-#include <xcb/xfixes.h>
-
 #include <cstring>
 
 namespace quorvantel::platform {
@@ -53,22 +51,6 @@ bool X11Display::isOwn(xcb_window_t window) const {
 std::uint8_t X11Display::extensionOpcode(xcb_extension_t* extension) const {
     const auto* const data = xcb_get_extension_data(connection, extension);
     return data != nullptr && data->present != 0 ? data->major_opcode : 0;
-}
-
-std::uint8_t X11Display::watchOwner(xcb_atom_t selection) const {
-    const auto* const extension = xcb_get_extension_data(connection, &xcb_xfixes_id);
-    if (extension == nullptr || extension->present == 0) {
-        return 0;
-    }
-    // The extension is to be greeted before its use.
-    xcb_discard_reply(connection, xcb_xfixes_query_version(connection, XCB_XFIXES_MAJOR_VERSION,
-                                                           XCB_XFIXES_MINOR_VERSION)
-                                      .sequence);
-    xcb_xfixes_select_selection_input(connection, root, selection,
-                                      XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
-                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
-                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
-    return static_cast<std::uint8_t>(extension->first_event + XCB_XFIXES_SELECTION_NOTIFY);
 }
 
 } // namespace quorvantel::platform

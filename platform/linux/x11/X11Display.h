@@ -33,10 +33,6 @@ struct X11Display {
 
     /// The major opcode of an extension; 0 when the server lacks it.
     std::uint8_t extensionOpcode(xcb_extension_t* extension) const;
-
-    /// Has the server tell of each new owner of a selection, by an
-    /// xcb_xfixes_selection_notify_event_t. Returns that event's type; 0 when the server lacks it.
-    std::uint8_t watchOwner(xcb_atom_t selection) const;
 };
 
 struct FreeDeleter {

@@ -3,8 +3,6 @@
 #include <QDataStream>
 #include <QIODevice>
 
-#include <xcb/xfixes.h>
-
 #include <algorithm>
 #include <utility>
 
@@ -85,14 +83,9 @@ XSettingsValues parseXSettings(const QByteArray& data) {
 X11Settings::X11Settings(const X11Display& display, X11EventDispatcher& events)
     : X11EventHandler(events, X11EventRank::Observer),
       m_display(display),
-      m_managerSelection(display.atom("_XSETTINGS_S0")),
+      m_managerSelection(display, "_XSETTINGS_S0"),
       m_settings(display.atom("_XSETTINGS_SETTINGS")) {
-    // In this order nothing that happens meanwhile is missed.
-    m_selectionEvent = display.watchOwner(m_managerSelection);
-    const XcbPointer<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
-        display.connection, xcb_get_selection_owner(display.connection, m_managerSelection),
-        nullptr));
-    followManager(owner ? owner->owner : xcb_window_t{XCB_WINDOW_NONE});
+    followManager(m_managerSelection.owner());
     m_values = read();
 }
 
@@ -102,12 +95,9 @@ bool X11Settings::handleEvent(const xcb_generic_event_t& event) {
         if (property.window == m_manager && property.atom == m_settings) {
             setValues(read());
         }
-    } else if (m_selectionEvent != 0 && typeOf(event) == m_selectionEvent) {
-        const auto& selection = eventAs<xcb_xfixes_selection_notify_event_t>(event);
-        if (selection.selection == m_managerSelection) {
-            followManager(selection.owner);
-            setValues(read());
-        }
+    } else if (const auto manager = m_managerSelection.newOwner(event)) {
+        followManager(*manager);
+        setValues(read());
     }
     return false;
 }

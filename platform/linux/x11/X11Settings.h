@@ -3,6 +3,7 @@
 #include "platform/linux/SettingsManager.h"
 #include "platform/linux/x11/X11Display.h"
 #include "platform/linux/x11/X11EventHandler.h"
+#include "platform/linux/x11/X11Selection.h"
 
 namespace quorvantel::platform {
 
@@ -28,10 +29,8 @@ private:
     XSettingsValues read() const;
 
     X11Display m_display;
-    xcb_atom_t m_managerSelection;
+    X11Selection m_managerSelection;
     xcb_atom_t m_settings;
-    /// 0 when the server cannot tell who manages the settings.
-    std::uint8_t m_selectionEvent = 0;
     xcb_window_t m_manager = XCB_WINDOW_NONE;
     XSettingsValues m_values;
 };

@@ -29,10 +29,8 @@ X11WindowBackdrop::X11WindowBackdrop(const X11Display& display, X11EventDispatch
     // Extended Window Manager Hints: the compositing manager of the screen owns this selection.
     : X11EventHandler(events, X11EventRank::Observer),
       m_display(display),
-      m_managerSelection(display.atom("_NET_WM_CM_S0")),
+      m_managerSelection(display, "_NET_WM_CM_S0"),
       m_blurRegion(display.atom("_KDE_NET_WM_BLUR_BEHIND_REGION")) {
-    // In this order nothing that happens meanwhile is missed.
-    m_selectionEvent = display.watchOwner(m_managerSelection);
     m_state = stateNow();
 }
 
@@ -56,8 +54,10 @@ void X11WindowBackdrop::setBlurBehind(QWindow& window, const QRegion& region) {
 bool X11WindowBackdrop::handleEvent(const xcb_generic_event_t& event) {
     if (typeOf(event) == XCB_PROPERTY_NOTIFY) {
         handleProperty(eventAs<xcb_property_notify_event_t>(event));
-    } else if (m_selectionEvent != 0 && typeOf(event) == m_selectionEvent) {
-        handleOwner(eventAs<xcb_xfixes_selection_notify_event_t>(event));
+    } else if (const auto manager = m_managerSelection.newOwner(event)) {
+        State state = m_state;
+        setManager(state, *manager);
+        setState(state);
     }
     return false;
 }
@@ -71,26 +71,16 @@ void X11WindowBackdrop::handleProperty(const xcb_property_notify_event_t& event)
     setState(state);
 }
 
-void X11WindowBackdrop::handleOwner(const xcb_xfixes_selection_notify_event_t& event) {
-    if (event.selection != m_managerSelection) {
-        return;
-    }
-    State state = m_state;
-    state.isComposited = event.owner != XCB_WINDOW_NONE;
-    state.isPicom = state.isComposited && isPicom(event.owner);
-    setState(state);
+void X11WindowBackdrop::setManager(State& state, xcb_window_t manager) const {
+    state.isComposited = manager != XCB_WINDOW_NONE;
+    state.isPicom = state.isComposited && isPicom(manager);
 }
 
 X11WindowBackdrop::State X11WindowBackdrop::stateNow() const {
-    const auto ownerRequest = xcb_get_selection_owner(m_display.connection, m_managerSelection);
-    const auto propertiesRequest = xcb_list_properties(m_display.connection, m_display.root);
-    const XcbPointer<xcb_get_selection_owner_reply_t> owner(
-        xcb_get_selection_owner_reply(m_display.connection, ownerRequest, nullptr));
-    const XcbPointer<xcb_list_properties_reply_t> list(
-        xcb_list_properties_reply(m_display.connection, propertiesRequest, nullptr));
     State state;
-    state.isComposited = owner && owner->owner != XCB_WINDOW_NONE;
-    state.isPicom = state.isComposited && isPicom(owner->owner);
+    setManager(state, m_managerSelection.owner());
+    const XcbPointer<xcb_list_properties_reply_t> list(xcb_list_properties_reply(
+        m_display.connection, xcb_list_properties(m_display.connection, m_display.root), nullptr));
     if (list) {
         const std::span properties(xcb_list_properties_atoms(list.get()), list->atoms_len);
         state.blursOnRequest = std::ranges::find(properties, m_blurRegion) != properties.end();

@@ -2,10 +2,9 @@
 
 #include "platform/linux/x11/X11Display.h"
 #include "platform/linux/x11/X11EventHandler.h"
+#include "platform/linux/x11/X11Selection.h"
 
 #include <QObject>
-
-#include <xcb/xfixes.h>
 
 #include <cstdint>
 #include <map>
@@ -61,16 +60,14 @@ private:
     };
 
     void handleProperty(const xcb_property_notify_event_t& event);
-    void handleOwner(const xcb_xfixes_selection_notify_event_t& event);
+    void setManager(State& state, xcb_window_t manager) const;
     State stateNow() const;
     bool isPicom(xcb_window_t manager) const;
     void setState(const State& state);
 
     X11Display m_display;
-    xcb_atom_t m_managerSelection;
+    X11Selection m_managerSelection;
     xcb_atom_t m_blurRegion;
-    /// The type of the event about a selection's owner; 0 when the server lacks the extension.
-    std::uint8_t m_selectionEvent = 0;
     State m_state;
     /// What the windows' property holds, in pixels, so that it is not set again to the same.
     std::map<xcb_window_t, std::vector<std::uint32_t>> m_blurRegions;
