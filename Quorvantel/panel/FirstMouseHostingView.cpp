@@ -30,7 +30,11 @@ FirstMouseHostingView::FirstMouseHostingView(LauncherView* view, platform::Panel
     // Of itself Qt looks for the active widget among the top-level windows only.
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow* focused) {
         if (focused == windowHandle()) {
+            // Deprecated in favour of what asks the window system for that, which it has done.
+            QT_WARNING_PUSH
+            QT_WARNING_DISABLE_DEPRECATED
             QApplication::setActiveWindow(this);
+            QT_WARNING_POP
         }
     });
 }

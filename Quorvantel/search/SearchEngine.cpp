@@ -187,12 +187,12 @@ void SearchEngine::sort(std::vector<Candidate>& candidates) const {
             candidate.score = -std::numeric_limits<double>::infinity();
         }
     }
-    std::stable_sort(candidates.begin(), candidates.end(),
-                     [this](const Candidate& left, const Candidate& right) {
-                         return left.score != right.score ? left.score > right.score
-                                                          : m_index.nameRank(left.target) <
-                                                                m_index.nameRank(right.target);
-                     });
+    const auto place = [this](const Candidate& candidate) {
+        return std::pair(m_index.nameRank(candidate.target), candidate.target);
+    };
+    std::ranges::sort(candidates, [&place](const Candidate& left, const Candidate& right) {
+        return left.score != right.score ? left.score > right.score : place(left) < place(right);
+    });
 }
 
 } // namespace quorvantel

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <list>
 #include <random>
 
 namespace quorvantel {
@@ -112,11 +113,12 @@ QStringList referenceRanking(const std::vector<LaunchTarget>& targets, const QSt
         }
         ranked[i].score = ranked[i].score + learned.boost(query, ranked[i].id, now);
     }
-    std::stable_sort(ranked.begin(), ranked.end(), [](const Ranked& a, const Ranked& b) {
+    std::list<Ranked> sorted(ranked.begin(), ranked.end());
+    sorted.sort([](const Ranked& a, const Ranked& b) {
         return a.score != b.score ? a.score > b.score : a.name < b.name;
     });
     QStringList order;
-    for (const Ranked& one : ranked) {
+    for (const Ranked& one : sorted) {
         order += one.id;
     }
     return order;

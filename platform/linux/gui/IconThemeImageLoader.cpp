@@ -10,6 +10,7 @@
 #include <QtGui/private/qiconloader_p.h>
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 namespace quorvantel::platform {
@@ -60,11 +61,10 @@ int distance(const QIconLoaderEngineEntry& entry, int points, int pixels) {
 /// them, too, whatever they are.
 QStringList themeFiles(const QString& name, int points, int pixels) {
     const QThemeIconInfo icon = QIconLoader::instance()->loadIcon(name);
-    std::vector<std::pair<int, QString>> files;
+    std::multimap<int, QString> files;
     for (const auto& entry : icon.entries) {
-        files.emplace_back(distance(*entry, points, pixels), entry->filename);
+        files.emplace(distance(*entry, points, pixels), entry->filename);
     }
-    std::ranges::stable_sort(files, {}, &std::pair<int, QString>::first);
     QStringList paths;
     for (const auto& [distance, path] : files) {
         paths.append(path);
