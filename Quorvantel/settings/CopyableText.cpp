@@ -1,8 +1,8 @@
 #include "settings/CopyableText.h"
 
-#include "drawing/ContinuousCorners.h"
 #include "settings/FocusRing.h"
 #include "settings/PlainButton.h"
+#include "shapes/ContinuousCorners.h"
 #include "theme/ControlColors.h"
 
 #include <QClipboard>

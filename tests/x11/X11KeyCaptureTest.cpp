@@ -58,7 +58,7 @@ protected:
     }
 
     XConnection connection;
-    Keyboard keyboard{connection};
+    testing::Keyboard keyboard{connection};
     XDesktop desktop{connection};
     X11Display display = X11Display::current().value();
     X11EventDispatcher events;
