@@ -7,6 +7,7 @@
 #include "search/SearchEngine.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QLocale>
 #include <QTemporaryDir>
 
@@ -16,6 +17,7 @@
 #include <array>
 #include <cstdint>
 #include <random>
+#include <string>
 #include <utility>
 
 /// What a keystroke and a new catalogue cost, with catalogues that grow far beyond a real one.
@@ -60,7 +62,8 @@ std::vector<LaunchTarget> catalogue(std::int64_t size) {
 
 /// An engine in the state of a year's use: a fifth of the targets launched, some queries learned.
 struct UsedLauncher {
-    explicit UsedLauncher(std::int64_t size) : targets(catalogue(size)) {
+    explicit UsedLauncher(std::int64_t size) : UsedLauncher(catalogue(size)) {}
+    explicit UsedLauncher(std::vector<LaunchTarget> catalogue) : targets(std::move(catalogue)) {
         for (size_t i = 0; i < std::min<size_t>(targets.size(), 500); i += 5) {
             frecency.record(targets[i].id(), now - static_cast<double>(i) * 3600);
             learned.learn(QStringLiteral("ma"), targets[i].id(), now);
@@ -130,6 +133,50 @@ BENCHMARK(targetReplacement)
     ->Arg(10'000)
     ->Unit(benchmark::kMicrosecond);
 
+/// A line of the list becomes a target whose name is the line's first word and whose only key is
+/// the line.
+std::vector<LaunchTarget> listed(const QString& path) {
+    QFile file(path);
+    std::vector<LaunchTarget> targets;
+    if (!file.open(QIODevice::ReadOnly)) {
+        return targets;
+    }
+    while (!file.atEnd()) {
+        const QString line = QString::fromUtf8(file.readLine()).trimmed();
+        const QString name = line.section(u' ', 0, 0);
+        targets.push_back({name, name, {line}, {}, LaunchTarget::App{QUrl(), name}});
+    }
+    return targets;
+}
+
+/// Keystrokes and a new catalogue, for a list of real names such as those of a distribution's
+/// packages.
+void registerList(const QString& path) {
+    static const std::vector<LaunchTarget> targets = listed(path);
+    for (const char* const query : {"f", "lo", "gim", "fire", "chrom", "vscode"}) {
+        benchmark::RegisterBenchmark((std::string("listKeystroke/") + query).c_str(),
+                                     [query](benchmark::State& state) {
+                                         UsedLauncher launcher(targets);
+                                         const QString text = QString::fromLatin1(query);
+                                         for (auto _ : state) {
+                                             launcher.engine.setQuery(text);
+                                         }
+                                         state.counters["results"] =
+                                             static_cast<double>(launcher.engine.results().size());
+                                     })
+            ->Unit(benchmark::kMicrosecond);
+    }
+    benchmark::RegisterBenchmark("listReplacement", [](benchmark::State& state) {
+        UsedLauncher launcher(targets);
+        std::vector<LaunchTarget> reversed(targets.rbegin(), targets.rend());
+        std::vector<LaunchTarget> other = targets;
+        for (auto _ : state) {
+            launcher.engine.setTargets(reversed);
+            std::swap(reversed, other);
+        }
+    })->Unit(benchmark::kMillisecond);
+}
+
 } // namespace
 } // namespace quorvantel
 
@@ -138,6 +185,10 @@ int main(int argc, char** argv) {
     // The C locale would do without the collation that a user's locale has.
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
     benchmark::Initialize(&argc, argv);
+    if (argc > 1) {
+        quorvantel::registerList(QString::fromLocal8Bit(argv[1]));
+        --argc;
+    }
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 1;
     }

@@ -4,12 +4,17 @@
 
 namespace quorvantel {
 
+LaunchTarget::Data::Data(QString id, QString displayName, QStringList searchKeys,
+                         platform::Image icon, Kind kind)
+    : id(std::move(id)),
+      displayName(std::move(displayName)),
+      searchKeys(std::move(searchKeys)),
+      icon(std::move(icon)),
+      kind(std::move(kind)) {}
+
 LaunchTarget::LaunchTarget(QString id, QString displayName, QStringList searchKeys,
                            platform::Image icon, Kind kind)
-    : m_id(std::move(id)),
-      m_displayName(std::move(displayName)),
-      m_searchKeys(std::move(searchKeys)),
-      m_icon(std::move(icon)),
-      m_kind(std::move(kind)) {}
+    : m_data(new Data(std::move(id), std::move(displayName), std::move(searchKeys), std::move(icon),
+                      std::move(kind))) {}
 
 } // namespace quorvantel

@@ -3,6 +3,7 @@
 #include "platform/Image.h"
 
 #include <QHashFunctions>
+#include <QSharedData>
 #include <QString>
 #include <QStringList>
 #include <QUrl>
@@ -15,8 +16,8 @@ namespace quorvantel {
 ///
 /// An immutable value. Equality and hashing look at `id` alone, because de-duplication, selection
 /// and the ranking stores all speak of a target by its identifier; two targets with the same `id`
-/// are equal even if their names or icons differ. All members share their data, so copies are
-/// cheap.
+/// are equal even if their names or icons differ. Copies share
+/// everything and cost no more than a pointer, since each keystroke ranks them by the thousand.
 class LaunchTarget {
 public:
     /// An application, opened by `platform::Workspace::openApplication`.
@@ -36,31 +37,38 @@ public:
                  Kind kind);
 
     /// The bundle identifier of an application, the whole settings address of a pane.
-    const QString& id() const { return m_id; }
+    const QString& id() const { return m_data->id; }
 
     /// The name shown in the result row.
-    const QString& displayName() const { return m_displayName; }
+    const QString& displayName() const { return m_data->displayName; }
 
     /// The texts that a query is matched against, in order of preference, without duplicates.
-    const QStringList& searchKeys() const { return m_searchKeys; }
+    const QStringList& searchKeys() const { return m_data->searchKeys; }
 
-    const platform::Image& icon() const { return m_icon; }
-    const Kind& kind() const { return m_kind; }
-    bool isApp() const { return std::holds_alternative<App>(m_kind); }
+    const platform::Image& icon() const { return m_data->icon; }
+    const Kind& kind() const { return m_data->kind; }
+    bool isApp() const { return std::holds_alternative<App>(kind()); }
 
     friend bool operator==(const LaunchTarget& left, const LaunchTarget& right) {
-        return left.m_id == right.m_id;
+        return left.m_data == right.m_data || left.id() == right.id();
     }
     friend size_t qHash(const LaunchTarget& target, size_t seed = 0) {
-        return ::qHash(target.m_id, seed);
+        return ::qHash(target.id(), seed);
     }
 
 private:
-    QString m_id;
-    QString m_displayName;
-    QStringList m_searchKeys;
-    platform::Image m_icon;
-    Kind m_kind;
+    struct Data : QSharedData {
+        Data(QString id, QString displayName, QStringList searchKeys, platform::Image icon,
+             Kind kind);
+
+        QString id;
+        QString displayName;
+        QStringList searchKeys;
+        platform::Image icon;
+        Kind kind;
+    };
+
+    QExplicitlySharedDataPointer<const Data> m_data;
 };
 
 } // namespace quorvantel

@@ -6,36 +6,27 @@
 
 namespace quorvantel {
 
-namespace {
-
-constexpr double firstScalarBonus = 0.9;
-constexpr double slashBonus = 0.9;
-constexpr double wordBonus = 0.8;
-constexpr double camelCaseBonus = 0.7;
-constexpr double dotBonus = 0.6;
-
-double bonusAfter(char32_t previous, char32_t scalar) {
+BoundaryBonus bonusAfter(char32_t previous, char32_t scalar) {
     switch (previous) {
     case U' ':
     case U'-':
     case U'_':
-        return wordBonus;
+        return BoundaryBonus::Word;
     case U'.':
-        return dotBonus;
+        return BoundaryBonus::AfterDot;
     case U'/':
-        return slashBonus;
+        return BoundaryBonus::AfterSlash;
     default:
-        return isLowercase(previous) && isUppercase(scalar) ? camelCaseBonus : 0.0;
+        return isLowercase(previous) && isUppercase(scalar) ? BoundaryBonus::CamelCase
+                                                            : BoundaryBonus::None;
     }
 }
 
-} // namespace
-
-std::vector<double> boundaryBonuses(std::u32string_view unfolded, size_t count) {
-    std::vector<double> bonuses(count, 0.0);
+std::vector<BoundaryBonus> boundaryBonuses(std::u32string_view unfolded, size_t count) {
+    std::vector<BoundaryBonus> bonuses(count, BoundaryBonus::None);
     const size_t shared = std::min(count, unfolded.size());
     for (size_t k = 0; k < shared; ++k) {
-        bonuses[k] = k == 0 ? firstScalarBonus : bonusAfter(unfolded[k - 1], unfolded[k]);
+        bonuses[k] = k == 0 ? BoundaryBonus::First : bonusAfter(unfolded[k - 1], unfolded[k]);
     }
     return bonuses;
 }

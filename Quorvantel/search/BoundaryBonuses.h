@@ -1,17 +1,34 @@
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
 namespace quorvantel {
 
-/// What a match of each scalar of a search key is worth by its place alone: most at the start of
-/// the key or after "/", less at the start of a word, of a camel-case hump or after ".", nothing
-/// elsewhere.
-///
-/// `unfolded` is the key as written, since folding destroys its case; `count` is the number of
-/// bonuses wanted, the length of the folded key. Where folding made the key longer, the bonuses
-/// beyond the key as written are 0.
-std::vector<double> boundaryBonuses(std::u32string_view unfolded, size_t count);
+/// What a match of a scalar of a search key is worth by its place alone.
+enum class BoundaryBonus : std::uint8_t {
+    None,
+    AfterDot,
+    CamelCase, ///< At an upper-case letter after a lower-case one.
+    Word,      ///< After a space, "-" or "_".
+    AfterSlash,
+    First, ///< At the start of the key.
+};
+
+constexpr double valueOf(BoundaryBonus bonus) {
+    constexpr std::array values{0.0, 0.6, 0.7, 0.8, 0.9, 0.9};
+    return values[static_cast<std::size_t>(bonus)];
+}
+
+/// The bonus of a scalar that is not the first, by the one before it. Both are as written, since
+/// folding destroys their case.
+BoundaryBonus bonusAfter(char32_t previous, char32_t scalar);
+
+/// The bonus of each scalar of a search key. `unfolded` is the key as written; `count` is the
+/// number of bonuses wanted, the length of the folded key. Where folding made the key longer, there
+/// are none beyond the key as written.
+std::vector<BoundaryBonus> boundaryBonuses(std::u32string_view unfolded, size_t count);
 
 } // namespace quorvantel

@@ -36,6 +36,10 @@ constexpr std::array<Range, 5> otherUppercase{{
     {U'\U0001F170', U'\U0001F189'},
 }};
 
+bool isAscii(char32_t scalar) {
+    return scalar < 0x80;
+}
+
 template <size_t Size>
 bool contains(const std::array<Range, Size>& ranges, char32_t scalar) {
     return std::any_of(ranges.begin(), ranges.end(), [scalar](const Range& range) {
@@ -46,10 +50,16 @@ bool contains(const std::array<Range, Size>& ranges, char32_t scalar) {
 } // namespace
 
 bool isLowercase(char32_t scalar) {
+    if (isAscii(scalar)) {
+        return scalar >= U'a' && scalar <= U'z';
+    }
     return QChar::category(scalar) == QChar::Letter_Lowercase || contains(otherLowercase, scalar);
 }
 
 bool isUppercase(char32_t scalar) {
+    if (isAscii(scalar)) {
+        return scalar >= U'A' && scalar <= U'Z';
+    }
     return QChar::category(scalar) == QChar::Letter_Uppercase || contains(otherUppercase, scalar);
 }
 

@@ -34,16 +34,18 @@ void FrecencyStore::record(const QString& id, double date) {
         updated.f = known->f * std::exp(-decayRate * days) + 1.0;
     }
     m_entries.insert(id, updated);
+    ++m_revision;
     m_members.set(id, encode(updated));
     m_file.save(m_members.text());
 }
 
 double FrecencyStore::weight(const QString& id, double now) const {
     const auto known = m_entries.constFind(id);
-    if (known == m_entries.cend()) {
-        return 0.0;
-    }
-    return known->f * std::exp(-decayRate * (now - known->lastUpdate) / secondsPerDay);
+    return known == m_entries.cend() ? 0.0 : weight(*known, now);
+}
+
+double FrecencyStore::weight(const FrecencyEntry& entry, double now) {
+    return entry.f * std::exp(-decayRate * (now - entry.lastUpdate) / secondsPerDay);
 }
 
 void FrecencyStore::load() {

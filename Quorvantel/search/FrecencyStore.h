@@ -7,6 +7,7 @@
 #include <QHash>
 #include <QString>
 
+#include <cstdint>
 #include <numbers>
 
 namespace quorvantel {
@@ -36,13 +37,20 @@ public:
     /// last launch makes the weight larger than it was then.
     double weight(const QString& id, double now) const;
 
+    /// What `entry` weighs at `now`.
+    static double weight(const FrecencyEntry& entry, double now);
+
     const QHash<QString, FrecencyEntry>& entries() const { return m_entries; }
+
+    /// Another number whenever an entry is another one.
+    std::uint64_t revision() const { return m_revision; }
 
 private:
     void load();
 
     JsonFile m_file;
     QHash<QString, FrecencyEntry> m_entries;
+    std::uint64_t m_revision = 0;
     /// The entries as they are in the file.
     JsonMembers m_members;
 };

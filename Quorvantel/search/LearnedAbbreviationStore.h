@@ -41,6 +41,9 @@ public:
         /// What to add to the score of a target; 0 if it was never learned for the query.
         double operator[](const QString& id) const;
 
+        /// Whether no target was learned for the query.
+        bool isEmpty() const { return m_associations.isEmpty(); }
+
     private:
         friend class LearnedAbbreviationStore;
         Boosts(Associations associations, double date);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "search/PlacementCosts.h"
 #include "search/SearchKeyView.h"
 
 #include <algorithm>
@@ -24,7 +25,6 @@ struct PlacementRow {
 
 /// Fills row 0: nothing is placed, and each skipped character costs a little.
 inline void startPlacement(const PlacementRow& row) {
-    constexpr double leadingGapCost = 0.005;
     std::fill(row.matched.begin(), row.matched.end(), unreachable);
     for (size_t j = 0; j < row.best.size(); ++j) {
         row.best[j] = -leadingGapCost * static_cast<double>(j);
@@ -34,12 +34,9 @@ inline void startPlacement(const PlacementRow& row) {
 /// Fills the cells of the row that places `letter`, from `firstColumn` on; the letter cannot be
 /// placed before it, and cells to its left are neither read nor written.
 inline void advancePlacement(char32_t letter, bool isLastLetter, size_t firstColumn,
-                             const SearchKeyView& key, const PlacementRow& previous,
+                             const UnicodeKey& key, const PlacementRow& previous,
                              const PlacementRow& row) {
-    constexpr double consecutiveBonus = 1.0;
-    constexpr double gapCost = 0.01;
-    // The character directly after a complete match is charged half.
-    const double costAfterMatch = isLastLetter ? 0.005 : gapCost;
+    const double costAfterMatch = isLastLetter ? gapCostAfterMatch : gapCost;
 
     double best = unreachable;
     double matched = unreachable;
@@ -47,7 +44,7 @@ inline void advancePlacement(char32_t letter, bool isLastLetter, size_t firstCol
         const double gap = best - (matched > unreachable ? costAfterMatch : gapCost);
         matched = unreachable;
         if (key.letters[j - 1] == letter) {
-            const double bonus = key.bonuses[j - 1];
+            const double bonus = valueOf(key.bonuses[j - 1]);
             const double run = previous.matched[j - 1] + consecutiveBonus + bonus;
             const double fresh = previous.best[j - 1] + bonus;
             matched = std::max(run, fresh);

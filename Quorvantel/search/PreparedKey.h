@@ -15,11 +15,11 @@ public:
     explicit PreparedKey(QStringView key);
 
     /// Valid as long as this object.
-    SearchKeyView view() const { return {m_letters, m_bonuses, m_mask}; }
+    UnicodeKey view() const { return {m_letters, m_bonuses, m_mask}; }
 
 private:
     std::u32string m_letters;
-    std::vector<double> m_bonuses;
+    std::vector<BoundaryBonus> m_bonuses;
     std::uint64_t m_mask;
 };
 

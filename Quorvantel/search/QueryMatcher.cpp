@@ -1,31 +1,54 @@
 #include "search/QueryMatcher.h"
 
+#include "search/LetterMask.h"
+#include "search/PlacementCosts.h"
 #include "search/ScoreMatrix.h"
+#include "search/SubsequenceFilter.h"
 #include "text/TextFolding.h"
+
+#include <algorithm>
 
 namespace quorvantel {
 
-QueryMatcher::QueryMatcher(QStringView query)
-    : m_isEmpty(query.isEmpty()), m_filter(foldedScalars(query)) {}
+void QueryMatcher::setQuery(QStringView query) {
+    m_isEmpty = query.isEmpty();
+    m_letters = foldedScalars(query);
+    m_mask = letterMask(m_letters);
+    m_isLatin1 = std::all_of(m_letters.begin(), m_letters.end(),
+                             [](char32_t letter) { return letter <= largestLatin1Letter; });
+}
 
-std::optional<double> QueryMatcher::score(const SearchKeyView& key) {
+std::optional<double> QueryMatcher::score(const Latin1Key& key) {
+    return m_isLatin1 ? scoreOf(key) : std::nullopt;
+}
+
+std::optional<double> QueryMatcher::score(const UnicodeKey& key) {
+    return scoreOf(key);
+}
+
+template <class Letter>
+std::optional<double> QueryMatcher::scoreOf(const SearchKeyView<Letter>& key) {
     if (m_isEmpty) {
         return 0.0;
     }
-    if (!m_filter.accepts(key)) {
+    if (m_letters.empty()) {
+        return -leadingGapCost * static_cast<double>(key.letters.size());
+    }
+    if (lacksLetters(key.mask, m_mask)) {
         return std::nullopt;
     }
-    return m_rows.score(m_filter.query(), key, m_filter.firstColumns());
+    return m_rows.score(m_letters, key);
 }
 
-std::optional<FuzzyMatch> QueryMatcher::match(const SearchKeyView& key) {
+std::optional<FuzzyMatch> QueryMatcher::match(const UnicodeKey& key) const {
     if (m_isEmpty) {
         return FuzzyMatch{0.0, {}};
     }
-    if (!m_filter.accepts(key)) {
+    SubsequenceFilter filter(m_letters);
+    if (!filter.accepts(key)) {
         return std::nullopt;
     }
-    return bestPlacement(m_filter.query(), key, m_filter.firstColumns());
+    return bestPlacement(m_letters, key, filter.firstColumns());
 }
 
 } // namespace quorvantel

@@ -3,28 +3,40 @@
 #include "search/FuzzyMatch.h"
 #include "search/ScoreRows.h"
 #include "search/SearchKeyView.h"
-#include "search/SubsequenceFilter.h"
 
 #include <QStringView>
 
+#include <cstdint>
 #include <optional>
+#include <string>
 
 namespace quorvantel {
 
-/// Matches one query against any number of prepared keys, reusing its scratch memory.
+/// Matches one query after the other against any number of prepared keys, reusing its scratch
+/// memory.
 class QueryMatcher {
 public:
-    explicit QueryMatcher(QStringView query);
+    QueryMatcher() = default;
+    explicit QueryMatcher(QStringView query) { setQuery(query); }
+
+    void setQuery(QStringView query);
 
     /// The score of the best placement; nothing if the key does not match.
-    std::optional<double> score(const SearchKeyView& key);
+    std::optional<double> score(const Latin1Key& key);
+    std::optional<double> score(const UnicodeKey& key);
 
     /// The best placement with its positions; nothing if the key does not match.
-    std::optional<FuzzyMatch> match(const SearchKeyView& key);
+    std::optional<FuzzyMatch> match(const UnicodeKey& key) const;
 
 private:
-    bool m_isEmpty;
-    SubsequenceFilter m_filter;
+    template <class Letter>
+    std::optional<double> scoreOf(const SearchKeyView<Letter>& key);
+
+    bool m_isEmpty = true;
+    /// The folded query.
+    std::u32string m_letters;
+    std::uint64_t m_mask = 0;
+    bool m_isLatin1 = true;
     ScoreRows m_rows;
 };
 

@@ -51,7 +51,7 @@ std::vector<int> backtrack(Matrix& matrix, size_t queryLength, size_t keyLength)
 
 } // namespace
 
-FuzzyMatch bestPlacement(std::u32string_view query, const SearchKeyView& key,
+FuzzyMatch bestPlacement(std::u32string_view query, const UnicodeKey& key,
                          std::span<const size_t> firstColumns) {
     Matrix matrix(query.size() + 1, key.letters.size() + 1);
     startPlacement(matrix.row(0));

@@ -12,7 +12,7 @@ namespace quorvantel {
 /// memory in proportion to the product of both lengths.
 ///
 /// The query must be a subsequence of the key; `firstColumns` comes from `SubsequenceFilter`.
-FuzzyMatch bestPlacement(std::u32string_view query, const SearchKeyView& key,
+FuzzyMatch bestPlacement(std::u32string_view query, const UnicodeKey& key,
                          std::span<const size_t> firstColumns);
 
 } // namespace quorvantel

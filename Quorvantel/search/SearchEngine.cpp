@@ -2,13 +2,10 @@
 
 #include "search/FrecencyStore.h"
 #include "search/LearnedAbbreviationStore.h"
-#include "search/QueryMatcher.h"
 
 #include <QThread>
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 #include <utility>
 
 namespace quorvantel {
@@ -18,13 +15,13 @@ namespace {
 constexpr double frecencyBoostFactor = 0.5;
 
 /// Without spaces and tabs at both ends. Newlines stay, so QString::trimmed does not fit.
-QString withoutOuterSpaces(const QString& text) {
+QStringView withoutOuterSpaces(QStringView text) {
     const auto isSpace = [](QChar unit) {
         return unit == u'\t' || unit.category() == QChar::Separator_Space;
     };
     const auto start = std::find_if_not(text.begin(), text.end(), isSpace);
     const auto end = std::find_if_not(text.rbegin(), std::make_reverse_iterator(start), isSpace);
-    return QStringView(start, end.base()).toString();
+    return {start, end.base()};
 }
 
 bool haveSameKind(const LaunchTarget& left, const LaunchTarget& right) {
@@ -64,6 +61,7 @@ void SearchEngine::setTargets(std::vector<LaunchTarget> targets) {
     if (targetsDiffer) {
         m_targets = std::move(targets);
         m_index = SearchKeyIndex(m_targets);
+        m_launchesRevision.reset();
     }
     const bool resultsDiffer = updateResults();
     if (targetsDiffer) {
@@ -112,19 +110,19 @@ void SearchEngine::reset() {
 
 std::vector<LaunchTarget> SearchEngine::search(const QString& query, double now) const {
     assertOnOwnThread();
-    const QString trimmed = withoutOuterSpaces(query);
+    const QStringView trimmed = withoutOuterSpaces(query);
     if (trimmed.isEmpty()) {
         return {};
     }
-    std::vector<Candidate> candidates = matchCatalogue(trimmed);
-    addFrecency(candidates, now);
-    addLearnedBoosts(candidates, query, now);
-    sort(candidates);
+    matchCatalogue(trimmed);
+    addFrecency(now);
+    addLearnedBoosts(query, now);
+    m_sorter.sort(m_candidates);
 
     std::vector<LaunchTarget> found;
-    found.reserve(candidates.size());
-    for (const Candidate& candidate : candidates) {
-        found.push_back(m_targets[candidate.target]);
+    found.reserve(m_candidates.size());
+    for (const Candidate& candidate : m_candidates) {
+        found.push_back(target(candidate));
     }
     return found;
 }
@@ -140,59 +138,67 @@ bool SearchEngine::updateResults() {
     return m_results != found;
 }
 
-std::vector<SearchEngine::Candidate> SearchEngine::matchCatalogue(const QString& query) const {
-    std::vector<Candidate> candidates;
-    QueryMatcher matcher(query);
-    for (std::uint32_t target = 0; target < m_index.targetCount(); ++target) {
-        if (const auto score = m_index.bestScore(target, matcher)) {
-            candidates.push_back({target, *score});
+void SearchEngine::matchCatalogue(QStringView query) const {
+    m_candidates.clear();
+    m_matcher.setQuery(query);
+    for (std::uint32_t place = 0; place < m_index.size(); ++place) {
+        if (const auto score = m_index.bestScore(place, m_matcher)) {
+            m_candidates.push_back({*score, place});
         }
     }
-    return candidates;
 }
 
 /// The most launched candidate gains half of its score, the others in proportion.
-void SearchEngine::addFrecency(std::vector<Candidate>& candidates, double now) const {
-    std::vector<double> weights;
-    weights.reserve(candidates.size());
+void SearchEngine::addFrecency(double now) const {
+    const std::vector<std::optional<FrecencyEntry>>& launches = launchesByPlace();
+    m_weights.clear();
     double largest = 0.0;
-    for (const Candidate& candidate : candidates) {
-        weights.push_back(m_frecency.weight(m_targets[candidate.target].id(), now));
-        largest = std::max(largest, weights.back());
+    for (const Candidate& candidate : m_candidates) {
+        const auto& launched = launches[candidate.place];
+        m_weights.push_back(launched ? FrecencyStore::weight(*launched, now) : 0.0);
+        largest = std::max(largest, m_weights.back());
     }
     if (largest <= 0.0) {
         return;
     }
-    for (size_t i = 0; i < candidates.size(); ++i) {
-        candidates[i].score *= 1.0 + frecencyBoostFactor * weights[i] / largest;
+    for (size_t i = 0; i < m_candidates.size(); ++i) {
+        m_candidates[i].score *= 1.0 + frecencyBoostFactor * m_weights[i] / largest;
     }
 }
 
-void SearchEngine::addLearnedBoosts(std::vector<Candidate>& candidates, const QString& query,
-                                    double now) const {
+/// Looked up again only after a launch: to find thousands of identifiers in a table takes longer
+/// than to match their names.
+const std::vector<std::optional<FrecencyEntry>>& SearchEngine::launchesByPlace() const {
+    if (m_launchesRevision == m_frecency.revision()) {
+        return m_launches;
+    }
+    m_launchesRevision = m_frecency.revision();
+    m_launches.assign(m_index.size(), std::nullopt);
+    const QHash<QString, FrecencyEntry>& entries = m_frecency.entries();
+    for (std::uint32_t place = 0; place < m_index.size() && !entries.isEmpty(); ++place) {
+        const auto known = entries.constFind(m_targets[m_index.targetAt(place)].id());
+        if (known != entries.cend()) {
+            m_launches[place] = *known;
+        }
+    }
+    return m_launches;
+}
+
+void SearchEngine::addLearnedBoosts(const QString& query, double now) const {
     if (m_learned == nullptr) {
         return;
     }
     const LearnedAbbreviationStore::Boosts boosts = m_learned->boosts(query, now);
-    for (Candidate& candidate : candidates) {
-        candidate.score += boosts[m_targets[candidate.target].id()];
+    if (boosts.isEmpty()) {
+        return;
+    }
+    for (Candidate& candidate : m_candidates) {
+        candidate.score += boosts[target(candidate).id()];
     }
 }
 
-void SearchEngine::sort(std::vector<Candidate>& candidates) const {
-    // Absurd numbers in a store's file can make a score that is not a number. It comes last, for
-    // it has no order of its own, which sorting relies on.
-    for (Candidate& candidate : candidates) {
-        if (std::isnan(candidate.score)) {
-            candidate.score = -std::numeric_limits<double>::infinity();
-        }
-    }
-    const auto place = [this](const Candidate& candidate) {
-        return std::pair(m_index.nameRank(candidate.target), candidate.target);
-    };
-    std::ranges::sort(candidates, [&place](const Candidate& left, const Candidate& right) {
-        return left.score != right.score ? left.score > right.score : place(left) < place(right);
-    });
+const LaunchTarget& SearchEngine::target(const Candidate& candidate) const {
+    return m_targets[m_index.targetAt(candidate.place)];
 }
 
 } // namespace quorvantel

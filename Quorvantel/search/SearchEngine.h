@@ -1,13 +1,19 @@
 #pragma once
 
 #include "catalogue/LaunchTarget.h"
+#include "search/BestFirst.h"
+#include "search/Candidate.h"
+#include "search/FrecencyEntry.h"
+#include "search/QueryMatcher.h"
 #include "search/ReferenceDate.h"
 #include "search/SearchKeyIndex.h"
 
 #include <QObject>
 #include <QString>
 
+#include <cstdint>
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace quorvantel {
@@ -80,18 +86,13 @@ Q_SIGNALS:
     void resetTokenChanged();
 
 private:
-    struct Candidate {
-        std::uint32_t target;
-        double score;
-    };
-
     void assertOnOwnThread() const;
     bool updateResults();
-    std::vector<Candidate> matchCatalogue(const QString& query) const;
-    void addFrecency(std::vector<Candidate>& candidates, double now) const;
-    void addLearnedBoosts(std::vector<Candidate>& candidates, const QString& query,
-                          double now) const;
-    void sort(std::vector<Candidate>& candidates) const;
+    void matchCatalogue(QStringView query) const;
+    void addFrecency(double now) const;
+    void addLearnedBoosts(const QString& query, double now) const;
+    const std::vector<std::optional<FrecencyEntry>>& launchesByPlace() const;
+    const LaunchTarget& target(const Candidate& candidate) const;
 
     const FrecencyStore& m_frecency;
     const LearnedAbbreviationStore* m_learned;
@@ -101,6 +102,14 @@ private:
     QString m_query;
     std::vector<LaunchTarget> m_results;
     qint64 m_resetToken = 0;
+    /// The launches of the targets at each place, as of a revision of the store.
+    mutable std::vector<std::optional<FrecencyEntry>> m_launches;
+    mutable std::optional<std::uint64_t> m_launchesRevision;
+    // Scratch memory of `search`, so that a keystroke allocates nothing but its results.
+    mutable QueryMatcher m_matcher;
+    mutable std::vector<Candidate> m_candidates;
+    mutable std::vector<double> m_weights;
+    mutable BestFirst m_sorter;
 };
 
 } // namespace quorvantel

@@ -5,46 +5,54 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <vector>
 
 namespace quorvantel {
 
+class PreparedKey;
 class QueryMatcher;
 
-/// A catalogue's search keys, prepared once for all queries, and the alphabetical order of its
-/// names. Targets are meant by their index in the catalogue.
+/// A catalogue's search keys, prepared once for all queries.
+///
+/// They lie in the alphabetical order of the targets' names, so that what is found is in that order
+/// already. A target is meant by its place in it; targets whose names the order does not tell apart
+/// are in catalogue order.
 class SearchKeyIndex {
 public:
     SearchKeyIndex() = default;
     explicit SearchKeyIndex(const std::vector<LaunchTarget>& catalogue);
 
-    std::uint32_t targetCount() const { return static_cast<std::uint32_t>(m_nameRanks.size()); }
+    std::uint32_t size() const { return static_cast<std::uint32_t>(m_targets.size()); }
+
+    /// The index in the catalogue of the target at a place.
+    std::uint32_t targetAt(std::uint32_t place) const { return m_targets[place]; }
 
     /// The highest score among the target's keys; nothing if none of them matches.
-    std::optional<double> bestScore(std::uint32_t target, QueryMatcher& matcher) const;
-
-    /// The place of the target's name in the current locale's alphabetical order, case
-    /// disregarded. Names that differ in nothing else share a place.
-    std::uint32_t nameRank(std::uint32_t target) const { return m_nameRanks[target]; }
+    std::optional<double> bestScore(std::uint32_t place, QueryMatcher& matcher) const;
 
 private:
     struct Key {
         std::uint64_t mask;
         std::uint32_t start;
-        std::uint32_t length;
+        std::uint32_t length : 31;
+        bool isLatin1 : 1;
     };
 
-    void append(const SearchKeyView& key);
-    SearchKeyView view(const Key& key) const;
+    void append(const QString& key);
+    void appendAscii(const QString& key);
+    void appendPrepared(const PreparedKey& key);
+    std::optional<double> score(const Key& key, QueryMatcher& matcher) const;
 
-    // The letters and bonuses of all keys lie one after the other, those of one key from its
-    // `start` on. Target t owns the keys from m_firstKeys[t] up to m_firstKeys[t + 1].
+    std::vector<std::uint32_t> m_targets;
+    // The target at place p owns the keys from m_firstKeys[p] up to m_firstKeys[p + 1]. The letters
+    // and bonuses of all keys lie one after the other, those of one key from its `start` on; the
+    // letters of each kind of key by themselves.
     std::vector<std::uint32_t> m_firstKeys;
     std::vector<Key> m_keys;
-    std::u32string m_letters;
-    std::vector<double> m_bonuses;
-    std::vector<std::uint32_t> m_nameRanks;
+    std::vector<std::uint8_t> m_latin1Letters;
+    std::vector<BoundaryBonus> m_latin1Bonuses;
+    std::vector<char32_t> m_otherLetters;
+    std::vector<BoundaryBonus> m_otherBonuses;
 };
 
 } // namespace quorvantel

@@ -2,6 +2,7 @@
 
 #include "search/LetterMask.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace quorvantel {
@@ -9,17 +10,18 @@ namespace quorvantel {
 SubsequenceFilter::SubsequenceFilter(std::u32string query)
     : m_query(std::move(query)), m_mask(letterMask(m_query)), m_firstColumns(m_query.size()) {}
 
-bool SubsequenceFilter::accepts(const SearchKeyView& key) {
+bool SubsequenceFilter::accepts(const UnicodeKey& key) {
     if (lacksLetters(key.mask, m_mask) || m_query.size() > key.letters.size()) {
         return false;
     }
-    size_t column = 0;
+    auto place = key.letters.begin();
     for (size_t i = 0; i < m_query.size(); ++i) {
-        column = key.letters.find(m_query[i], column);
-        if (column == std::u32string_view::npos) {
+        place = std::find(place, key.letters.end(), m_query[i]);
+        if (place == key.letters.end()) {
             return false;
         }
-        m_firstColumns[i] = ++column;
+        ++place;
+        m_firstColumns[i] = static_cast<size_t>(place - key.letters.begin());
     }
     return true;
 }

@@ -17,7 +17,7 @@ public:
     explicit SubsequenceFilter(std::u32string query);
 
     /// Whether the query is a subsequence of the key.
-    bool accepts(const SearchKeyView& key);
+    bool accepts(const UnicodeKey& key);
 
     /// After an accepted key: for each letter of the query the 1-based column of the key before
     /// which it cannot be placed. Valid until the next key.

@@ -1,10 +1,15 @@
 #include "search/FuzzyScorer.h"
 
+#include "search/AfterGaps.h"
 #include "search/LetterMask.h"
+#include "search/QueryMatcher.h"
 #include "search/ReferenceScorer.h"
+#include "search/SearchKeyIndex.h"
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <optional>
 #include <random>
 
 namespace quorvantel {
@@ -32,23 +37,63 @@ QString randomPart(std::mt19937& random, const QString& key) {
     return part;
 }
 
+QString realName(std::mt19937& random) {
+    static const QStringList names{
+        QStringLiteral("Firefox Web Browser"),   QStringLiteral("org.gnome.Calendar"),
+        QStringLiteral("LibreOffice Calc"),      QStringLiteral("gnome-control-center/display"),
+        QStringLiteral("Éditeur de fichiers"),   QStringLiteral("Größenänderung"),
+        QStringLiteral("Обозреватель файлов"),   QStringLiteral("Ρυθμίσεις ήχου"),
+        QStringLiteral("ファイル マネージャー"), QStringLiteral("계산기"),
+        QStringLiteral("आवाज़ रिकॉर्डर"),          QStringLiteral("الحاسبة"),
+        QStringLiteral("iPhone-Übertragung"),    QStringLiteral("ŝanĝilo de ĉapeloj")};
+    QString text = names[static_cast<qsizetype>(random()) % names.size()];
+    while (random() % 3 == 0) {
+        text += u' ' + names[static_cast<qsizetype>(random()) % names.size()];
+    }
+    return text;
+}
+
+/// The score as the launcher finds it, in a catalogue that was prepared once.
+std::optional<double> scoreInCatalogue(const QString& query, const QString& key) {
+    const SearchKeyIndex index({{key, key, {key}, {}, LaunchTarget::App{}}});
+    QueryMatcher matcher(query);
+    return index.bestScore(0, matcher);
+}
+
 TEST(FuzzyScorerTest, AgreesWithTheFormulasToTheLastBit) {
     std::mt19937 random(20010101);
     int matches = 0;
-    for (int round = 0; round < 20'000; ++round) {
-        const QString key = randomText(random, 24);
-        const QString query = round % 4 == 0 ? randomText(random, 4) : randomPart(random, key);
+    for (int round = 0; round < 50'000; ++round) {
+        const QString key = round % 2 == 0    ? realName(random)
+                            : round % 11 == 0 ? randomText(random, 150)
+                                              : randomText(random, 24);
+        const QString query = round % 4 == 0   ? randomText(random, 4)
+                              : round % 5 == 0 ? key.mid(random() % 8, 1 + random() % 5)
+                                               : randomPart(random, key);
         const auto expected = testing::referenceMatch(query, key);
-        const auto match = FuzzyScorer::match(query, key);
-        const auto score = FuzzyScorer::score(query, key);
-        ASSERT_EQ(match, expected) << qPrintable(query) << " in " << qPrintable(key);
-        ASSERT_EQ(score.has_value(), expected.has_value());
-        if (expected) {
-            ASSERT_EQ(*score, expected->score) << qPrintable(query) << " in " << qPrintable(key);
-            ++matches;
+        ASSERT_EQ(FuzzyScorer::match(query, key), expected)
+            << qPrintable(query) << " in " << qPrintable(key);
+        const auto score = expected ? std::optional(expected->score) : std::nullopt;
+        ASSERT_EQ(FuzzyScorer::score(query, key), score)
+            << qPrintable(query) << " in " << qPrintable(key);
+        ASSERT_EQ(scoreInCatalogue(query, key), score)
+            << qPrintable(query) << " in " << qPrintable(key);
+        matches += expected ? 1 : 0;
+    }
+    EXPECT_GT(matches, 25'000);
+}
+
+TEST(FuzzyScorerTest, TakesManyGapsAwayAsOneByOne) {
+    std::mt19937_64 random(7);
+    std::uniform_real_distribution<double> exponent(-8, 12);
+    for (int round = 0; round < 5'000; ++round) {
+        const double start = std::exp2(exponent(random)) * (round % 2 == 0 ? 1 : -1);
+        double expected = start;
+        for (std::size_t count = 0; count < 150; ++count) {
+            ASSERT_EQ(afterGaps(start, count), expected) << start << ", " << count << " gaps";
+            expected -= 0.01;
         }
     }
-    EXPECT_GT(matches, 10'000);
 }
 
 TEST(FuzzyScorerTest, PrefersStartsOfWordsAndRuns) {

@@ -1,4 +1,4 @@
-#include "search/NameRanks.h"
+#include "search/NameOrder.h"
 
 #include <QCollator>
 
@@ -25,21 +25,15 @@ std::vector<QCollatorSortKey> sortKeys(const std::vector<LaunchTarget>& targets)
 
 } // namespace
 
-std::vector<std::uint32_t> nameRanks(const std::vector<LaunchTarget>& targets) {
+std::vector<std::uint32_t> nameOrder(const std::vector<LaunchTarget>& targets) {
     const std::vector<QCollatorSortKey> keys = sortKeys(targets);
     std::vector<std::uint32_t> order(targets.size());
     std::iota(order.begin(), order.end(), 0U);
     std::sort(order.begin(), order.end(), [&keys](std::uint32_t left, std::uint32_t right) {
-        return keys[left].compare(keys[right]) < 0;
+        const int difference = keys[left].compare(keys[right]);
+        return difference != 0 ? difference < 0 : left < right;
     });
-
-    std::vector<std::uint32_t> ranks(targets.size());
-    std::uint32_t rank = 0;
-    for (size_t i = 1; i < order.size(); ++i) {
-        rank += keys[order[i - 1]].compare(keys[order[i]]) < 0 ? 1 : 0;
-        ranks[order[i]] = rank;
-    }
-    return ranks;
+    return order;
 }
 
 } // namespace quorvantel
