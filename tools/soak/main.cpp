@@ -3,6 +3,7 @@
 #include "support/ClientWindow.h"
 #include "support/ForeignGrab.h"
 #include "support/TestFiles.h"
+#include "support/WaitUntil.h"
 
 #include <X11/keysym.h>
 
@@ -53,6 +54,19 @@ void comeToRest(LauncherSession& session) {
     require(session.waitForRest(), "the launcher does not come to rest");
 }
 
+/// Opens what takes most memory when it is opened for the first time.
+void openWindows(LauncherSession& session) {
+    const auto expectInFront = [&session](const QByteArray& title) {
+        require(waitUntil([&] { return session.desktop().activeTitle() == title; }),
+                "a window does not come");
+    };
+    session.summon();
+    session.keyboard().press({XK_Super_L, XK_comma});
+    expectInFront("Quorvantel Settings");
+    session.keyboard().press({XK_F1});
+    expectInFront("Quorvantel Help");
+}
+
 void checkFiles(const LauncherSession& session) {
     for (const QString& name : {u"frecency.json"_s, u"abbreviations.json"_s}) {
         require(session.dataFile(name).has_value(), "a store is torn");
@@ -66,6 +80,7 @@ void soak(std::chrono::seconds length, unsigned seed) {
     session.addApplication(u"zinc"_s, u"Zinc"_s);
     session.start();
     const ClientWindow client(session.display(), QRect(40, 640, 400, 120));
+    openWindows(session);
     RandomUser user(session, seed);
     const auto begin = Clock::now();
     const auto quarter = begin + length / 4;
