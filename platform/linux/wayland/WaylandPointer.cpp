@@ -1,6 +1,7 @@
 #include "platform/linux/wayland/WaylandPointer.h"
 
 #include "blur-client-protocol.h"
+#include "keyboard-shortcuts-inhibit-unstable-v1-client-protocol.h"
 #include "wlr-foreign-toplevel-management-unstable-v1-client-protocol.h"
 #include "wlr-layer-shell-unstable-v1-client-protocol.h"
 
@@ -28,12 +29,30 @@ void WaylandDeleter::operator()(wl_event_queue* object) const {
     wl_event_queue_destroy(object);
 }
 
+void WaylandDeleter::operator()(wl_keyboard* object) const {
+    // The request for it came with the third version.
+    if (wl_keyboard_get_version(object) >= WL_KEYBOARD_RELEASE_SINCE_VERSION) {
+        wl_keyboard_release(object);
+    } else {
+        wl_keyboard_destroy(object);
+    }
+}
+
 void WaylandDeleter::operator()(wl_region* object) const {
     wl_region_destroy(object);
 }
 
 void WaylandDeleter::operator()(wl_registry* object) const {
     wl_registry_destroy(object);
+}
+
+void WaylandDeleter::operator()(wl_seat* object) const {
+    // The request for it came with the fifth version.
+    if (wl_seat_get_version(object) >= WL_SEAT_RELEASE_SINCE_VERSION) {
+        wl_seat_release(object);
+    } else {
+        wl_seat_destroy(object);
+    }
 }
 
 void WaylandDeleter::operator()(zwlr_foreign_toplevel_handle_v1* object) const {
@@ -56,6 +75,14 @@ void WaylandDeleter::operator()(zwlr_layer_shell_v1* object) const {
 
 void WaylandDeleter::operator()(zwlr_layer_surface_v1* object) const {
     zwlr_layer_surface_v1_destroy(object);
+}
+
+void WaylandDeleter::operator()(zwp_keyboard_shortcuts_inhibit_manager_v1* object) const {
+    zwp_keyboard_shortcuts_inhibit_manager_v1_destroy(object);
+}
+
+void WaylandDeleter::operator()(zwp_keyboard_shortcuts_inhibitor_v1* object) const {
+    zwp_keyboard_shortcuts_inhibitor_v1_destroy(object);
 }
 
 } // namespace quorvantel::platform

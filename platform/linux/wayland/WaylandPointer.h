@@ -8,12 +8,16 @@ struct wl_callback;
 struct wl_compositor;
 struct wl_display;
 struct wl_event_queue;
+struct wl_keyboard;
 struct wl_region;
 struct wl_registry;
+struct wl_seat;
 struct zwlr_foreign_toplevel_handle_v1;
 struct zwlr_foreign_toplevel_manager_v1;
 struct zwlr_layer_shell_v1;
 struct zwlr_layer_surface_v1;
+struct zwp_keyboard_shortcuts_inhibit_manager_v1;
+struct zwp_keyboard_shortcuts_inhibitor_v1;
 
 namespace quorvantel::platform {
 
@@ -24,12 +28,16 @@ struct WaylandDeleter {
     void operator()(wl_callback* object) const;
     void operator()(wl_compositor* object) const;
     void operator()(wl_event_queue* object) const;
+    void operator()(wl_keyboard* object) const;
     void operator()(wl_region* object) const;
     void operator()(wl_registry* object) const;
+    void operator()(wl_seat* object) const;
     void operator()(zwlr_foreign_toplevel_handle_v1* object) const;
     void operator()(zwlr_foreign_toplevel_manager_v1* object) const;
     void operator()(zwlr_layer_shell_v1* object) const;
     void operator()(zwlr_layer_surface_v1* object) const;
+    void operator()(zwp_keyboard_shortcuts_inhibit_manager_v1* object) const;
+    void operator()(zwp_keyboard_shortcuts_inhibitor_v1* object) const;
 };
 
 /// Owns a Wayland object of the client's.

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/linux/keyboard/Keymap.h"
+#include "platform/linux/wayland/WaylandConnection.h"
+
+#include <QObject>
+
+namespace quorvantel::platform {
+
+/// The user's keyboard, for what the toolkit keeps to itself: its key map.
+class WaylandKeyboard : public QObject {
+    Q_OBJECT
+
+public:
+    /// The connection must outlive the object. The key map arrives by the event loop.
+    explicit WaylandKeyboard(const WaylandConnection& connection);
+
+    /// That of a US keyboard until the compositor tells the user's.
+    const Keymap& keymap() const { return m_keymap; }
+
+    /// Null when the compositor has none.
+    wl_seat* seat() const { return m_seat.get(); }
+
+Q_SIGNALS:
+    void keymapChanged();
+
+private:
+    void setPresent(bool isPresent);
+    void read(std::uint32_t format, int file, std::uint32_t size);
+
+    WaylandPointer<wl_seat> m_seat;
+    WaylandPointer<wl_keyboard> m_keyboard;
+    Keymap m_keymap = Keymap::us();
+};
+
+} // namespace quorvantel::platform
