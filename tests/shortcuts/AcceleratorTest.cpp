@@ -1,6 +1,7 @@
 #include "platform/GlobalHotKeys.h"
 #include "platform/linux/shortcuts/DesktopSession.h"
 #include "platform/linux/shortcuts/QtKey.h"
+#include "platform/linux/shortcuts/StartCommand.h"
 #include "platform/linux/shortcuts/UserBinding.h"
 
 #include <QKeySequence>
