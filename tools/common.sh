@@ -16,12 +16,16 @@ step() {
     fi
 }
 
+# What the caller of `build` wants configured besides.
+configure_options=(-DQUORVANTEL_GNOME_TESTS=OFF)
+
 # build PRESET TESTS TARGET...: configures and builds; TESTS is ON or OFF.
 build() {
     local preset=$1 tests=$2
     shift 2
     step "Configuring ($preset)" "build/$preset/configure.log" \
-        cmake --preset "$preset" -DQUORVANTEL_TESTS="$tests" -DQUORVANTEL_BENCHMARKS="$tests"
+        cmake --preset "$preset" -DQUORVANTEL_TESTS="$tests" -DQUORVANTEL_BENCHMARKS="$tests" \
+        "${configure_options[@]}"
     step "Building ($preset)" "build/$preset/build.log" \
         cmake --build --preset "$preset" --target "$@"
 }

@@ -1,13 +1,20 @@
 #!/usr/bin/env bash
 # Builds the launcher and runs all tests; needs no display.
 #
-#   tools/test.sh [release|debug|asan|asan-input] [option of ctest...]
+#   tools/test.sh [gnome] [release|debug|asan|asan-input] [option of ctest...]
 #
+# With "gnome" those in a real GNOME as well, whose packages are many.
 # The last is the sanitizers for the layers alone that read what others wrote, in minutes. For example: tools/test.sh asan -R SearchEngine
 set -euo pipefail
 # shellcheck source=tools/common.sh
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
+roles=(build run test)
+if [[ ${1:-} == gnome ]]; then
+    roles+=(gnome)
+    configure_options+=(-DQUORVANTEL_GNOME_TESTS=ON)
+    shift
+fi
 preset=release
 target=all
 case "${1:-}" in
@@ -22,7 +29,7 @@ asan-input)
     ;;
 esac
 
-tools/install-packages.sh build run test
+tools/install-packages.sh "${roles[@]}"
 build "$preset" ON "$target"
 echo "• Testing ($preset)"
 exec ctest --preset "$preset" "$@" </dev/null

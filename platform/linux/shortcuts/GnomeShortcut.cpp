@@ -16,6 +16,18 @@ constexpr auto bindingKey = "binding";
 const QString entryPath =
     QStringLiteral("/org/gnome/settings-daemon/plugins/media-keys/custom-keybindings/quorvantel/");
 
+/// The connection to the session bus that the settings share with all of the process would end it
+/// together with the bus.
+void outliveSessionBus() {
+    const auto connected = +[](GObject* /*source*/, GAsyncResult* result, gpointer /*data*/) {
+        const GObjectPointer<GDBusConnection> connection(g_bus_get_finish(result, nullptr));
+        if (connection) {
+            g_dbus_connection_set_exit_on_close(connection.get(), FALSE);
+        }
+    };
+    g_bus_get(G_BUS_TYPE_SESSION, nullptr, connected, nullptr);
+}
+
 } // namespace
 
 GnomeShortcut::GnomeShortcut(const Accelerator& accelerator, QString command, bool keepsChoice,
@@ -27,6 +39,7 @@ GnomeShortcut::GnomeShortcut(const Accelerator& accelerator, QString command, bo
       m_list(GnomeSettings::find(listSchema)),
       m_entry(GnomeSettings::find(entrySchema, entryPath)),
       m_table([this] { follow(); }) {
+    outliveSessionBus();
     QMetaObject::invokeMethod(
         &m_context, [this] { begin(); }, Qt::QueuedConnection);
 }
