@@ -137,13 +137,11 @@ bool announcesStart(GDesktopAppInfo* entry, bool unlessDenied) {
            (unlessDenied && g_desktop_app_info_has_key(entry, key) == FALSE);
 }
 
-QByteArray announce(StartupNotifier* notifier, GDesktopAppInfo* entry, const QString& path) {
-    if (notifier == nullptr) {
-        return {};
-    }
+void announce(StartupNotifier& notifier, GDesktopAppInfo* entry, const QString& path,
+              StartupNotifier::Announced announced) {
     const GText icon(g_desktop_app_info_get_string(entry, G_KEY_FILE_DESKTOP_KEY_ICON));
-    return notifier->begin(g_app_info_get_display_name(G_APP_INFO(entry)),
-                           QFileInfo(path).fileName().toUtf8(), icon.get());
+    notifier.begin(g_app_info_get_display_name(G_APP_INFO(entry)),
+                   QFileInfo(path).fileName().toUtf8(), icon.get(), std::move(announced));
 }
 
 /// Sends what the Desktop Entry Specification has an application be activated by.
@@ -242,20 +240,29 @@ void GioWorkspace::openPanel(QStringList entries) {
 }
 
 void GioWorkspace::openEntry(const QString& path, StartupNotice notice, Completion completion) {
-    GDBusConnection* const bus = m_bus.get();
-    const auto entry = readEntry(path, bus != nullptr);
+    const std::shared_ptr<GDesktopAppInfo> entry = readEntry(path, m_bus.get() != nullptr);
     if (!entry) {
         LaunchReport(m_alive, std::move(completion), nullptr, {}).fail(entryProblem(path));
         return;
     }
+    const auto start = [this, alive = std::weak_ptr(m_alive), entry, path,
+                        completion = std::move(completion)](const QByteArray& startupId) {
+        if (alive.expired()) {
+            return;
+        }
+        LaunchReport report(alive, completion, m_notifier, startupId);
+        GDBusConnection* const bus = m_bus.get();
+        if (bus != nullptr && isActivatable(entry.get(), path)) {
+            activate(bus, path, startupId, std::move(report));
+        } else {
+            execute(entry.get(), startupId, std::move(report));
+        }
+    };
     const bool isAnnounced = announcesStart(entry.get(), notice == StartupNotice::UnlessDenied);
-    const QByteArray startupId =
-        isAnnounced ? announce(m_notifier, entry.get(), path) : QByteArray();
-    LaunchReport report(m_alive, std::move(completion), m_notifier, startupId);
-    if (bus != nullptr && isActivatable(entry.get(), path)) {
-        activate(bus, path, startupId, std::move(report));
+    if (isAnnounced && m_notifier != nullptr) {
+        announce(*m_notifier, entry.get(), path, start);
     } else {
-        execute(entry.get(), startupId, std::move(report));
+        start({});
     }
 }
 

@@ -17,8 +17,8 @@ namespace quorvantel::platform {
 class LaunchReport {
 public:
     /// `owner` expires when nothing is to be reported any more, and then `notifier`, which may be
-    /// null, is not used. `startupId` is what `notifier` returned when the start was announced to
-    /// it; empty when it was not.
+    /// null, is not used. `startupId` is what `notifier` gave when the start was announced to it;
+    /// empty when it was not.
     LaunchReport(std::weak_ptr<const void> owner, Workspace::Completion completion,
                  StartupNotifier* notifier, QByteArray startupId);
 

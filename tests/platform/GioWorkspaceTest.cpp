@@ -10,6 +10,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QTimer>
 
 #include <fcntl.h>
 #include <gio/gio.h>
@@ -29,14 +30,16 @@ using namespace quorvantel::testing;
 
 class RecordingNotifier final : public StartupNotifier {
 public:
-    QByteArray begin(const QByteArray& applicationName, const QByteArray& desktopFileId,
-                     const QByteArray& iconName) override {
+    void begin(const QByteArray& applicationName, const QByteArray& desktopFileId,
+               const QByteArray& iconName, Announced announced) override {
         begun.append(applicationName + '|' + desktopFileId + '|' + iconName);
-        return "startup-id_TIME7";
+        const auto answer = [announced] { announced("startup-id_TIME7"); };
+        isLate ? QTimer::singleShot(1, answer) : answer();
     }
 
     void fail(const QByteArray& id) override { failed.append(id); }
 
+    bool isLate = false;
     QByteArrayList begun;
     QByteArrayList failed;
 };
@@ -153,6 +156,7 @@ TEST_F(GioWorkspaceTest, RunsTheProgramOfABundleApartFromTheLauncher) {
 }
 
 TEST_F(GioWorkspaceTest, AnnouncesTheStartOfAnEntryThatWantsIt) {
+    notifier.isLate = true;
     open(writeEntry(recorder(), "StartupNotify=true"));
     ASSERT_TRUE(hasReported());
     EXPECT_EQ(notifier.begun, QByteArrayList{"Entry|entry.desktop|entry"});

@@ -31,16 +31,24 @@ TEST(StartTest, AFolderThatOthersCouldChangeIsNotUsed) {
     EXPECT_NE(placeOf(openInstanceFolder()), inHome(u"elsewhere"_s));
 }
 
-TEST(StartTest, ReadsOnlyWholeRequestsAndKnowsScreensOfOneDisplay) {
-    const StartRequest request{":1", "id_TIME5"};
+TEST(StartTest, ReadsOnlyWholeRequestsAndKnowsWhichAreOfOneSession) {
+    const StartRequest request{":1", "id_TIME5", "wayland-1", "token"};
     EXPECT_EQ(StartRequest::decoded(request.encoded()), request);
     EXPECT_EQ(StartRequest::decoded(request.encoded() + "of a later version"), request);
     for (const std::string& message : {std::string(), std::string(":1\0id", 5)}) {
         EXPECT_FALSE(StartRequest::decoded(message));
     }
-    EXPECT_TRUE(isSameDisplay(":0", ":0.1"));
-    EXPECT_FALSE(isSameDisplay(":0", ":1"));
-    EXPECT_FALSE(isSameDisplay("10.0.0.1:0", "10.0.0.2:0"));
+    EXPECT_EQ(StartRequest::decoded(std::string(":1\0id\0", 6)),
+              (StartRequest{":1", "id", "", "id"}));
+    const auto isSame = [](const StartRequest& start, const StartRequest& running) {
+        return isSameSession(start, running) && isSameSession(running, start);
+    };
+    EXPECT_TRUE(isSame({":0", "", "", ""}, {":0.1", "", "wayland-0", ""}));
+    EXPECT_TRUE(isSame({}, {":0", "", "", ""}));
+    EXPECT_TRUE(isSame({":1", "", "/run/user/1/wayland-0", ""}, {":0", "", "wayland-0", ""}));
+    EXPECT_FALSE(isSame({":0", "", "", ""}, {":1", "", "wayland-0", ""}));
+    EXPECT_FALSE(isSame({":1", "", "wayland-1", ""}, {":0", "", "wayland-0", ""}));
+    EXPECT_FALSE(isSame({"10.0.0.1:0", "", "", ""}, {"10.0.0.2:0", "", "", ""}));
 }
 
 TEST(StartTest, TheBusOfTheUserIsInTheRuntimeFolder) {

@@ -31,8 +31,8 @@ struct Launcher {
     Launcher& operator=(const Launcher&) = delete;
 
     void receive() {
-        service.receive([this](ApplicationRequest request, const QByteArray& startupId) {
-            requests.emplace_back(request, startupId);
+        service.receive([this](ApplicationRequest request, const CallerToken& token) {
+            requests.emplace_back(request, token.startupId + '/' + token.activationToken);
         });
     }
 
@@ -89,9 +89,9 @@ TEST_F(ApplicationServiceTest, HandsOverEveryRequestWithTheCallersToken) {
     EXPECT_EQ(call(u"ActivateAction"_s, {u"fly"_s, QVariantList(), QVariantMap()}),
               u"org.freedesktop.DBus.Error.InvalidArgs"_s);
     using enum ApplicationRequest;
-    const decltype(first.requests) expected{{Summon, "token"},        {Summon, "id_TIME1"},
-                                            {OpenSettings, {}},       {ShowHelp, {}},
-                                            {ToggleStartAtLogin, {}}, {Quit, {}}};
+    const decltype(first.requests) expected{{Summon, "token/token"},   {Summon, "id_TIME1/token"},
+                                            {OpenSettings, "/"},       {ShowHelp, "/"},
+                                            {ToggleStartAtLogin, "/"}, {Quit, "/"}};
     EXPECT_EQ(first.requests, expected);
 }
 

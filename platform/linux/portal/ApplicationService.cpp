@@ -37,11 +37,14 @@ constexpr std::array actions{
     Action{u"quit", ApplicationRequest::Quit},
 };
 
-/// A launcher with an X server understands the startup ID best.
-QByteArray startupIdIn(const QVariantMap& platformData) {
-    const QString id = platformData.value(QStringLiteral("desktop-startup-id")).toString();
-    return (id.isEmpty() ? platformData.value(QStringLiteral("activation-token")).toString() : id)
-        .toUtf8();
+CallerToken tokenIn(const QVariantMap& platformData) {
+    const auto text = [&platformData](const char* key) {
+        return platformData.value(QString::fromLatin1(key)).toString().toUtf8();
+    };
+    const QByteArray id = text("desktop-startup-id");
+    const QByteArray token = text("activation-token");
+    return {.startupId = id.isEmpty() ? token : id,
+            .activationToken = token.isEmpty() ? id : token};
 }
 
 void log(const QString& message) {
@@ -102,7 +105,7 @@ void ApplicationService::handOver() {
 }
 
 void ApplicationService::Activate(const QVariantMap& platformData) {
-    m_handler(ApplicationRequest::Summon, startupIdIn(platformData));
+    m_handler(ApplicationRequest::Summon, tokenIn(platformData));
 }
 
 void ApplicationService::Open(const QStringList& /*uris*/, const QVariantMap& platformData) {
@@ -113,7 +116,7 @@ void ApplicationService::ActivateAction(const QString& action, const QVariantLis
                                         const QVariantMap& platformData) {
     for (const Action& known : actions) {
         if (known.name == action) {
-            m_handler(known.request, startupIdIn(platformData));
+            m_handler(known.request, tokenIn(platformData));
             return;
         }
     }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/ApplicationRequests.h"
+#include "platform/linux/CallerActivation.h"
 
-#include <QByteArray>
 #include <QDBusConnection>
 #include <QDBusContext>
 #include <QObject>
@@ -24,9 +24,8 @@ class ApplicationService : public QObject, protected QDBusContext {
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
-    /// Receives a request and what the caller gave along so that a window may come to the front: a
-    /// startup ID or an activation token, which may be empty.
-    using Handler = std::function<void(ApplicationRequest, const QByteArray& startupId)>;
+    /// Receives a request and what the caller gave along.
+    using Handler = std::function<void(ApplicationRequest, const CallerToken& token)>;
 
     explicit ApplicationService(QDBusConnection bus);
 

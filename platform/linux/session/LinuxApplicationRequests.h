@@ -22,10 +22,10 @@ public:
 
 private:
     QString admit(const StartRequest& request);
-    void hand(ApplicationRequest request, const QByteArray& startupId);
+    void hand(ApplicationRequest request, const CallerToken& token);
 
     CallerActivation& m_activation;
-    QByteArray m_ownStartupId;
+    StartRequest m_ownStart;
     FurtherStarts m_starts;
     ApplicationService m_service;
     Handler m_handler;

@@ -1,7 +1,6 @@
 #include "platform/linux/session/StartContext.h"
 
 #include "platform/linux/start/BusProbe.h"
-#include "platform/linux/start/StartRequest.h"
 
 #include <QtGlobal>
 
@@ -17,7 +16,7 @@ constexpr std::chrono::milliseconds busPatience{500};
 StartContext StartContext::take() {
     StartContext start;
     start.instance = FirstInstance::takeOver();
-    start.startupId = QByteArray::fromStdString(StartRequest::fromEnvironment().startupId);
+    start.request = StartRequest::fromEnvironment();
     for (const char* const variable : {"DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN"}) {
         qunsetenv(variable);
     }

@@ -2,6 +2,7 @@
 
 #include "platform/linux/session/AccessibilityBus.h"
 #include "platform/linux/start/FirstInstance.h"
+#include "platform/linux/start/StartRequest.h"
 
 #include <QByteArray>
 
@@ -12,9 +13,8 @@ namespace quorvantel::platform {
 /// What the session left to the process when it started it.
 struct StartContext {
     FirstInstance instance;
-    /// What the desktop gave the start so that a window may come to the front; empty when nobody
-    /// asked for one.
-    QByteArray startupId;
+    /// As the environment had it. Nobody asked for a window where the tokens are empty.
+    StartRequest request;
     /// DBUS_SESSION_BUS_ADDRESS as it was, when the bus is silent. The variable then names no bus,
     /// so that the toolkit does not wait for it.
     std::optional<QByteArray> silentBus;

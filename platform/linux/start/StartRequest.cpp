@@ -19,30 +19,59 @@ std::string_view withoutScreen(std::string_view display) {
     return hasScreen ? display.substr(0, screen) : display;
 }
 
+std::string_view withoutFolder(std::string_view display) {
+    return display.substr(display.rfind('/') + 1);
+}
+
+/// The next of the texts in a message, which each end with a zero byte; absent at its end.
+std::optional<std::string> takeText(std::string_view& message) {
+    const std::size_t end = message.find('\0');
+    if (end == std::string_view::npos) {
+        return std::nullopt;
+    }
+    std::string text(message.substr(0, end));
+    message.remove_prefix(end + 1);
+    return text;
+}
+
 } // namespace
 
 StartRequest StartRequest::fromEnvironment() {
-    const std::string startupId = variable("DESKTOP_STARTUP_ID");
-    return {variable("DISPLAY"), startupId.empty() ? variable("XDG_ACTIVATION_TOKEN") : startupId};
+    const std::string id = variable("DESKTOP_STARTUP_ID");
+    const std::string token = variable("XDG_ACTIVATION_TOKEN");
+    return {.display = variable("DISPLAY"),
+            .startupId = id.empty() ? token : id,
+            .waylandDisplay = variable("WAYLAND_DISPLAY"),
+            .activationToken = token.empty() ? id : token};
 }
 
 std::string StartRequest::encoded() const {
-    return display + '\0' + startupId + '\0';
+    std::string message;
+    for (const std::string& text : {display, startupId, waylandDisplay, activationToken}) {
+        message += text + '\0';
+    }
+    return message;
 }
 
 std::optional<StartRequest> StartRequest::decoded(std::string_view message) {
-    const std::size_t first = message.find('\0');
-    const std::size_t second =
-        first == std::string_view::npos ? first : message.find('\0', first + 1);
-    if (second == std::string_view::npos) {
+    const auto display = takeText(message);
+    const auto startupId = takeText(message);
+    if (!startupId) {
         return std::nullopt;
     }
-    return StartRequest{std::string(message.substr(0, first)),
-                        std::string(message.substr(first + 1, second - first - 1))};
+    // A start of the first version sends no more.
+    const std::string waylandDisplay = takeText(message).value_or("");
+    return StartRequest{*display, *startupId, waylandDisplay,
+                        takeText(message).value_or(*startupId)};
 }
 
-bool isSameDisplay(std::string_view one, std::string_view other) {
-    return withoutScreen(one) == withoutScreen(other);
+bool isSameSession(const StartRequest& start, const StartRequest& running) {
+    const bool knowsX11 = !start.display.empty() && !running.display.empty();
+    const bool knowsWayland = !start.waylandDisplay.empty() && !running.waylandDisplay.empty();
+    return (!knowsX11 && !knowsWayland) ||
+           (knowsX11 && withoutScreen(start.display) == withoutScreen(running.display)) ||
+           (knowsWayland &&
+            withoutFolder(start.waylandDisplay) == withoutFolder(running.waylandDisplay));
 }
 
 } // namespace quorvantel::platform

@@ -19,8 +19,8 @@ void X11CallerActivation::Unref::operator()(SnDisplay* display) const {
 X11CallerActivation::X11CallerActivation(const X11Display& display, X11UserTime& userTime)
     : m_display(display), m_userTime(userTime) {}
 
-void X11CallerActivation::during(const QByteArray& startupId, const std::function<void()>& task) {
-    if (startupId.isEmpty()) {
+void X11CallerActivation::during(const CallerToken& token, const std::function<void()>& task) {
+    if (token.startupId.isEmpty()) {
         task();
         return;
     }
@@ -29,7 +29,7 @@ void X11CallerActivation::during(const QByteArray& startupId, const std::functio
         m_notifications.reset(sn_xcb_display_new(m_display.connection, nullptr, nullptr));
     }
     SnLauncheeContext* const context =
-        sn_launchee_context_new(m_notifications.get(), screenNumber, startupId.constData());
+        sn_launchee_context_new(m_notifications.get(), screenNumber, token.startupId.constData());
     if (sn_launchee_context_get_id_has_timestamp(context) != 0) {
         m_userTime.note(static_cast<xcb_timestamp_t>(sn_launchee_context_get_timestamp(context)));
     }

@@ -17,7 +17,7 @@ public:
     /// `userTime` must outlive this object.
     X11CallerActivation(const X11Display& display, X11UserTime& userTime);
 
-    void during(const QByteArray& startupId, const std::function<void()>& task) override;
+    void during(const CallerToken& token, const std::function<void()>& task) override;
 
 private:
     struct Unref {

@@ -25,9 +25,9 @@ X11StartupNotifier::X11StartupNotifier(const X11Display& display, const X11UserT
 
 X11StartupNotifier::~X11StartupNotifier() = default;
 
-QByteArray X11StartupNotifier::begin(const QByteArray& applicationName,
-                                     const QByteArray& /*desktopFileId*/,
-                                     const QByteArray& iconName) {
+void X11StartupNotifier::begin(const QByteArray& applicationName,
+                               const QByteArray& /*desktopFileId*/, const QByteArray& iconName,
+                               Announced announced) {
     m_context.reset(sn_launcher_context_new(m_display.get(), screenNumber));
     sn_launcher_context_set_name(m_context.get(), applicationName.constData());
     sn_launcher_context_set_description(m_context.get(), applicationName.constData());
@@ -36,7 +36,7 @@ QByteArray X11StartupNotifier::begin(const QByteArray& applicationName,
     }
     sn_launcher_context_initiate(m_context.get(), "quorvantel", applicationName.constData(),
                                  m_userTime.last());
-    return sn_launcher_context_get_startup_id(m_context.get());
+    announced(sn_launcher_context_get_startup_id(m_context.get()));
 }
 
 void X11StartupNotifier::fail(const QByteArray& id) {

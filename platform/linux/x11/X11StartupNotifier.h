@@ -18,8 +18,8 @@ public:
     X11StartupNotifier(const X11Display& display, const X11UserTime& userTime);
     ~X11StartupNotifier() override;
 
-    QByteArray begin(const QByteArray& applicationName, const QByteArray& desktopFileId,
-                     const QByteArray& iconName) override;
+    void begin(const QByteArray& applicationName, const QByteArray& desktopFileId,
+               const QByteArray& iconName, Announced announced) override;
     void fail(const QByteArray& id) override;
 
 private:
