@@ -81,7 +81,7 @@ QObject* bridgeConnection() {
 } // namespace
 
 AccessibilityBus::Address AccessibilityBus::holdBack() {
-    const Address address =
+    Address address =
         qEnvironmentVariableIsSet(variable) ? Address(qgetenv(variable)) : std::nullopt;
     qputenv(variable, "disabled:");
     return address;
