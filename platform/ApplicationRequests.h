@@ -23,8 +23,8 @@ public:
     virtual ~ApplicationRequests() = default;
 
     /// Begins to hand requests over, each from the event loop; those that came since the process
-    /// began have waited until now. While the handler runs, the windows that it shows may come to
-    /// the front on behalf of whoever made the request. To be called once.
+    /// began have waited until now. What the handler has `WindowActivator` activate comes to the
+    /// front on behalf of whoever made the request, even if it does so later. To be called once.
     virtual void receive(Handler handler) = 0;
 };
 

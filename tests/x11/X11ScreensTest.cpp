@@ -2,6 +2,7 @@
 
 #include "platform/linux/x11/X11EventDispatcher.h"
 #include "support/Monitors.h"
+#include "support/Pointer.h"
 #include "support/WaitUntil.h"
 #include "support/XConnection.h"
 
@@ -72,6 +73,15 @@ TEST(X11ScreensTest, LeavesOutTheBarsOfEachScreen) {
     EXPECT_EQ(screens.all()[1].frame, QRectF(800, -120, 480, 720));
     EXPECT_EQ(screens.all()[1].visibleFrame, QRectF(800, -120, 480, 690));
     EXPECT_EQ(screens.all()[0].visibleFrame, QRectF(0, 0, 800, 600));
+    // The right edge of a screen belongs to the next one; below the first there is none.
+    testing::Pointer pointer(connection);
+    for (const auto& [place, index] : {std::pair(QPoint(799, 599), 0), std::pair(QPoint(800, 0), 1),
+                                       std::pair(QPoint(100, 650), 0)}) {
+        pointer.moveTo(place);
+        EXPECT_EQ(screens.target(), screens.all()[static_cast<std::size_t>(index)]);
+    }
+    EXPECT_EQ(screens.underMouse(), std::nullopt);
+    EXPECT_EQ(screenWithId(screens.all()[1].id, screens.all()), screens.all()[1]);
     EXPECT_EQ(screens.toWindowGeometry(screens.all()[1].visibleFrame), QRect(800, 30, 480, 690));
 
     bar.reserve({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0});
