@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/PanelHost.h"
+#include "platform/linux/wayland/WaylandConnection.h"
+
+namespace quorvantel::platform {
+
+/// Hosts the panel in a layer surface or, where the compositor has none, in a toplevel.
+class WaylandPanelHost : public PanelHost {
+public:
+    /// `connection` must outlive the host.
+    explicit WaylandPanelHost(const WaylandConnection& connection);
+
+    Qt::WindowFlags windowFlags() const override;
+    std::unique_ptr<PanelSurface> makeSurface(const PanelContent& content) override;
+
+private:
+    bool hasLayers() const;
+
+    const WaylandConnection& m_connection;
+};
+
+} // namespace quorvantel::platform
