@@ -4,6 +4,7 @@
 #include "keyboard-shortcuts-inhibit-unstable-v1-client-protocol.h"
 #include "wlr-foreign-toplevel-management-unstable-v1-client-protocol.h"
 #include "wlr-layer-shell-unstable-v1-client-protocol.h"
+#include "xdg-activation-v1-client-protocol.h"
 
 #include <wayland-client-protocol.h>
 
@@ -38,6 +39,10 @@ void WaylandDeleter::operator()(wl_keyboard* object) const {
     }
 }
 
+void WaylandDeleter::operator()(wl_pointer* object) const {
+    wl_pointer_destroy(object);
+}
+
 void WaylandDeleter::operator()(wl_region* object) const {
     wl_region_destroy(object);
 }
@@ -53,6 +58,14 @@ void WaylandDeleter::operator()(wl_seat* object) const {
     } else {
         wl_seat_destroy(object);
     }
+}
+
+void WaylandDeleter::operator()(xdg_activation_token_v1* object) const {
+    xdg_activation_token_v1_destroy(object);
+}
+
+void WaylandDeleter::operator()(xdg_activation_v1* object) const {
+    xdg_activation_v1_destroy(object);
 }
 
 void WaylandDeleter::operator()(zwlr_foreign_toplevel_handle_v1* object) const {
