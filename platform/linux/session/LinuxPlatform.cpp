@@ -31,7 +31,16 @@ LinuxPlatform::LinuxPlatform(DisplayServer& server, StartContext& start)
 
 QString LinuxPlatform::iconTheme() const {
     const SettingsManager* const manager = m_server.settingsManager();
-    return manager == nullptr ? QString() : manager->values().value("Net/IconThemeName").toString();
+    if (manager != nullptr) {
+        return manager->values().value("Net/IconThemeName").toString();
+    }
+    const PortalValues& told = m_portalSettings.values();
+    // A portal may tell GNOME's settings elsewhere, too, and the toolkit knows KDE's by itself.
+    return told.contains(QStringLiteral("org.kde.kdeglobals.General"))
+               ? QString()
+               : told.value(QStringLiteral("org.gnome.desktop.interface"))
+                     .value(QStringLiteral("icon-theme"))
+                     .toString();
 }
 
 } // namespace quorvantel::platform

@@ -1,6 +1,9 @@
 #include "platform/linux/wayland/WaylandKeyboard.h"
 
+#include "platform/linux/keyboard/KeySymbols.h"
 #include "platform/linux/start/FileDescriptor.h"
+
+#include <QKeyEvent>
 
 #include <sys/mman.h>
 #include <wayland-client-protocol.h>
@@ -44,6 +47,11 @@ WaylandKeyboard::WaylandKeyboard(const WaylandConnection& connection)
     }
 }
 
+QChar WaylandKeyboard::baseCharacter(const QKeyEvent& event) {
+    const auto symbol = m_keymap.baseSymbol(event.nativeScanCode(), m_layout);
+    return symbol && isLatin1(*symbol) ? QChar(static_cast<char16_t>(*symbol)) : QChar();
+}
+
 void WaylandKeyboard::setPresent(bool isPresent) {
     if (!isPresent || m_keyboard) {
         // A keyboard that is gone is best described by its key map.
@@ -61,9 +69,10 @@ void WaylandKeyboard::setPresent(bool isPresent) {
                     wl_surface* /*surface*/) {},
         .key = [](void* /*self*/, wl_keyboard* /*keyboard*/, std::uint32_t /*serial*/,
                   std::uint32_t /*time*/, std::uint32_t /*key*/, std::uint32_t /*state*/) {},
-        .modifiers = [](void* /*self*/, wl_keyboard* /*keyboard*/, std::uint32_t /*serial*/,
-                        std::uint32_t /*depressed*/, std::uint32_t /*latched*/,
-                        std::uint32_t /*locked*/, std::uint32_t /*layout*/) {},
+        .modifiers =
+            [](void* self, wl_keyboard* /*keyboard*/, std::uint32_t /*serial*/,
+               std::uint32_t /*depressed*/, std::uint32_t /*latched*/, std::uint32_t /*locked*/,
+               std::uint32_t layout) { static_cast<WaylandKeyboard*>(self)->m_layout = layout; },
         .repeat_info = [](void* /*self*/, wl_keyboard* /*keyboard*/, std::int32_t /*rate*/,
                           std::int32_t /*delay*/) {},
     };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Keyboard.h"
 #include "platform/linux/keyboard/Keymap.h"
 #include "platform/linux/wayland/WaylandConnection.h"
 
@@ -8,7 +9,7 @@
 namespace quorvantel::platform {
 
 /// The user's keyboard, for what the toolkit keeps to itself: its key map.
-class WaylandKeyboard : public QObject {
+class WaylandKeyboard : public QObject, public Keyboard {
     Q_OBJECT
 
 public:
@@ -17,6 +18,8 @@ public:
 
     /// That of a US keyboard until the compositor tells the user's.
     const Keymap& keymap() const { return m_keymap; }
+
+    QChar baseCharacter(const QKeyEvent& event) override;
 
     /// Null when the compositor has none.
     wl_seat* seat() const { return m_seat.get(); }
@@ -31,6 +34,8 @@ private:
     WaylandPointer<wl_seat> m_seat;
     WaylandPointer<wl_keyboard> m_keyboard;
     Keymap m_keymap = Keymap::us();
+    /// The number of the layout in force.
+    unsigned int m_layout = 0;
 };
 
 } // namespace quorvantel::platform

@@ -1,0 +1,80 @@
+#include "support/ChildProcess.h"
+#include "support/TestFiles.h"
+#include "support/WaitUntil.h"
+#include "support/WaylandClient.h"
+#include "support/WaylandCompositor.h"
+#include "support/WaylandInput.h"
+
+#include <gtest/gtest.h>
+#include <linux/input-event-codes.h>
+
+#include <optional>
+
+namespace quorvantel {
+namespace {
+
+using namespace ::quorvantel::testing;
+using namespace Qt::StringLiterals;
+
+/// The launcher's program in a session of a real compositor, beside an application that has the
+/// keyboard.
+class WaylandSessionTest : public ::testing::TestWithParam<const char*> {
+protected:
+    WaylandSessionTest() {
+        compositor.enter();
+        writeFile(inHome(u".local/share/applications/zebra.desktop"_s),
+                  "[Desktop Entry]\nType=Application\nName=Zebra\nStartupNotify=true\n"
+                  "Exec=sh -c \"echo $XDG_ACTIVATION_TOKEN >" +
+                      QFile::encodeName(inHome(u"token"_s)) + "\"\n");
+    }
+
+    static ChildProcess::Launch launch() {
+        return {.program = QStringLiteral(QUORVANTEL_PROGRAM), .outputPath = inHome(u"output"_s)};
+    }
+
+    /// Starts the launcher once more; false when that fails, as while there is none.
+    static bool startAgain() {
+        ChildProcess again(launch());
+        const auto exit = again.waitForExit(patience);
+        return exit && !exit->crashed && exit->status == 0;
+    }
+
+    static QByteArray output() { return readFile(inHome(u"output"_s)); }
+
+    WaylandCompositor compositor{{.program = QString::fromLatin1(GetParam())}};
+    WaylandInput input{compositor};
+    WaylandClient application{compositor};
+};
+
+TEST_P(WaylandSessionTest, AFurtherStartShowsThePanelAndALostCompositorEndsTheLauncher) {
+    qputenv("XDG_ACTIVATION_TOKEN", "starts-with-the-panel");
+    ChildProcess launcher(launch());
+    qunsetenv("XDG_ACTIVATION_TOKEN");
+    ASSERT_TRUE(waitUntil([&] { return !application.isActive() || !launcher.isRunning(); }))
+        << output().toStdString();
+    input.type("zebra");
+    input.press({KEY_ENTER});
+    EXPECT_TRUE(waitUntil([] { return !readFile(inHome(u"token"_s)).trimmed().isEmpty(); }))
+        << output().toStdString();
+    EXPECT_TRUE(waitUntil([&] { return application.isActive(); }));
+    EXPECT_EQ(application.typed(), "");
+
+    ASSERT_TRUE(startAgain());
+    ASSERT_TRUE(waitUntil([&] { return !application.isActive(); }));
+    input.press({KEY_ESC});
+    EXPECT_TRUE(waitUntil([&] { return application.isActive(); }));
+    const qsizetype lines = output().count('\n');
+    compositor.signal(SIGKILL);
+    const auto exit = launcher.waitForExit(patience);
+    ASSERT_TRUE(exit) << "it hangs without a display";
+    EXPECT_FALSE(exit->crashed) << exit->status;
+    EXPECT_EQ(exit->status, 1);
+    EXPECT_TRUE(output().endsWith("Quorvantel: the display server is gone\n"));
+    EXPECT_EQ(output().count('\n'), lines + 1) << output().toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(On, WaylandSessionTest, ::testing::Values("sway", "kwin_wayland"),
+                         [](const auto& info) { return std::string(info.param); });
+
+} // namespace
+} // namespace quorvantel
