@@ -6,6 +6,11 @@ namespace quorvantel::platform {
 
 GObjectPointer<GAppLaunchContext> makeLaunchContext(const QByteArray& startupId) {
     GObjectPointer<GAppLaunchContext> context(g_app_launch_context_new());
+    // Set for the panel's own window.
+    for (const char* variable :
+         {"QT_WAYLAND_FRAME_CALLBACK_TIMEOUT", "QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT"}) {
+        g_app_launch_context_unsetenv(context.get(), variable);
+    }
     // Toolkits read the one name on X11 and the other one on Wayland.
     for (const char* variable : {"DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN"}) {
         if (startupId.isEmpty()) {

@@ -22,14 +22,19 @@ class WaylandSessionTest : public ::testing::TestWithParam<const char*> {
 protected:
     WaylandSessionTest() {
         compositor.enter();
+        const QByteArray proof = QFile::encodeName(inHome(u"environment"_s));
         writeFile(inHome(u".local/share/applications/zebra.desktop"_s),
                   "[Desktop Entry]\nType=Application\nName=Zebra\nStartupNotify=true\n"
-                  "Exec=sh -c \"echo $XDG_ACTIVATION_TOKEN >" +
-                      QFile::encodeName(inHome(u"token"_s)) + "\"\n");
+                  "Exec=sh -c \"env >" +
+                      proof + ".part; mv " + proof + ".part " + proof + "\"\n");
     }
 
     static ChildProcess::Launch launch() {
-        return {.program = QStringLiteral(QUORVANTEL_PROGRAM), .outputPath = inHome(u"output"_s)};
+        ChildProcess::Launch launch{.program = QStringLiteral(QUORVANTEL_PROGRAM),
+                                    .outputPath = inHome(u"output"_s)};
+        // The session alone decides.
+        launch.environment.remove(u"QT_QPA_PLATFORM"_s);
+        return launch;
     }
 
     /// Starts the launcher once more; false when that fails, as while there is none.
@@ -54,8 +59,11 @@ TEST_P(WaylandSessionTest, AFurtherStartShowsThePanelAndALostCompositorEndsTheLa
         << output().toStdString();
     input.type("zebra");
     input.press({KEY_ENTER});
-    EXPECT_TRUE(waitUntil([] { return !readFile(inHome(u"token"_s)).trimmed().isEmpty(); }))
-        << output().toStdString();
+    const auto environment = [] { return readFile(inHome(u"environment"_s)); };
+    EXPECT_TRUE(waitUntil([&] { return !environment().isEmpty(); })) << output().toStdString();
+    EXPECT_TRUE(environment().contains("\nXDG_ACTIVATION_TOKEN="));
+    EXPECT_FALSE(environment().contains("starts-with-the-panel")) << "it is the launcher's own";
+    EXPECT_FALSE(environment().contains("\nQT_")) << environment().toStdString();
     EXPECT_TRUE(waitUntil([&] { return application.isActive(); }));
     EXPECT_EQ(application.typed(), "");
 
