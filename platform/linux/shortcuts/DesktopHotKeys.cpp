@@ -156,10 +156,10 @@ private:
     HotKeyState m_state;
 };
 
-DesktopHotKeys::DesktopHotKeys(QDBusConnection bus, const QStringList& desktops,
-                               QString startCommand, Keymap keymap)
+DesktopHotKeys::DesktopHotKeys(QDBusConnection bus, QStringList desktops, QString startCommand,
+                               Keymap keymap)
     : m_bus(std::move(bus)),
-      m_desktops(desktops),
+      m_desktops(std::move(desktops)),
       m_startCommand(std::move(startCommand)),
       m_keymap(std::move(keymap)) {}
 

@@ -25,8 +25,7 @@ class DesktopHotKeys : public GlobalHotKeys {
 public:
     /// `desktops` are the session's names, `startCommand` is the command line, as for a shell, of a
     /// further start. `bus` is the session bus.
-    DesktopHotKeys(QDBusConnection bus, const QStringList& desktops, QString startCommand,
-                   Keymap keymap);
+    DesktopHotKeys(QDBusConnection bus, QStringList desktops, QString startCommand, Keymap keymap);
     ~DesktopHotKeys() override;
 
     std::unique_ptr<Token> installHandler(PressHandler handler) override;

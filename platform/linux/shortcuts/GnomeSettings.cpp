@@ -79,7 +79,7 @@ QString GnomeSettings::text(const char* key) const {
 
 QString GnomeSettings::summary(const char* key) const {
     GSettingsSchemaKey* const schemaKey = g_settings_schema_get_key(m_schema.get(), key);
-    const QString summary = QString::fromUtf8(g_settings_schema_key_get_summary(schemaKey));
+    QString summary = QString::fromUtf8(g_settings_schema_key_get_summary(schemaKey));
     g_settings_schema_key_unref(schemaKey);
     return summary;
 }
@@ -90,10 +90,12 @@ bool GnomeSettings::isWritable(const char* key) const {
 
 void GnomeSettings::setList(const char* key, const QStringList& value) {
     std::vector<QByteArray> texts;
+    texts.reserve(static_cast<std::size_t>(value.size()));
     for (const QString& text : value) {
         texts.push_back(text.toUtf8());
     }
     std::vector<const gchar*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (const QByteArray& text : texts) {
         pointers.push_back(text.constData());
     }
