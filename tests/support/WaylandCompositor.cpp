@@ -53,8 +53,8 @@ void run(const QString& program, const QStringList& arguments, const QString& fo
     }
 }
 
-/// Asks KWin for the pixels of an area in points.
-QImage screenshotOfKWin(const QString& busAddress, const QRect& area) {
+/// Asks KWin for what all outputs show.
+QImage screenshotOfKWin(const QString& busAddress) {
     const QString name = u"screenshot"_s;
     const QDBusConnection bus = QDBusConnection::connectToBus(busAddress, name);
     QTemporaryFile pixels;
@@ -63,9 +63,8 @@ QImage screenshotOfKWin(const QString& busAddress, const QRect& area) {
     }
     QDBusMessage call =
         QDBusMessage::createMethodCall(u"org.kde.KWin"_s, u"/org/kde/KWin/ScreenShot2"_s,
-                                       u"org.kde.KWin.ScreenShot2"_s, u"CaptureArea"_s);
-    call << area.x() << area.y() << static_cast<uint>(area.width())
-         << static_cast<uint>(area.height()) << QVariantMap{{u"native-resolution"_s, true}}
+                                       u"org.kde.KWin.ScreenShot2"_s, u"CaptureWorkspace"_s);
+    call << QVariantMap{{u"native-resolution"_s, true}}
          << QVariant::fromValue(QDBusUnixFileDescriptor(pixels.handle()));
     const QDBusReply<QVariantMap> reply = bus.call(call);
     QDBusConnection::disconnectFromBus(name);
@@ -139,10 +138,11 @@ ChildProcess::Launch WaylandCompositor::launch() const {
     // A copy has none of the capabilities with which the system's own is not to be started here. It
     // knows itself by its name.
     launch.program = copyOf(QStandardPaths::findExecutable(m_options.program));
+    const QSizeF points = m_options.pixels.toSizeF() / m_options.scale;
     launch.arguments = {u"--virtual"_s,      u"--no-lockscreen"_s,
                         u"--socket"_s,       u"wayland-1"_s,
-                        u"--width"_s,        QString::number(m_options.pixels.width()),
-                        u"--height"_s,       QString::number(m_options.pixels.height()),
+                        u"--width"_s,        QString::number(qRound(points.width())),
+                        u"--height"_s,       QString::number(qRound(points.height())),
                         u"--scale"_s,        QString::number(m_options.scale),
                         u"--output-count"_s, QString::number(m_options.outputs)};
     launch.environment.insert(u"KWIN_COMPOSE"_s, u"O2"_s);
@@ -176,7 +176,7 @@ void WaylandCompositor::command(const QString& command) const {
 
 QImage WaylandCompositor::screenshot() const {
     if (m_options.program == u"kwin_wayland"_s) {
-        return screenshotOfKWin(busAddress(), QRect(QPoint(), size()));
+        return screenshotOfKWin(busAddress());
     }
     const QString path = m_folder.filePath(u"screen.ppm"_s);
     run(u"grim"_s, {u"-t"_s, u"ppm"_s, path}, m_folder.path());

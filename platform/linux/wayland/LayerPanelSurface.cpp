@@ -37,7 +37,7 @@ LayerPanelSurface::LayerPanelSurface(const PanelContent& content,
       m_shell(std::move(shell)),
       m_toplevels(connection.globals()),
       m_blur(connection),
-      m_popups(content.window, connection, [this](wl_surface& popup) { return makeRole(popup); }) {
+      m_popups(*this, connection, [this](wl_surface& popup) { return makeRole(popup); }) {
     connect(&m_toplevels, &ForeignToplevels::activated, this, [this] { loseKeyboard(); });
     connect(&m_popups, &PanelPopups::changed, this, [this] {
         if (isVisible() && m_role) {

@@ -1,5 +1,6 @@
 #include "platform/linux/wayland/PanelPopups.h"
 
+#include "platform/PanelSurface.h"
 #include "platform/linux/wayland/WaylandConnection.h"
 
 #include <QGuiApplication>
@@ -19,7 +20,8 @@ bool isPopup(const QWindow& window) {
 
 } // namespace
 
-PanelPopups::PanelPopups(QWindow& panel, const WaylandConnection& connection, MakeRole makeRole)
+PanelPopups::PanelPopups(const PanelSurface& panel, const WaylandConnection& connection,
+                         MakeRole makeRole)
     : m_panel(panel), m_connection(connection), m_makeRole(std::move(makeRole)) {
     qGuiApp->installEventFilter(this);
 }
@@ -41,7 +43,7 @@ void PanelPopups::takeOver(QWindow& window, QEvent* event) {
         if (static_cast<QPlatformSurfaceEvent*>(event)->surfaceEventType() ==
             QPlatformSurfaceEvent::SurfaceAboutToBeDestroyed) {
             m_roles.erase(&window);
-        } else if (isPopup(window) && QGuiApplication::focusWindow() == &m_panel) {
+        } else if (isPopup(window) && m_panel.isVisible()) {
             // Qt is to give it no role of its own.
             window.setFlag(Qt::BypassWindowManagerHint);
             m_roles.insert({&window, nullptr});

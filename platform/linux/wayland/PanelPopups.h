@@ -12,6 +12,7 @@ class QWindow;
 
 namespace quorvantel::platform {
 
+class PanelSurface;
 class WaylandConnection;
 
 /// Shows the menus and tooltips of a panel that is a layer surface as layer surfaces, too. Qt knows
@@ -24,7 +25,8 @@ public:
     /// Makes a layer surface on the panel's output.
     using MakeRole = std::function<std::unique_ptr<LayerSurface>(wl_surface& surface)>;
 
-    PanelPopups(QWindow& panel, const WaylandConnection& connection, MakeRole makeRole);
+    /// Both must outlive the object. What is opened while the panel is shown is the panel's.
+    PanelPopups(const PanelSurface& panel, const WaylandConnection& connection, MakeRole makeRole);
 
     /// Where the top-left corner of the panel's window is on its output.
     void setOrigin(const QPoint& origin) { m_origin = origin; }
@@ -40,7 +42,7 @@ Q_SIGNALS:
 private:
     void takeOver(QWindow& window, QEvent* event);
 
-    QWindow& m_panel;
+    const PanelSurface& m_panel;
     const WaylandConnection& m_connection;
     MakeRole m_makeRole;
     QPoint m_origin;

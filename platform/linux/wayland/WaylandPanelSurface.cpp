@@ -4,9 +4,19 @@
 #include <QScreen>
 #include <QWindow>
 
+#include <chrono>
 #include <utility>
 
 namespace quorvantel::platform {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Longer than a compositor takes to let the panel have the keyboard again.
+constexpr auto menuClosing = 300ms;
+
+} // namespace
 
 WaylandPanelSurface::WaylandPanelSurface(const PanelContent& content,
                                          const WaylandConnection& connection)
@@ -15,6 +25,8 @@ WaylandPanelSurface::WaylandPanelSurface(const PanelContent& content,
       m_mouse(content.window, connection) {
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this,
             &WaylandPanelSurface::focusChanged);
+    m_focusCheck.setSingleShot(true);
+    connect(&m_focusCheck, &QTimer::timeout, this, &WaylandPanelSurface::checkFocus);
     connect(&m_content, &QWindow::screenChanged, this, &WaylandPanelSurface::tellScreen);
 }
 
@@ -53,12 +65,22 @@ void WaylandPanelSurface::endFirstFrame() {
 }
 
 void WaylandPanelSurface::focusChanged(const QWindow* focused) {
-    if (focused != &m_content) {
-        loseKeyboard();
-    } else if (m_isVisible) {
+    if (focused == &m_content && m_isVisible) {
         m_hasKeyboard = true;
         // Qt says nothing of a screen that is the one of the last showing.
         tellScreen();
+    }
+    if (focused != nullptr) {
+        m_isMenuFocused = focused->type() == Qt::Popup;
+    }
+    // KWin gives the keyboard to the panel's menu, and back some time after that was closed.
+    m_focusCheck.start(m_isMenuFocused ? menuClosing : 0ms);
+}
+
+void WaylandPanelSurface::checkFocus() {
+    const QWindow* const focused = QGuiApplication::focusWindow();
+    if (focused != &m_content && (focused == nullptr || !m_isMenuFocused)) {
+        loseKeyboard();
     }
 }
 

@@ -5,6 +5,8 @@
 #include "platform/linux/gui/PanelShadow.h"
 #include "platform/linux/wayland/SurfaceMouse.h"
 
+#include <QTimer>
+
 namespace quorvantel::platform {
 
 /// What every kind of panel on Wayland has in common: its content's window is the panel's own and
@@ -47,6 +49,7 @@ private:
     void tellScreen();
     void endFirstFrame();
     void focusChanged(const QWindow* focused);
+    void checkFocus();
 
     QWindow& m_content;
     PanelShadow m_shadow;
@@ -55,6 +58,9 @@ private:
     bool m_awaitsFirstFrame = false;
     /// Has got the keyboard since it was shown, and neither given it back nor lost it.
     bool m_hasKeyboard = false;
+    /// Whether it was a menu that last got the focus.
+    bool m_isMenuFocused = false;
+    QTimer m_focusCheck;
 };
 
 } // namespace quorvantel::platform
