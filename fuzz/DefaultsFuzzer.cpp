@@ -21,12 +21,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     defaults.set(key, value);
     const PropertyListDefaults reopened(path);
     require(reopened.value(key) == value);
-    const PropertyList list = parsePropertyList(content);
-    if (!list || plist_get_node_type(list.get()) != PLIST_DICT) {
+    const auto list = PropertyList::parse(content);
+    if (!list || !list->isDictionary()) {
         require(readFile(damaged) == content);
         return 0;
     }
-    for (const QString& known : toVariant(list.get()).toMap().keys()) {
+    for (const QString& known : list->toVariant().toMap().keys()) {
         require(reopened.value(known) == defaults.value(known));
     }
     return 0;

@@ -1,6 +1,8 @@
 #include "Fuzzing.h"
 #include "search/FuzzyScorer.h"
+#include "search/QueryMatcher.h"
 #include "search/ReferenceScorer.h"
+#include "search/SearchKeyIndex.h"
 
 #include <algorithm>
 
@@ -24,6 +26,10 @@ void requireSound(const QString& query, const QString& key) {
     const auto match = FuzzyScorer::match(query, key);
     const auto score = FuzzyScorer::score(query, key);
     require(match.has_value() == score.has_value());
+    // As the launcher finds it, in a catalogue that was prepared once.
+    const SearchKeyIndex index({{key, key, {key}, {}, LaunchTarget::App{}}});
+    QueryMatcher matcher(query);
+    require(index.bestScore(0, matcher) == score);
     if (match) {
         require(match->score == *score);
         require(std::ranges::is_sorted(match->positions, std::ranges::less_equal()) ||
@@ -34,7 +40,8 @@ void requireSound(const QString& query, const QString& key) {
 } // namespace
 
 /// The first byte tells how many of the others are the query; the rest is the key. Any text scores
-/// alike with and without positions, and a text of known letters as the plain formulas say.
+/// alike with and without positions and in a catalogue, and a text of known letters as the plain
+/// formulas say.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const QByteArray bytes = bytesOf(data, size);
     const qsizetype length = size == 0 ? 0 : std::min<qsizetype>(data[0], bytes.size() - 1);
