@@ -121,10 +121,15 @@ TEST_F(DesktopHotKeysTest, KdeThatDoesNotAnswerIsWaitedForAndHoldsNobodyUp) {
     EXPECT_TRUE(waitUntil([&] { return refusal() == 102; }));
 }
 
-TEST_F(DesktopHotKeysTest, AKeyThatTheKeyboardLacksIsRefusedAtOnce) {
-    registerHotKey(u"KDE"_s);
+TEST_F(DesktopHotKeysTest, AKeyThatTheKeyboardLacksIsRefusedOnceItIsKnown) {
+    hotKeys.emplace(bus, QStringList{u"KDE"_s}, u"launch"_s, std::nullopt);
+    registration = hotKeys->registerHotKey(200, 0x100, identity, [this] { ++changes; });
+    EXPECT_EQ(registration->state(), HotKeyState(HotKeyPending{}));
+    hotKeys->setKeymap(Keymap::us());
+    EXPECT_EQ(refusal(), 2);
     registration = hotKeys->registerHotKey(200, 0x100, identity, nullptr);
     EXPECT_EQ(refusal(), 2);
+    EXPECT_EQ(changes, 1);
 }
 
 } // namespace

@@ -47,13 +47,14 @@ public:
           m_keyCode(keyCode),
           m_modifiers(modifiers),
           m_identity(identity),
-          m_onChange(std::move(onChange)),
-          m_accelerator(Accelerator::at(keyCode, modifiers, owner.m_keymap)) {
+          m_onChange(std::move(onChange)) {
         const std::pair asked(keyCode, modifiers);
-        const bool keepsChoice = m_owner.m_lastAsked.value_or(asked) == asked;
+        m_keepsChoice = m_owner.m_lastAsked.value_or(asked) == asked;
         m_owner.m_lastAsked = asked;
         m_owner.m_registrations.push_back(this);
-        m_state = begin(keepsChoice);
+        if (m_owner.m_keymap) {
+            m_state = begin();
+        }
     }
     ~KeyRegistration() override { m_owner.m_registrations.remove(this); }
 
@@ -66,16 +67,17 @@ public:
     }
 
     void followKeymap() {
-        const auto accelerator = Accelerator::at(m_keyCode, m_modifiers, m_owner.m_keymap);
-        if (accelerator != m_accelerator) {
-            m_accelerator = accelerator;
-            turn(begin(false));
+        const auto accelerator = Accelerator::at(m_keyCode, m_modifiers, *m_owner.m_keymap);
+        if (!m_hasBegun || accelerator != m_accelerator) {
+            m_keepsChoice = m_keepsChoice && !m_hasBegun;
+            turn(begin());
         }
     }
 
 private:
-    HotKeyState begin(bool keepsChoice) {
-        m_keepsChoice = keepsChoice;
+    HotKeyState begin() {
+        m_hasBegun = true;
+        m_accelerator = Accelerator::at(m_keyCode, m_modifiers, *m_owner.m_keymap);
         m_waysLeft = shortcutWays(m_owner.m_desktops);
         return tryNextWay();
     }
@@ -150,6 +152,7 @@ private:
     std::optional<Accelerator> m_accelerator;
     /// Whether other keys that the desktop has for the launcher are the user's choice.
     bool m_keepsChoice = true;
+    bool m_hasBegun = false;
     std::vector<ShortcutWay> m_waysLeft;
     /// Absent when nobody was asked.
     std::unique_ptr<DesktopShortcut> m_shortcut;
@@ -157,7 +160,7 @@ private:
 };
 
 DesktopHotKeys::DesktopHotKeys(QDBusConnection bus, QStringList desktops, QString startCommand,
-                               Keymap keymap)
+                               std::optional<Keymap> keymap)
     : m_bus(std::move(bus)),
       m_desktops(std::move(desktops)),
       m_startCommand(std::move(startCommand)),

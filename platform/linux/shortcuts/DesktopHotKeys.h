@@ -24,8 +24,10 @@ namespace quorvantel::platform {
 class DesktopHotKeys : public GlobalHotKeys {
 public:
     /// `desktops` are the session's names, `startCommand` is the command line, as for a shell, of a
-    /// further start. `bus` is the session bus.
-    DesktopHotKeys(QDBusConnection bus, QStringList desktops, QString startCommand, Keymap keymap);
+    /// further start. `bus` is the session bus. Without a key map nothing is asked yet: what the
+    /// key means could be another than the user's settings have been made for.
+    DesktopHotKeys(QDBusConnection bus, QStringList desktops, QString startCommand,
+                   std::optional<Keymap> keymap);
     ~DesktopHotKeys() override;
 
     std::unique_ptr<Token> installHandler(PressHandler handler) override;
@@ -51,7 +53,7 @@ private:
     QDBusConnection m_bus;
     QStringList m_desktops;
     QString m_startCommand;
-    Keymap m_keymap;
+    std::optional<Keymap> m_keymap;
     std::list<PressHandler*> m_handlers;
     std::list<KeyRegistration*> m_registrations;
     int m_suspensions = 0;

@@ -14,7 +14,7 @@ namespace quorvantel::platform {
 
 namespace {
 
-/// GNOME would ask the user each time.
+/// GNOME would ask the user.
 WaylandKeyCapture::Shortcuts shortcutsIn(const QStringList& desktops) {
     return desktops.contains(QStringLiteral("GNOME"), Qt::CaseInsensitive)
                ? WaylandKeyCapture::Shortcuts::Left
@@ -46,7 +46,7 @@ WaylandDisplayServer::WaylandDisplayServer(std::unique_ptr<WaylandConnection> co
       m_windowActivator(m_activation),
       m_panelHost(*m_connection) {
     QObject::connect(&m_keyboard, &WaylandKeyboard::keymapChanged, &m_keyboard,
-                     [this] { m_hotKeys.setKeymap(m_keyboard.keymap()); });
+                     [this] { m_hotKeys.setKeymap(*m_keyboard.keymap()); });
 }
 
 bool WaylandDisplayServer::isGone() const {

@@ -76,8 +76,9 @@ KeyCapture::Fate WaylandKeyCapture::decide(const QKeyEvent& event) {
     if (m_watch == nullptr) {
         return Fate::PassedOn;
     }
+    const auto& keymap = m_keyboard.keymap();
     const auto keyPress =
-        m_keyboard.keymap().press(event.nativeScanCode(), event.nativeModifiers());
+        keymap ? keymap->press(event.nativeScanCode(), event.nativeModifiers()) : std::nullopt;
     Fate fate = Fate::Swallowed;
     if (keyPress && !event.isAutoRepeat()) {
         // A copy, since it may end the capture.

@@ -16,9 +16,9 @@ namespace quorvantel::platform {
 /// inhibited meanwhile (`keyboard-shortcuts-inhibit-unstable-v1`) where it knows how.
 class WaylandKeyCapture : public QObject, public KeyCapture {
 public:
-    /// Whether the compositor is asked to leave its shortcuts alone. GNOME puts that question to the
-    /// user, in a dialog that takes the keyboard from the recorder, and what it has shortcuts for
-    /// could not become the hotkey anyway.
+    /// Whether the compositor is asked to leave its shortcuts alone. GNOME puts that question to
+    /// the user, in a dialog that takes the keyboard from the recorder, and what it has shortcuts
+    /// for could not become the hotkey anyway.
     enum class Shortcuts { Inhibited, Left };
 
     /// The references must outlive the object.

@@ -48,7 +48,8 @@ WaylandKeyboard::WaylandKeyboard(const WaylandConnection& connection)
 }
 
 QChar WaylandKeyboard::baseCharacter(const QKeyEvent& event) {
-    const auto symbol = m_keymap.baseSymbol(event.nativeScanCode(), m_layout);
+    const auto symbol =
+        m_keymap ? m_keymap->baseSymbol(event.nativeScanCode(), m_layout) : std::nullopt;
     return symbol && isLatin1(*symbol) ? QChar(static_cast<char16_t>(*symbol)) : QChar();
 }
 
@@ -82,12 +83,14 @@ void WaylandKeyboard::setPresent(bool isPresent) {
 
 void WaylandKeyboard::read(std::uint32_t format, int file, std::uint32_t size) {
     const FileDescriptor owned(file);
-    if (format != WL_KEYBOARD_KEYMAP_FORMAT_XKB_V1 || size == 0 || size > maximumSize) {
-        return;
+    const bool isReadable =
+        format == WL_KEYBOARD_KEYMAP_FORMAT_XKB_V1 && size > 0 && size <= maximumSize;
+    auto keymap = isReadable ? Keymap::fromText(contents(file, size)) : std::nullopt;
+    if (!keymap) {
+        keymap = Keymap::us();
     }
-    auto keymap = Keymap::fromText(contents(file, size));
-    if (keymap && *keymap != m_keymap) {
-        m_keymap = std::move(*keymap);
+    if (keymap != m_keymap) {
+        m_keymap = std::move(keymap);
         Q_EMIT keymapChanged();
     }
 }

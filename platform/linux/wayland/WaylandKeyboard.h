@@ -6,6 +6,8 @@
 
 #include <QObject>
 
+#include <optional>
+
 namespace quorvantel::platform {
 
 /// The user's keyboard, for what the toolkit keeps to itself: its key map.
@@ -16,8 +18,9 @@ public:
     /// The connection must outlive the object. The key map arrives by the event loop.
     explicit WaylandKeyboard(const WaylandConnection& connection);
 
-    /// That of a US keyboard until the compositor tells the user's.
-    const Keymap& keymap() const { return m_keymap; }
+    /// Absent until the compositor tells it; that of a US keyboard when it tells none that can be
+    /// read.
+    const std::optional<Keymap>& keymap() const { return m_keymap; }
 
     QChar baseCharacter(const QKeyEvent& event) override;
 
@@ -33,7 +36,7 @@ private:
 
     WaylandPointer<wl_seat> m_seat;
     WaylandPointer<wl_keyboard> m_keyboard;
-    Keymap m_keymap = Keymap::us();
+    std::optional<Keymap> m_keymap;
     /// The number of the layout in force.
     unsigned int m_layout = 0;
 };
