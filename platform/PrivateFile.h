@@ -26,8 +26,9 @@ FileContent readRegularFile(const QString& path, qint64 limit);
 ///
 /// Missing folders are created for the user only (mode 0700), existing ones stay as they are; the
 /// file has mode 0600. A symbolic link in place of the file or of a folder is followed and stays a
-/// link. A device is never replaced. A process that is killed while it writes leaves one file beside
-/// the target, "NAME.unfinished", which the next replacement takes over. Returns false when the file was not changed.
+/// link. A device is never replaced. A process that is killed while it writes leaves one file
+/// beside the target, "NAME.unfinished", which the next replacement takes over. Returns false when
+/// the file was not changed.
 bool replacePrivateFile(const QString& path, const QByteArray& content);
 
 /// What went wrong, in words for a log line.

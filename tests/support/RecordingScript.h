@@ -3,8 +3,8 @@
 namespace quorvantel::testing {
 
 /// A program that writes down in the folder "record" of the home folder what it was started with:
-/// arguments, environment, the signals that are blocked and ignored, session, open files and folder.
-/// The file "done" comes last.
+/// arguments, environment, the signals that are blocked and ignored, session, open files and
+/// folder. The file "done" comes last.
 inline constexpr const char* recordingScript = R"(#!/bin/sh
 PATH=/usr/bin:/bin
 out="$HOME/record"

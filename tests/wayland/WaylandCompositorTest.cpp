@@ -1,6 +1,7 @@
+#include "support/WaylandCompositor.h"
+
 #include "support/WaitUntil.h"
 #include "support/WaylandClient.h"
-#include "support/WaylandCompositor.h"
 #include "support/WaylandInput.h"
 
 #include <gtest/gtest.h>
