@@ -31,6 +31,8 @@ struct HotKeyUnavailable {
     HotKeyStatus status;
     /// Why, as a sentence for the user; empty when the status is all that is known.
     QString reason;
+    /// Whether the user switched it off in the system's own settings, and may switch it on again.
+    bool isUsersWish = false;
 
     friend bool operator==(const HotKeyUnavailable&, const HotKeyUnavailable&) = default;
 };

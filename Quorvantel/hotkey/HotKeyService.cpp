@@ -56,7 +56,8 @@ void HotKeyService::follow() {
     const platform::HotKeyState& state = m_hotKey->state();
     if (const auto* const unavailable = std::get_if<platform::HotKeyUnavailable>(&state)) {
         const auto error = HotKeyError::registrationFailed(*unavailable);
-        if (m_hasWorked) {
+        // No other hotkey takes the place of one that the user does not want.
+        if (m_hasWorked || unavailable->isUsersWish) {
             handleLoss(error);
         } else {
             handleRefusal(error);

@@ -102,13 +102,21 @@ TEST_F(HotKeyServiceTest, TheSubstituteTakesThePlaceOfWhatIsRefusedNowOrLater) {
     press();
     EXPECT_EQ(presses, 1);
 
+    // One that the user switched off in the system's settings may be switched on again there.
+    hotKeys.answer = platform::HotKeyPending{};
+    service.registerHotKey({40, 0x0300}, count, substitute);
+    hotKeys.turn(platform::HotKeyUnavailable{100, {}, true});
+    EXPECT_FALSE(service.state().active);
+    hotKeys.turn(platform::HotKeyRegistered{});
+    EXPECT_EQ(service.state(), standing(HotKeyBinding{40, 0x0300}, {}));
+
     hotKeys.answer = platform::HotKeyPending{};
     service.registerHotKey({40, 0x0300}, count, substitute);
     hotKeys.turn(testing::FakeHotKeys::refusal);
     EXPECT_TRUE(service.state().isPending);
     hotKeys.turn(testing::FakeHotKeys::refusal);
     EXPECT_EQ(service.state(), standing({}, refusal)) << "one after the other";
-    EXPECT_EQ(failures.size(), 2) << "the substitute's goes without saying";
+    EXPECT_EQ(failures.size(), 3) << "the substitute's goes without saying";
 
     service.registerHotKey(substitute, count, substitute);
     hotKeys.turn(testing::FakeHotKeys::refusal);

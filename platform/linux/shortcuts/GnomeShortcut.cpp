@@ -144,7 +144,7 @@ HotKeyState GnomeShortcut::state() const {
     if (!held) {
         return HotKeyUnavailable{
             ShortcutStatus::switchedOff,
-            QStringLiteral("The hotkey is switched off in the system's settings.")};
+            QStringLiteral("The hotkey is switched off in the system's settings."), true};
     }
     if (const auto purpose = purposeOf(*held)) {
         return HotKeyUnavailable{

@@ -60,7 +60,7 @@ int firstKey(const KdeKeySequences& keys) {
 
 HotKeyUnavailable switchedOff() {
     return {ShortcutStatus::switchedOff,
-            QStringLiteral("The hotkey is switched off in the system's settings.")};
+            QStringLiteral("The hotkey is switched off in the system's settings."), true};
 }
 
 /// `holder` is a component and an action, as in `actionId`.

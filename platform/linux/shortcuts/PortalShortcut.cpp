@@ -133,7 +133,7 @@ void PortalShortcut::shortcutsChanged(const QDBusMessage& signal) {
     if (trigger.isEmpty()) {
         answer(HotKeyState(HotKeyUnavailable{
             ShortcutStatus::switchedOff,
-            QStringLiteral("The hotkey is switched off in the system's settings.")}));
+            QStringLiteral("The hotkey is switched off in the system's settings."), true}));
     } else {
         answer(HotKeyState(HotKeyRegistered{trigger}));
     }
