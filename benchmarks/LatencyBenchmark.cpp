@@ -1,3 +1,5 @@
+#include "GeneratedApplications.h"
+#include "Series.h"
 #include "e2e/LauncherSession.h"
 #include "support/ChildProcess.h"
 #include "support/Keyboard.h"
@@ -6,12 +8,12 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QStandardPaths>
 #include <QWidget>
 #include <QWindow>
 
 #include <X11/keysym.h>
 
-#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdio>
@@ -21,7 +23,6 @@
 #include <string_view>
 #include <thread>
 #include <utility>
-#include <vector>
 
 namespace quorvantel {
 namespace {
@@ -30,9 +31,7 @@ using namespace ::quorvantel::testing;
 using namespace std::chrono_literals;
 
 using Clock = std::chrono::steady_clock;
-using Milliseconds = std::chrono::duration<double, std::milli>;
 
-constexpr int rounds = 50;
 constexpr int applications = 200;
 constexpr QRect bareWindowGeometry{320, 160, 640, 56};
 
@@ -64,7 +63,10 @@ int runBareWindow(int argc, char** argv) {
     QApplication application(argc, argv);
     BareWindow window;
     window.show();
-    window.windowHandle()->setKeyboardGrabEnabled(true);
+    // Refused until the server has the window on the screen.
+    while (!window.windowHandle()->setKeyboardGrabEnabled(true)) {
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+    }
     return QApplication::exec();
 }
 
@@ -83,15 +85,7 @@ Milliseconds timeToChange(const XDesktop& desktop, const QRect& region,
     return Clock::now() - begin;
 }
 
-/// Prints the median, the extremes and the count of a series.
-void report(const char* what, std::vector<Milliseconds> times) {
-    std::ranges::sort(times);
-    std::printf("%-34s median %6.2f ms   minimum %6.2f ms   maximum %6.2f ms   (%zu rounds)\n",
-                what, times[times.size() / 2].count(), times.front().count(), times.back().count(),
-                times.size());
-}
-
-void measureBareWindow(const QString& self) {
+void measureBareWindow(const QString& self, int rounds) {
     const IsolatedHome home;
     const XServer server;
     const XConnection connection(server.display());
@@ -105,14 +99,14 @@ void measureBareWindow(const QString& self) {
         throw std::runtime_error("the bare window did not come up");
     }
 
-    std::vector<Milliseconds> times;
+    Series times;
     const QRect region(bareWindowGeometry.topLeft() + QPoint(20, 20), QSize(4, 4));
     for (int round = 0; round < rounds; ++round) {
         std::this_thread::sleep_for(50ms);
-        times.push_back(timeToChange(desktop, region, [&] { keyboard.hold(XK_a); }));
+        times.add(timeToChange(desktop, region, [&] { keyboard.hold(XK_a); }));
         keyboard.release(XK_a);
     }
-    report("bare window, key to paint", times);
+    times.print("a bare shown window that changes its colour");
 }
 
 /// A part of the first three rows' icons and names, where nothing is shown before the first
@@ -122,12 +116,12 @@ QRect listStrip(const QRect& panel) {
 }
 
 /// Has the desktop start the launcher once more in every round, and hides the panel again.
-std::vector<Milliseconds> timesOfFurtherStarts(LauncherSession& session, const QRect& corner) {
-    std::vector<Milliseconds> times;
+Series timesOfFurtherStarts(LauncherSession& session, const QRect& corner, int rounds) {
+    Series times;
     for (int round = 0; round < rounds; ++round) {
         std::this_thread::sleep_for(1s);
         std::optional<ChildProcess> start;
-        times.push_back(
+        times.add(
             timeToChange(session.desktop(), corner, [&] { start.emplace(session.launch()); }));
         start->waitForExit(patience);
         session.keyboard().press({XK_Escape});
@@ -136,32 +130,47 @@ std::vector<Milliseconds> timesOfFurtherStarts(LauncherSession& session, const Q
     return times;
 }
 
-void measureLauncher() {
-    LauncherSession session;
-    for (int index = 0; index < applications; ++index) {
-        // Every letter finds names of its own in front.
-        const QString name = QStringLiteral("%1%2 Tool %3")
-                                 .arg(QChar(u'A' + index % 26))
-                                 .arg(QChar(u'a' + index / 26))
-                                 .arg(index);
-        session.addApplication(QStringLiteral("generated%1").arg(index), name);
+/// What users of a launcher that is started for each use wait for, with the same applications.
+void measurePeer(const LauncherSession& session, int rounds) {
+    if (QStandardPaths::findExecutable(QStringLiteral("rofi")).isEmpty()) {
+        return;
     }
+    // Its window is in the middle of the screen.
+    const QRect corner(640, 400, 4, 4);
+    ChildProcess::Launch launch = session.launch();
+    launch.program = QStringLiteral("rofi");
+    launch.arguments = {QStringLiteral("-show"), QStringLiteral("drun")};
+    launch.outputPath = QProcess::nullDevice();
+    Series times;
+    for (int round = 0; round < rounds; ++round) {
+        std::optional<ChildProcess> rofi;
+        times.add(timeToChange(session.desktop(), corner, [&] { rofi.emplace(launch); }));
+        const QImage shown = session.desktop().screenshot(corner);
+        rofi.reset();
+        waitUntil([&] { return session.desktop().screenshot(corner) != shown; });
+    }
+    times.print("rofi, its start to its window");
+}
+
+void measureLauncher(int rounds) {
+    LauncherSession session;
+    addApplications(session, applications);
     session.start();
     session.summon();
     const QRect place = session.panel().value();
     session.keyboard().press({XK_Escape});
     session.waitForDismissal();
 
-    std::vector<Milliseconds> showing;
-    std::vector<Milliseconds> firstLetters;
-    std::vector<Milliseconds> secondLetters;
+    Series showing;
+    Series firstLetters;
+    Series secondLetters;
     const QRect corner(place.center(), QSize(4, 4));
     for (int round = 0; round < rounds; ++round) {
         // So that every third showing or so scans the folders again, as in use.
         std::this_thread::sleep_for(1s);
         session.keyboard().hold(XK_Alt_L);
         session.keyboard().hold(XK_Super_L);
-        showing.push_back(
+        showing.add(
             timeToChange(session.desktop(), corner, [&] { session.keyboard().hold(XK_space); }));
         session.keyboard().release(XK_space);
         session.keyboard().release(XK_Super_L);
@@ -172,23 +181,24 @@ void measureLauncher() {
         for (const auto& [letter, times] :
              {std::pair(initial, &firstLetters), std::pair(xcb_keysym_t{XK_b}, &secondLetters)}) {
             std::this_thread::sleep_for(100ms);
-            times->push_back(timeToChange(session.desktop(), listStrip(place),
-                                          [&, key = letter] { session.keyboard().hold(key); }));
+            times->add(timeToChange(session.desktop(), listStrip(place),
+                                    [&, key = letter] { session.keyboard().hold(key); }));
             session.keyboard().release(letter);
         }
         session.keyboard().press({XK_Escape});
         session.waitForDismissal();
     }
-    report("hotkey to panel", showing);
-    report("further start to panel", timesOfFurtherStarts(session, corner));
-    report("first letter to list", firstLetters);
-    report("second letter to list", secondLetters);
+    showing.print("the hotkey to the panel");
+    firstLetters.print("the first letter to the list");
+    secondLetters.print("the second letter to the list");
+    timesOfFurtherStarts(session, corner, rounds).print("a further start to the panel");
+    measurePeer(session, rounds);
 }
 
-int measure(const QString& self) {
+int measure(const QString& self, int rounds) {
     try {
-        measureBareWindow(self);
-        measureLauncher();
+        measureBareWindow(self, rounds);
+        measureLauncher(rounds);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());
         return EXIT_FAILURE;
@@ -200,11 +210,12 @@ int measure(const QString& self) {
 } // namespace quorvantel
 
 /// Measures on an X server of its own, from outside the launcher's process, the time from a key
-/// event to the first changed pixel.
+/// event to the first changed pixel. The argument is the number of rounds.
 int main(int argc, char** argv) {
     if (argc == 2 && std::string_view(argv[1]) == "--bare-window") {
         return quorvantel::runBareWindow(argc, argv);
     }
     const QCoreApplication application(argc, argv);
-    return quorvantel::measure(QCoreApplication::applicationFilePath());
+    return quorvantel::measure(QCoreApplication::applicationFilePath(),
+                               quorvantel::roundsOf(argc, argv, 200));
 }

@@ -1,3 +1,4 @@
+#include "Allocations.h"
 #include "catalogue/SecondaryKey.h"
 #include "search/FrecencyStore.h"
 #include "search/FuzzyScorer.h"
@@ -103,14 +104,22 @@ void matchWithPositions(benchmark::State& state) {
 }
 BENCHMARK(matchWithPositions);
 
+void measureKeystroke(benchmark::State& state, SearchEngine& engine, const QString& query) {
+    // What the engine keeps from one keystroke to the next.
+    engine.setQuery(query);
+    const std::uint64_t before = allocations();
+    for (auto _ : state) {
+        engine.setQuery(query);
+    }
+    state.counters["results"] = static_cast<double>(engine.results().size());
+    state.counters["allocations"] = benchmark::Counter(static_cast<double>(allocations() - before),
+                                                       benchmark::Counter::kAvgIterations);
+}
+
 /// One query of the length that the second argument gives, as after the last of its keystrokes.
 void keystroke(benchmark::State& state) {
     UsedLauncher launcher(state.range(0));
-    const QString query = QStringLiteral("master").left(state.range(1));
-    for (auto _ : state) {
-        launcher.engine.setQuery(query);
-    }
-    state.counters["results"] = static_cast<double>(launcher.engine.results().size());
+    measureKeystroke(state, launcher.engine, QStringLiteral("master").left(state.range(1)));
 }
 BENCHMARK(keystroke)
     ->ArgNames({"targets", "letters"})
@@ -157,12 +166,8 @@ void registerList(const QString& path) {
         benchmark::RegisterBenchmark((std::string("listKeystroke/") + query).c_str(),
                                      [query](benchmark::State& state) {
                                          UsedLauncher launcher(targets);
-                                         const QString text = QString::fromLatin1(query);
-                                         for (auto _ : state) {
-                                             launcher.engine.setQuery(text);
-                                         }
-                                         state.counters["results"] =
-                                             static_cast<double>(launcher.engine.results().size());
+                                         measureKeystroke(state, launcher.engine,
+                                                          QString::fromLatin1(query));
                                      })
             ->Unit(benchmark::kMicrosecond);
     }
