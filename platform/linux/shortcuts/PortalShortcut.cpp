@@ -26,7 +26,7 @@ QString triggerIn(const QVariant& shortcuts) {
                : ours->properties.value(QStringLiteral("trigger_description")).toString();
 }
 
-/// By the specification a text, with some portals an object path.
+/// By the portal interface a text, with some portals an object path.
 QString sessionIn(const QVariantMap& results) {
     const QVariant handle = results.value(QStringLiteral("session_handle"));
     return handle.canConvert<QDBusObjectPath>() ? handle.value<QDBusObjectPath>().path()
