@@ -63,10 +63,8 @@ AppDelegate::~AppDelegate() {
 }
 
 void AppDelegate::applicationDidFinishLaunching() {
-    connect(&m_theme, &ThemedRoot::themeChanged, this, &AppDelegate::applyTheme);
-    applyTheme();
-    buildLauncher();
-    reindexIfNeeded(true);
+    // First, since the panel takes as long as the toolkit needs to look for fonts. What is pressed
+    // meanwhile waits for the event loop, and by then everything is there.
     m_settings.onHotKeyChange = [this](const HotKeyBinding& binding) {
         registerHotKey(binding, false);
     };
@@ -74,6 +72,10 @@ void AppDelegate::applicationDidFinishLaunching() {
         log(QStringLiteral("hotkey registration failed: ") + error.description());
     });
     registerHotKey(m_settings.hotKeyBinding(), true);
+    connect(&m_theme, &ThemedRoot::themeChanged, this, &AppDelegate::applyTheme);
+    applyTheme();
+    buildLauncher();
+    reindexIfNeeded(true);
 }
 
 void AppDelegate::applicationWillTerminate() {

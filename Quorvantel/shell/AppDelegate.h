@@ -41,7 +41,7 @@ public:
                 const QString& storeDirectory, Clock now = currentReferenceDate);
     ~AppDelegate() override;
 
-    /// Builds the panel, starts the first scan of the applications and registers the hotkey. Shows
+    /// Registers the hotkey, builds the panel and starts the first scan of the applications. Shows
     /// nothing.
     void applicationDidFinishLaunching();
 

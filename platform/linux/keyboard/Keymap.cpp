@@ -13,6 +13,7 @@ std::unique_ptr<xkb_context, decltype(&xkb_context_unref)> makeContext() {
     return {xkb_context_new(XKB_CONTEXT_NO_FLAGS), &xkb_context_unref};
 }
 
+/// The whole key map in the text format of XKB.
 std::string textOf(xkb_keymap* keymap) {
     const std::unique_ptr<char, decltype(&std::free)> text(
         xkb_keymap_get_as_string(keymap, XKB_KEYMAP_FORMAT_TEXT_V1), &std::free);
@@ -33,9 +34,15 @@ std::uint16_t modifiersSetBy(xkb_keymap* keymap, xkb_keycode_t key) {
 Keymap::Keymap(xkb_keymap* keymap) {
     if (keymap != nullptr) {
         m_keymap.reset(keymap, &xkb_keymap_unref);
-        m_text = textOf(keymap);
         m_modifiers = readModifiers();
     }
+}
+
+bool operator==(const Keymap& one, const Keymap& other) {
+    if (!one.m_keymap || !other.m_keymap) {
+        return one.m_keymap == other.m_keymap;
+    }
+    return textOf(one.m_keymap.get()) == textOf(other.m_keymap.get());
 }
 
 Keymap Keymap::us() {

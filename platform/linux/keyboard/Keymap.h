@@ -51,17 +51,14 @@ public:
 
     const KeyModifiers& modifiers() const { return m_modifiers; }
 
-    friend bool operator==(const Keymap& one, const Keymap& other) {
-        return one.m_text == other.m_text;
-    }
+    /// Writes both key maps out, which takes milliseconds.
+    friend bool operator==(const Keymap& one, const Keymap& other);
 
 private:
     KeyModifiers readModifiers() const;
 
     /// Null for a keyboard without keys.
     std::shared_ptr<xkb_keymap> m_keymap;
-    /// The whole key map in the text format of XKB.
-    std::string m_text;
     KeyModifiers m_modifiers;
 };
 
