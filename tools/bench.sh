@@ -2,7 +2,7 @@
 # Measures the launcher, with the peers that are installed beside it, and writes the tables of
 # docs/performance.md. Best on a machine that does nothing else; about twenty minutes.
 #
-#   tools/bench.sh [--short] [search | scan | store | latency | start | memory]...
+#   tools/bench.sh [--short] [search | scan | store | latency | wayland | start | memory]...
 #
 # All when none is named. --short measures a few rounds, which is good for no figure, and writes
 # build/bench/performance.md in place of the document.
@@ -119,6 +119,10 @@ bench_latency() {
     "$programs/latency_benchmark" "${rounds[@]}" 2>"$folder/log" </dev/null
 }
 
+bench_wayland() {
+    series_head "From the start to the first frame's callback"
+    "$programs/wayland_latency_benchmark" "${rounds[@]}" 2>"$folder/log" </dev/null
+}
 bench_start() {
     series_head "From the execution of the program"
     "$programs/start_benchmark" "${rounds[@]}" 2>"$folder/log" </dev/null
@@ -165,12 +169,12 @@ if [[ ${1:-} == --short ]]; then
 fi
 sections=("$@")
 if ((${#sections[@]} == 0)); then
-    sections=(search scan store latency start memory)
+    sections=(search scan store latency wayland start memory)
 fi
 
 tools/install-packages.sh build run test bench
 build release ON search_benchmark scan_benchmark store_benchmark latency_benchmark \
-    start_benchmark memory_benchmark
+    wayland_latency_benchmark start_benchmark memory_benchmark
 for section in "${sections[@]}"; do
     if [[ $(type -t "bench_$section") != function ]]; then
         echo "There is no section $section." >&2

@@ -1,0 +1,133 @@
+#include "Series.h"
+#include "support/ChildProcess.h"
+#include "support/IsolatedHome.h"
+#include "support/TestFiles.h"
+#include "support/WaitUntil.h"
+#include "support/WaylandClient.h"
+#include "support/WaylandCompositor.h"
+#include "support/WaylandInput.h"
+
+#include <QCoreApplication>
+#include <QRegularExpression>
+
+#include <linux/input-event-codes.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <stdexcept>
+#include <thread>
+#include <vector>
+
+namespace quorvantel {
+namespace {
+
+using namespace testing;
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+/// The clock that the Wayland library stamps its log with, in microseconds. Its high bits are cut
+/// off there.
+std::uint32_t now() {
+    using namespace std::chrono;
+    return static_cast<std::uint32_t>(
+        duration_cast<microseconds>(system_clock::now().time_since_epoch()).count());
+}
+
+/// When the compositor asked for the next frame after the one that was committed first after
+/// `trigger`, as the log of the launcher's connection has it, as a time after `trigger`.
+Milliseconds timeToFrame(const QByteArray& log, std::uint32_t trigger) {
+    static const QRegularExpression line(u"^\\[ *(\\d+)\\.(\\d+)\\] (.*)$"_s);
+    // The callback of a frame has the time in milliseconds, that of a synchronization a small
+    // number.
+    static const QRegularExpression frame(u"^wl_callback@\\d+\\.done\\(\\d{6,}\\)$"_s);
+    bool isShowing = false;
+    bool isDrawn = false;
+    bool isCommitted = false;
+    for (const QByteArray& text : log.split('\n')) {
+        const auto match = line.match(QString::fromUtf8(text));
+        const std::uint32_t stamp = match.captured(1).toUInt() * 1000 + match.captured(2).toUInt();
+        const QString message = match.captured(3);
+        if (!match.hasMatch() || static_cast<std::int32_t>(stamp - trigger) < 0) {
+            continue;
+        }
+        isShowing = isShowing || message.contains(u".set_keyboard_interactivity(1)"_s);
+        isDrawn = isDrawn || (isShowing && message.contains(u".attach(wl_buffer"_s));
+        isCommitted = isCommitted || (isDrawn && message.endsWith(u".commit()"_s));
+        if (isCommitted && frame.match(message).hasMatch()) {
+            return std::chrono::microseconds(stamp - trigger);
+        }
+    }
+    throw std::runtime_error("the launcher's panel was not drawn");
+}
+
+/// Shows and hides the panel of a launcher that was just started, and gives the times of its
+/// showings.
+std::vector<Milliseconds> timesOfShowings(int showings, const WaylandClient& application,
+                                          WaylandInput& input) {
+    const QString logPath = inHome(u"log"_s);
+    QFile::remove(logPath);
+    ChildProcess::Launch launch{.program = QStringLiteral(QUORVANTEL_PROGRAM),
+                                .outputPath = logPath};
+    launch.environment.insert(u"WAYLAND_DEBUG"_s, u"1"_s);
+    const ChildProcess launcher(launch);
+    if (!waitUntil([&] { return readFile(logPath).contains(".attach(wl_buffer"); })) {
+        throw std::runtime_error("the launcher did not start");
+    }
+    std::vector<std::uint32_t> triggers;
+    for (int showing = 0; showing < showings; ++showing) {
+        // Long enough for the launcher to have nothing left to do.
+        std::this_thread::sleep_for(showing == 0 ? 2s : 150ms);
+        triggers.push_back(now());
+        QProcess::execute(QStringLiteral(QUORVANTEL_PROGRAM));
+        if (!waitUntil([&] { return !application.isActive(); })) {
+            throw std::runtime_error("the panel did not come");
+        }
+        input.press({KEY_ESC});
+        if (!waitUntil([&] { return application.isActive(); })) {
+            throw std::runtime_error("the panel did not go");
+        }
+    }
+    const QByteArray log = readFile(logPath);
+    std::vector<Milliseconds> times;
+    for (const std::uint32_t trigger : triggers) {
+        times.push_back(timeToFrame(log, trigger));
+    }
+    return times;
+}
+
+void measure(const char* program, const char* name, int rounds) {
+    const IsolatedHome home;
+    const WaylandCompositor compositor({.program = QString::fromLatin1(program)});
+    compositor.enter();
+    WaylandInput input(compositor);
+    const WaylandClient application(compositor);
+    Series first;
+    Series later;
+    constexpr int showingsPerStart = 10;
+    for (int done = 0; done < rounds; done += showingsPerStart) {
+        const auto times = timesOfShowings(showingsPerStart, application, input);
+        first.add(times.front());
+        std::for_each(times.begin() + 1, times.end(), [&later](auto time) { later.add(time); });
+    }
+    first.print(qPrintable(u"%1, the first showing"_s.arg(QLatin1String(name))));
+    later.print(qPrintable(u"%1, a later one"_s.arg(QLatin1String(name))));
+}
+
+} // namespace
+} // namespace quorvantel
+
+/// Measures on compositors of its own the time from the start of the program that users bind to
+/// their key to the compositor's callback for the panel's first frame.
+int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    const int rounds = quorvantel::roundsOf(argc, argv, 50);
+    try {
+        quorvantel::measure("sway", "sway", rounds);
+        quorvantel::measure("kwin_wayland", "KWin", rounds);
+    } catch (const std::exception& exception) {
+        std::fprintf(stderr, "%s\n", exception.what());
+        return EXIT_FAILURE;
+    }
+    return EXIT_SUCCESS;
+}
