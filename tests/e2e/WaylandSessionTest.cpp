@@ -81,6 +81,31 @@ TEST_P(WaylandSessionTest, AFurtherStartShowsThePanelAndALostCompositorEndsTheLa
     EXPECT_EQ(output().count('\n'), lines + 1) << output().toStdString();
 }
 
+TEST_P(WaylandSessionTest, ThePanelFollowsTheMouseThatDragsIt) {
+    qputenv("XDG_ACTIVATION_TOKEN", "starts-with-the-panel");
+    ChildProcess launcher(launch());
+    qunsetenv("XDG_ACTIVATION_TOKEN");
+    // The panel is brighter than the application and all else.
+    const auto isPanelsLeftEdge = [this](const QPoint& place) {
+        const QImage image = compositor.screenshot();
+        const QPoint apart(4, 0);
+        return qGray(image.pixel(place + apart)) > 235 && qGray(image.pixel(place - apart)) < 230;
+    };
+    const QPoint edge((compositor.size().width() - 640) / 2, 188);
+    ASSERT_TRUE(waitUntil([&] { return isPanelsLeftEdge(edge); })) << output().toStdString();
+    const QPoint grip = edge + QPoint(10, 0);
+    input.moveTo(grip);
+    input.setButtonDown(true);
+    QPoint way;
+    for (const QPoint& step : {QPoint(60, 130), QPoint(40, 30), QPoint(-20, 25)}) {
+        way += step;
+        input.moveTo(grip + way);
+        EXPECT_TRUE(waitUntil([&] { return isPanelsLeftEdge(edge + way); })) << way.x();
+    }
+    input.setButtonDown(false);
+    EXPECT_TRUE(isPanelsLeftEdge(edge + way));
+}
+
 INSTANTIATE_TEST_SUITE_P(On, WaylandSessionTest, ::testing::Values("sway", "kwin_wayland"),
                          [](const auto& info) { return std::string(info.param); });
 

@@ -38,6 +38,8 @@ LayerPanelSurface::LayerPanelSurface(const PanelContent& content,
       m_toplevels(connection.globals()),
       m_blur(connection),
       m_popups(*this, connection, [this](wl_surface& popup) { return makeRole(popup); }) {
+    // Compositors of sway's kind are known by it.
+    mouse().setFixedWhilePressed(m_toplevels.isAvailable());
     connect(&m_toplevels, &ForeignToplevels::activated, this, [this] { loseKeyboard(); });
     connect(&m_popups, &PanelPopups::changed, this, [this] {
         if (isVisible() && m_role) {

@@ -24,19 +24,34 @@ QPointF SurfaceMouse::position(const QMouseEvent& event) const {
 
 bool SurfaceMouse::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
+    case QEvent::MouseButtonPress:
+        m_isPressed = true;
+        [[fallthrough]];
     case QEvent::Enter:
     case QEvent::MouseMove:
-    case QEvent::MouseButtonPress:
         m_lastPosition = static_cast<QSinglePointEvent*>(event)->position() + m_corner;
         break;
-    case QEvent::Leave:
+    case QEvent::MouseButtonRelease:
+        m_isPressed = static_cast<QMouseEvent*>(event)->buttons() != Qt::NoButton;
+        follow();
+        break;
     case QEvent::Hide:
+        m_isPressed = false;
+        follow();
+        [[fallthrough]];
+    case QEvent::Leave:
         m_lastPosition.reset();
         break;
     default:
         break;
     }
     return QObject::eventFilter(watched, event);
+}
+
+void SurfaceMouse::follow() {
+    if (!m_isPressed || !m_isFixedWhilePressed) {
+        m_corner = m_carriedOutCorner;
+    }
 }
 
 } // namespace quorvantel::platform

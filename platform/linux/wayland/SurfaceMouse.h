@@ -29,6 +29,10 @@ public:
     /// The client has asked for the window's top-left corner to be here, and committed it.
     void moved(const QPoint& corner);
 
+    /// Whether the compositor tells of the mouse, as long as a button is down, from where the
+    /// window was when it went down. Wayland leaves that open: sway does, KWin does not.
+    void setFixedWhilePressed(bool isFixed) { m_isFixedWhilePressed = isFixed; }
+
     /// Where the mouse was at an event of the window.
     QPointF position(const QMouseEvent& event) const;
 
@@ -38,12 +42,21 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void follow();
+
     const WaylandConnection& m_connection;
     QPoint m_requestedCorner;
+    /// Where the compositor has the window.
+    QPoint m_carriedOutCorner;
     /// Where the window is in the events that come now.
     QPoint m_corner;
     std::optional<QPointF> m_lastPosition;
-    std::function<void()> m_carriedOut = [this] { m_corner = m_requestedCorner; };
+    bool m_isFixedWhilePressed = false;
+    bool m_isPressed = false;
+    std::function<void()> m_carriedOut = [this] {
+        m_carriedOutCorner = m_requestedCorner;
+        follow();
+    };
     WaylandPointer<wl_callback> m_awaited;
 };
 
