@@ -27,11 +27,13 @@ QuorvantelApp::QuorvantelApp(platform::Platform& platform)
 int QuorvantelApp::run() {
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &m_delegate,
                      &AppDelegate::applicationWillTerminate);
-    QObject::connect(&m_delegate.hotKeyService(), &HotKeyService::changed, &m_delegate,
-                     [this] { announceHotKey(); });
     m_delegate.applicationDidFinishLaunching();
     m_platform.applicationRequests().receive(
         [this](platform::ApplicationRequest request) { m_delegate.answer(request); });
+    // Last, since who reads it takes all for ready.
+    QObject::connect(&m_delegate.hotKeyService(), &HotKeyService::changed, &m_delegate,
+                     [this] { announceHotKey(); });
+    announceHotKey();
     return QApplication::exec();
 }
 

@@ -108,7 +108,9 @@ void WaylandActivation::begin(const QByteArray& /*applicationName*/,
     }
     constexpr const char* suffix = ".desktop";
     const QByteArray application =
-        desktopFileId.endsWith(suffix) ? desktopFileId.chopped(qstrlen(suffix)) : desktopFileId;
+        desktopFileId.endsWith(suffix)
+            ? desktopFileId.chopped(static_cast<qsizetype>(qstrlen(suffix)))
+            : desktopFileId;
     xdg_activation_token_v1_set_app_id(token, application.constData());
     m_requests.emplace_back(token, std::move(announced));
     xdg_activation_token_v1_commit(token);
