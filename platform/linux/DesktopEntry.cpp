@@ -4,6 +4,8 @@
 #include <QFile>
 
 #include <algorithm>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace quorvantel::platform {
@@ -12,7 +14,7 @@ namespace {
 
 constexpr const char* group = G_KEY_FILE_DESKTOP_GROUP;
 
-using Languages = std::vector<QByteArrayView>;
+using Languages = std::vector<std::string_view>;
 
 /// The user's languages by name, with and without country and encoding.
 Languages userLanguages() {
@@ -23,25 +25,31 @@ Languages userLanguages() {
     return languages;
 }
 
-bool startsGroup(QByteArrayView line) {
+bool startsGroup(std::string_view line) {
     const auto isSpace = [](char unit) { return unit == ' ' || (unit >= '\t' && unit <= '\r'); };
     const auto first = std::ranges::find_if_not(line, isSpace);
     return first != line.end() && *first == '[';
 }
 
 /// Whether a line is needed to tell whether the entry is installed, and its icon.
-bool isAboutIcon(QByteArrayView line) {
-    return line.startsWith("Icon") || line.startsWith("Hidden") || line.startsWith("TryExec") ||
+bool isAboutIcon(std::string_view line) {
+    return line.starts_with("Icon") || line.starts_with("Hidden") || line.starts_with("TryExec") ||
            startsGroup(line);
 }
 
 /// Whether a line holds a translation into another language than the user's.
-bool isForeign(QByteArrayView line, const Languages& languages) {
-    const QByteArrayView key = line.first(std::max<qsizetype>(line.indexOf('='), 0));
-    const qsizetype begin = key.indexOf('[') + 1;
-    const qsizetype end = begin > 0 ? key.lastIndexOf(']') : -1;
-    return end > begin &&
-           std::ranges::find(languages, key.sliced(begin, end - begin)) == languages.end();
+bool isForeign(std::string_view line, const Languages& languages) {
+    // Few characters in all, among which a search by words would not get going.
+    const auto* const bracket =
+        std::ranges::find_if(line, [](char unit) { return unit == '[' || unit == '='; });
+    if (bracket == line.end() || *bracket == '=') {
+        return false;
+    }
+    const std::string_view rest = line.substr(static_cast<std::size_t>(bracket + 1 - line.begin()));
+    const std::string_view key = rest.substr(0, rest.find('='));
+    const std::size_t end = key.rfind(']');
+    return end != std::string_view::npos && end > 0 && key.size() < rest.size() &&
+           std::ranges::find(languages, key.substr(0, end)) == languages.end();
 }
 
 /// A file up to the end of its first group, without the translations into foreign languages. Most
@@ -50,22 +58,19 @@ bool isForeign(QByteArrayView line, const Languages& languages) {
 QByteArray relevantPart(const QByteArray& content, DesktopEntry::Part wanted) {
     const Languages languages = userLanguages();
     QByteArray part;
-    part.reserve(wanted == DesktopEntry::Part::Icon ? 0 : content.size());
     bool isInGroup = false;
-    for (qsizetype begin = 0; begin < content.size();) {
-        const qsizetype newline = content.indexOf('\n', begin);
-        const qsizetype end = newline < 0 ? content.size() : newline + 1;
-        const QByteArrayView line = QByteArrayView(content).sliced(begin, end - begin);
-        if (startsGroup(line)) {
-            if (isInGroup) {
-                break;
-            }
-            isInGroup = true;
+    std::string_view rest(content.constData(), static_cast<std::size_t>(content.size()));
+    while (!rest.empty()) {
+        const std::size_t newline = rest.find('\n');
+        const std::string_view line =
+            newline == std::string_view::npos ? rest : rest.substr(0, newline + 1);
+        rest.remove_prefix(line.size());
+        if (startsGroup(line) && std::exchange(isInGroup, true)) {
+            break;
         }
         if (wanted == DesktopEntry::Part::Icon ? isAboutIcon(line) : !isForeign(line, languages)) {
-            part.append(content.constData() + begin, end - begin);
+            part.append(line.data(), static_cast<qsizetype>(line.size()));
         }
-        begin = end;
     }
     return part;
 }
