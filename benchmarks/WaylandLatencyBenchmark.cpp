@@ -89,10 +89,9 @@ std::vector<Milliseconds> timesOfShowings(int showings, const WaylandClient& app
         }
     }
     const QByteArray log = readFile(logPath);
-    std::vector<Milliseconds> times;
-    for (const std::uint32_t trigger : triggers) {
-        times.push_back(timeToFrame(log, trigger));
-    }
+    std::vector<Milliseconds> times(triggers.size());
+    std::ranges::transform(triggers, times.begin(),
+                           [&log](std::uint32_t trigger) { return timeToFrame(log, trigger); });
     return times;
 }
 
