@@ -8,6 +8,8 @@
 #include "support/WaylandInput.h"
 
 #include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
 #include <QRegularExpression>
 
 #include <linux/input-event-codes.h>
@@ -15,6 +17,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <functional>
 #include <stdexcept>
 #include <thread>
 #include <vector>
@@ -63,8 +66,8 @@ Milliseconds timeToFrame(const QByteArray& log, std::uint32_t trigger) {
 
 /// Shows and hides the panel of a launcher that was just started, and gives the times of its
 /// showings.
-std::vector<Milliseconds> timesOfShowings(int showings, const WaylandClient& application,
-                                          WaylandInput& input) {
+std::vector<Milliseconds> timesOfShowings(int showings, const std::function<void()>& show,
+                                          const WaylandClient& application, WaylandInput& input) {
     const QString logPath = inHome(u"log"_s);
     QFile::remove(logPath);
     ChildProcess::Launch launch{.program = QStringLiteral(QUORVANTEL_PROGRAM),
@@ -79,7 +82,7 @@ std::vector<Milliseconds> timesOfShowings(int showings, const WaylandClient& app
         // Long enough for the launcher to have nothing left to do.
         std::this_thread::sleep_for(showing == 0 ? 2s : 150ms);
         triggers.push_back(now());
-        QProcess::execute(QStringLiteral(QUORVANTEL_PROGRAM));
+        show();
         if (!waitUntil([&] { return !application.isActive(); })) {
             throw std::runtime_error("the panel did not come");
         }
@@ -101,23 +104,39 @@ void measure(const char* program, const char* name, int rounds) {
     compositor.enter();
     WaylandInput input(compositor);
     const WaylandClient application(compositor);
-    Series first;
-    Series later;
-    constexpr int showingsPerStart = 10;
-    for (int done = 0; done < rounds; done += showingsPerStart) {
-        const auto times = timesOfShowings(showingsPerStart, application, input);
-        first.add(times.front());
-        std::for_each(times.begin() + 1, times.end(), [&later](auto time) { later.add(time); });
+    const QDBusConnection bus =
+        QDBusConnection::connectToBus(compositor.busAddress(), compositor.busAddress());
+    const std::pair<const char*, std::function<void()>> triggers[]{
+        {"further start", [] { QProcess::execute(QStringLiteral(QUORVANTEL_PROGRAM)); }},
+        {"D-Bus action",
+         [&bus] {
+             bus.call(QDBusMessage::createMethodCall(
+                          u"org.quorvantel.Quorvantel"_s, u"/org/quorvantel/Quorvantel"_s,
+                          u"org.freedesktop.Application"_s, u"Activate"_s)
+                      << QVariantMap());
+         }},
+    };
+    for (const auto& [trigger, show] : triggers) {
+        Series first;
+        Series later;
+        constexpr int showingsPerStart = 10;
+        for (int done = 0; done < rounds; done += showingsPerStart) {
+            const auto times = timesOfShowings(showingsPerStart, show, application, input);
+            first.add(times.front());
+            std::for_each(times.begin() + 1, times.end(), [&later](auto time) { later.add(time); });
+        }
+        const QString series = u"%1, %2, "_s.arg(QLatin1String(name)).arg(QLatin1String(trigger));
+        first.print(qPrintable(series + u"first"_s));
+        later.print(qPrintable(series + u"later"_s));
     }
-    first.print(qPrintable(u"%1, the first showing"_s.arg(QLatin1String(name))));
-    later.print(qPrintable(u"%1, a later one"_s.arg(QLatin1String(name))));
 }
 
 } // namespace
 } // namespace quorvantel
 
 /// Measures on compositors of its own the time from the start of the program that users bind to
-/// their key to the compositor's callback for the panel's first frame.
+/// their key, and from the action on the session bus, to the compositor's callback for the panel's
+/// first frame.
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     const int rounds = quorvantel::roundsOf(argc, argv, 50);
