@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# What takes too long for every change: the whole suite under the sanitizers, the launcher under
-# valgrind while the end-to-end tests use it, and the fuzzers. An hour and a half, or more.
+# What takes too long for every change: a second compiler, the whole suite under the sanitizers, the
+# launcher under valgrind while the end-to-end tests use it, and the fuzzers. An hour and a half, or more.
 #
 #   tools/nightly.sh [SECONDS]      for each fuzzer; 600 by default
 #
@@ -30,6 +30,8 @@ under_valgrind() {
 }
 
 status=0
+tools/install-packages.sh build run test develop
+build clang ON all || status=1
 tools/test.sh asan || status=1
 tools/install-packages.sh build run test develop
 build release ON all
