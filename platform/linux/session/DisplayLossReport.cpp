@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <cstdlib>
+#include <mutex>
 #include <utility>
 
 namespace quorvantel::platform {
@@ -12,6 +13,7 @@ namespace {
 // A message handler gets no context.
 std::function<bool()> isDisplayGone;
 QtMessageHandler previousHandler = nullptr;
+std::mutex ending;
 
 void endOnLoss(QtMsgType type, const QMessageLogContext& context, const QString& message) {
     const bool isKept = type == QtFatalMsg || message.startsWith(QStringLiteral("Quorvantel: "));
@@ -19,6 +21,8 @@ void endOnLoss(QtMsgType type, const QMessageLogContext& context, const QString&
         previousHandler(type, context, message);
         return;
     }
+    // Of the toolkit's threads several may notice at once; only one gets on, until the process ends.
+    ending.lock();
     previousHandler(QtWarningMsg, {}, QStringLiteral("Quorvantel: the display server is gone"));
     // Everything that is to last was stored when it changed.
     std::_Exit(EXIT_FAILURE);
