@@ -7,6 +7,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <initializer_list>
+
 namespace quorvantel {
 namespace {
 
@@ -59,7 +61,7 @@ TEST_F(SettingsTest, TheCommaKeyOpensThemWhateverShiftMakesOfIt) {
         ASSERT_TRUE(
             waitUntil([this] { return session.desktop().activeTitle() != "Quorvantel Settings"; }));
     };
-    for (const xcb_keysym_t command : {XK_Super_L, XK_Control_L}) {
+    for (const auto command : std::initializer_list<xcb_keysym_t>{XK_Super_L, XK_Control_L}) {
         for (const char* const layout : {"us", "de", "fr", "hu", "ru"}) {
             SCOPED_TRACE(layout);
             expectOpensSettings(QString::fromLatin1(layout), command, XK_comma);
@@ -161,7 +163,8 @@ TEST_F(SettingsTest, TheyComeInTheMiddleAndGoBackFromTheWholeScreenToTheirSize) 
 TEST_F(SettingsTest, DarkAndTealAreThePanelsForGood) {
     session.start();
     openSettings();
-    for (const xcb_keysym_t key : {XK_Down, XK_Down, XK_Tab, XK_Left, XK_Tab, XK_Right}) {
+    for (const auto key :
+         std::initializer_list<xcb_keysym_t>{XK_Down, XK_Down, XK_Tab, XK_Left, XK_Tab, XK_Right}) {
         press({key});
     }
     EXPECT_TRUE(showsPanelIn(qRgb(0x0F, 0x1C, 0x1A)));

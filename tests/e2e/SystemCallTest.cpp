@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <initializer_list>
 
 namespace quorvantel {
 namespace {
@@ -62,7 +63,8 @@ TEST_F(SystemCallTest, AWholeSessionNeitherReachesANetworkNorLeavesAnythingElsew
     session.summon();
     press({XK_Super_L, XK_comma});
     expectInFront("Quorvantel Settings");
-    for (const xcb_keysym_t key : {XK_Down, XK_Down, XK_Tab, XK_Left, XK_F1}) {
+    for (const auto key :
+         std::initializer_list<xcb_keysym_t>{XK_Down, XK_Down, XK_Tab, XK_Left, XK_F1}) {
         press({key});
     }
     expectInFront("Quorvantel Help");

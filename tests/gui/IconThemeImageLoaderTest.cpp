@@ -119,7 +119,8 @@ TEST_F(IconThemeImageLoaderTest, AnOblongImageIsCentred) {
 TEST_F(IconThemeImageLoaderTest, SmallerImagesHaveShadesThatThePaletteOfTheFileLacks) {
     QImage checks(4 * iconSize, 4 * iconSize, QImage::Format_Mono);
     for (int y = 0; y < checks.height(); ++y) {
-        std::memset(checks.scanLine(y), y % 2 == 0 ? 0x55 : 0xAA, checks.width() / 8);
+        std::memset(checks.scanLine(y), y % 2 == 0 ? 0x55 : 0xAA,
+                    static_cast<std::size_t>(checks.width() / 8));
     }
     for (const auto format : {QImage::Format_Mono, QImage::Format_Indexed8,
                               QImage::Format_Grayscale16, QImage::Format_RGBA64}) {

@@ -6,6 +6,8 @@
 #include <X11/keysym.h>
 #include <gtest/gtest.h>
 
+#include <initializer_list>
+
 namespace quorvantel::platform {
 namespace {
 
@@ -16,8 +18,9 @@ constexpr std::uint32_t control = HotKeyModifier::control;
 
 TEST(KeyFateTest, WhatEditsOrMovesInTheFieldIsThePanels) {
     for (const std::uint32_t modifiers : {0U, shift, control, control | shift, alt, alt | shift}) {
-        for (const xcb_keysym_t symbol : {XK_a, XK_Return, XK_Escape, XK_Down, XK_BackSpace,
-                                          XK_comma, XK_dead_acute, XK_Greek_zeta, XK_F5}) {
+        for (const auto symbol :
+             std::initializer_list<xcb_keysym_t>{XK_a, XK_Return, XK_Escape, XK_Down, XK_BackSpace,
+                                                 XK_comma, XK_dead_acute, XK_Greek_zeta, XK_F5}) {
             EXPECT_EQ(fateOfKey(symbol, modifiers), KeyFate::Kept) << symbol << ' ' << modifiers;
         }
     }
@@ -44,9 +47,9 @@ TEST(KeyFateTest, ThePanelKeepsTheChordOfItsSettings) {
 
 TEST(KeyFateTest, AModifierOrALayoutSwitchIsNoChord) {
     for (const std::uint32_t modifiers : {super, alt | shift, control | alt, control | super}) {
-        for (const xcb_keysym_t symbol :
-             {XK_Super_L, XK_Alt_R, XK_Control_L, XK_Shift_R, XK_Caps_Lock, XK_Num_Lock,
-              XK_ISO_Level3_Shift, XK_ISO_Next_Group, XK_VoidSymbol, 0}) {
+        for (const auto symbol : std::initializer_list<xcb_keysym_t>{
+                 XK_Super_L, XK_Alt_R, XK_Control_L, XK_Shift_R, XK_Caps_Lock, XK_Num_Lock,
+                 XK_ISO_Level3_Shift, XK_ISO_Next_Group, XK_VoidSymbol, 0}) {
             EXPECT_EQ(fateOfKey(symbol, modifiers), KeyFate::Kept) << symbol << ' ' << modifiers;
         }
     }

@@ -12,6 +12,8 @@
 #include <X11/keysym.h>
 #include <gtest/gtest.h>
 
+#include <initializer_list>
+
 namespace quorvantel::platform {
 namespace {
 
@@ -87,7 +89,7 @@ TEST_F(X11HotKeysTest, ReportsItsCombinationAndNoOther) {
 
 TEST_F(X11HotKeysTest, LocksMakeNoDifference) {
     const auto registration = registerKey(space, HotKeyModifier::control);
-    for (const xcb_keysym_t lock : {XK_Caps_Lock, XK_Num_Lock}) {
+    for (const auto lock : std::initializer_list<xcb_keysym_t>{XK_Caps_Lock, XK_Num_Lock}) {
         keyboard.press({lock});
         EXPECT_TRUE(reports({XK_Control_L, XK_space})) << lock;
     }
