@@ -8,7 +8,8 @@
 
 namespace quorvantel::help {
 
-HelpBundle::HelpBundle(QString root) : m_root(std::move(root)) {}
+HelpBundle::HelpBundle(QString root, QString system)
+    : m_root(std::move(root)), m_system(std::move(system)) {}
 
 bool HelpBundle::contains(const QString& name) const {
     return markdown::ContainedFolder(m_root).find(name).has_value();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "help/SystemText.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QUrl>
@@ -16,8 +18,10 @@ namespace quorvantel::help {
 class HelpBundle {
 public:
     /// `root` is a directory's path, or a Qt resource prefix such as ":/help". It need not exist:
-    /// then nothing is found in it.
-    explicit HelpBundle(QString root);
+    /// then nothing is found in it. `system` is the one that the topics' texts are to be for.
+    explicit HelpBundle(QString root, QString system = runningSystem());
+
+    const QString& system() const { return m_system; }
 
     /// Whether the bundle has a file of that name. The name is relative and may have folders in it.
     bool contains(const QString& name) const;
@@ -31,6 +35,7 @@ public:
 
 private:
     QString m_root;
+    QString m_system;
 };
 
 } // namespace quorvantel::help

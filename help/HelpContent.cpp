@@ -80,7 +80,7 @@ QString loadTopicText(const HelpTopic& topic, const HelpBundle& bundle) {
     }
     QStringDecoder decoder(QStringDecoder::Utf8);
     const QString text = decoder(*bytes);
-    return decoder.hasError() ? missingFileNote(topic) : text;
+    return decoder.hasError() ? missingFileNote(topic) : textForSystem(text, bundle.system());
 }
 
 } // namespace quorvantel::help

@@ -1,5 +1,7 @@
 #include "platform/UserDefaults.h"
 
+#include <QVariant>
+
 #include <limits>
 
 namespace quorvantel::platform {
@@ -60,6 +62,24 @@ bool booleanOf(const Value& value) {
 }
 
 } // namespace
+
+UserDefaults::Value defaultsValue(const QVariant& value) {
+    switch (value.typeId()) {
+    case QMetaType::Bool:
+        return value.toBool();
+    case QMetaType::LongLong:
+        return std::int64_t{value.toLongLong()};
+    case QMetaType::ULongLong:
+    case QMetaType::Double:
+        return value.toDouble();
+    case QMetaType::QString:
+        return value.toString();
+    case QMetaType::QByteArray:
+        return value.toByteArray();
+    default:
+        return UserDefaults::Other{};
+    }
+}
 
 std::int64_t integerValue(const UserDefaults::Value& value) {
     return std::visit([](const auto& held) { return integerOf(held); }, value);

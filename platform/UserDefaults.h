@@ -8,6 +8,8 @@
 #include <optional>
 #include <variant>
 
+class QVariant;
+
 namespace quorvantel::platform {
 
 /// The user's small typed settings: numbers, strings, booleans and data under text keys.
@@ -33,6 +35,9 @@ public:
 
     void set(const QString& key, const Value& value) { setAll({{key, value}}); }
 };
+
+/// A value of a property list as a setting, from the types that `BundleReader` names.
+UserDefaults::Value defaultsValue(const QVariant& value);
 
 /// A stored value where a whole number is expected, whatever type it was stored as: the whole part
 /// of a real number, the number that a text begins with, 1 for true; 0 for what has none. A number

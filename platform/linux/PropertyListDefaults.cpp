@@ -5,6 +5,7 @@
 #include "platform/linux/XdgDirectories.h"
 
 #include <QFile>
+#include <QVariant>
 
 #include <utility>
 
@@ -31,24 +32,6 @@ Stored readDictionary(const QString& path) {
         list.reset();
     }
     return list;
-}
-
-UserDefaults::Value fromVariant(const QVariant& value) {
-    switch (value.typeId()) {
-    case QMetaType::Bool:
-        return value.toBool();
-    case QMetaType::LongLong:
-        return std::int64_t{value.toLongLong()};
-    case QMetaType::ULongLong:
-    case QMetaType::Double:
-        return value.toDouble();
-    case QMetaType::QString:
-        return value.toString();
-    case QMetaType::QByteArray:
-        return value.toByteArray();
-    default:
-        return UserDefaults::Other{};
-    }
 }
 
 /// Moves a damaged file out of the way under a name that is free, so that nothing in it is lost.
@@ -79,7 +62,7 @@ PropertyListDefaults::PropertyListDefaults(QString path) : m_path(std::move(path
     }
     const QVariantMap values = list->toVariant().toMap();
     for (auto value = values.cbegin(); value != values.cend(); ++value) {
-        m_stored.insert(value.key(), fromVariant(value.value()));
+        m_stored.insert(value.key(), defaultsValue(value.value()));
     }
 }
 

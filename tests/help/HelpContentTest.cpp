@@ -92,6 +92,20 @@ TEST_F(HelpContentTest, AManifestMustHaveWhatItNeedsInTheRightTypes) {
     EXPECT_FALSE(failure(QByteArray(100'000, '[')).isEmpty());
 }
 
+TEST_F(HelpContentTest, ATopicTellsOfItsSystemAlone) {
+    m_files.write("both.md", "# A\n<!-- only on Linux -->\n- l\n\n  <!-- only on macOS --> \n- m\n"
+                             "<!-- everywhere -->\n- z\n<!-- only on -->\n<!-- other -->\n");
+    const auto text = [this](const QString& system) {
+        return loadTopicText({u"id"_s, u"A"_s, u"both.md"_s, {}},
+                             HelpBundle(m_files.path(), system));
+    };
+    const QString end = u"- z\n<!-- only on -->\n<!-- other -->\n"_s;
+    EXPECT_EQ(text(u"Linux"_s), u"# A\n- l\n\n"_s + end);
+    EXPECT_EQ(text(u"macOS"_s), u"# A\n- m\n"_s + end);
+    EXPECT_EQ(text(u"Other"_s), u"# A\n"_s + end);
+    EXPECT_EQ(runningSystem(), u"Linux"_s);
+}
+
 TEST_F(HelpContentTest, ATopicThatCannotBeReadSaysSo) {
     m_files.write("here.md", "# Hällo\n");
     m_files.write("latin1.md", "# H\xE4llo\n");

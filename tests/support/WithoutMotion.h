@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/session/StillStyle.h"
+#include "platform/toolkit/StillStyle.h"
 
 #include <QApplication>
 

@@ -1,6 +1,6 @@
 #include "platform/linux/session/ToolkitPreferences.h"
 
-#include "platform/linux/session/StillStyle.h"
+#include "platform/toolkit/StillStyle.h"
 
 #include <QApplication>
 
