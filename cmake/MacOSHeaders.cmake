@@ -17,7 +17,6 @@ endforeach()
 # What only a Mac has, and what only linking would ask for.
 set(CMAKE_OSX_SYSROOT "" CACHE STRING "")
 set(CMAKE_INSTALL_NAME_TOOL true CACHE STRING "")
-set(ICONUTIL true CACHE STRING "")
 set(CMARK_GFM_LIBRARY cmark-gfm CACHE STRING "")
 set(CMARK_GFM_EXTENSIONS_LIBRARY cmark-gfm-extensions CACHE STRING "")
 # The toolkit is found where this system has it.

@@ -4,7 +4,8 @@ class QWindow;
 
 namespace quorvantel::platform {
 
-/// The frame and title bar that the desktop draws around ordinary windows. Main thread only.
+/// What the desktop draws of a window: the frame and title bar of an ordinary one, the blur behind
+/// the panel. Main thread only.
 class WindowFrame {
 public:
     enum class Appearance {
@@ -15,8 +16,8 @@ public:
 
     virtual ~WindowFrame() = default;
 
-    /// Asks for a window's frame in this appearance from now on, whether or not the window is
-    /// shown; a desktop that has no such choice goes on as it is.
+    /// Asks for it in this appearance from now on, whether or not the window is shown; a desktop
+    /// that has no such choice goes on as it is.
     virtual void setAppearance(QWindow& window, Appearance appearance) = 0;
 };
 

@@ -24,7 +24,7 @@ tools/install-packages.sh build macos
 mkdir -p "$out/cmark-gfm"
 ln -sf /usr/include/cmark-gfm*.h "$out/cmark-gfm/"
 step "Configuring (macOS)" "$out/configure.log" \
-    cmake -S . -B "$out" -G Ninja -DCMAKE_BUILD_TYPE=Debug -DQUORVANTEL_WERROR=ON \
+    cmake -S . -B "$out" -G Ninja -DQUORVANTEL_WERROR=ON -DQUORVANTEL_PRECOMPILE=ON \
     -DCMAKE_TOOLCHAIN_FILE=cmake/MacOSHeaders.cmake -DMACOS_HEADERS="$headers" \
     -DCMARK_GFM_INCLUDE_DIR="$out/cmark-gfm"
 

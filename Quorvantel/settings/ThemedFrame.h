@@ -10,8 +10,8 @@ namespace quorvantel {
 /// The frame that an appearance choice asks for.
 platform::WindowFrame::Appearance nsAppearanceFor(ThemeManager::Appearance appearance);
 
-/// Keeps the frame that the desktop draws around a window in the appearance that the user chose,
-/// for as long as the window lives.
+/// Keeps what the desktop draws of a window, such as its frame, in the appearance that the user
+/// chose, for as long as the window lives.
 class ThemedFrame : public QObject {
     Q_OBJECT
 

@@ -100,6 +100,7 @@ void AppDelegate::buildLauncher() {
     LauncherView* const launcherView = view.get();
     m_panelController = std::make_unique<LauncherPanelController>(
         view.release(), m_platform.panelHost(), m_platform.screens(), m_platform.clickMonitor());
+    new ThemedFrame(*launcherView->window(), m_themeManager, m_platform.windowFrame());
     // The view and the controller end before this object, whose members they are.
     launcherView->onLaunch = [this](const LaunchTarget& target) { launch(target); };
     launcherView->onDismiss = [this] { dismissPanel(); };

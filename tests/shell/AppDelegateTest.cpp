@@ -73,7 +73,7 @@ TEST_F(AppDelegateTest, StartsHiddenWithTheApplicationsBeforeThePanes) {
               (QStringList{QStringLiteral("handler"), QStringLiteral("2304+49")}));
 }
 
-TEST_F(AppDelegateTest, ToolTipsFollowTheTheme) {
+TEST_F(AppDelegateTest, ThePanelsWindowAndToolTipsFollowTheTheme) {
     const auto background = [] {
         return QToolTip::palette().color(QPalette::Inactive, QPalette::ToolTipBase);
     };
@@ -83,8 +83,10 @@ TEST_F(AppDelegateTest, ToolTipsFollowTheTheme) {
     themeManager.setAppearance(ThemeManager::Appearance::Dark);
     start();
     EXPECT_EQ(background(), expected(ColorScheme::Dark));
+    EXPECT_EQ(platform.frame.appearance, platform::WindowFrame::Appearance::Dark);
     themeManager.setAppearance(ThemeManager::Appearance::Light);
     EXPECT_EQ(background(), expected(ColorScheme::Light));
+    EXPECT_EQ(platform.frame.appearance, platform::WindowFrame::Appearance::Light);
 }
 
 TEST_F(AppDelegateTest, ThePanelFollowsTheFontWhileItIsHidden) {
