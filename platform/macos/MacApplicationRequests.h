@@ -20,12 +20,11 @@ public:
     void receive(Handler handler) override;
 
 private:
-    /// Has the Objective-C object in it that the system tells of each time the launcher is opened.
-    class Reopenings;
+    struct Native;
 
     const LoginItem& m_loginItem;
     std::unique_ptr<ApplicationMenu> m_menu;
-    std::unique_ptr<Reopenings> m_reopenings;
+    std::unique_ptr<Native> m_native;
 };
 
 } // namespace quorvantel::platform

@@ -1,18 +1,20 @@
 #include "platform/macos/MacApplicationRequests.h"
 
+#include "platform/macos/NotificationObserver.h"
+
 #import <AppKit/AppKit.h>
 #import <CoreServices/CoreServices.h>
 
 #include <utility>
 
-/// Calls a handler from the event loop each time the user opens the application that runs already,
-/// until it is stopped.
-@interface QuorvantelReopenObserver : NSObject
+/// Calls a handler from the event loop each time the user opens the application that runs already.
+@interface QuorvantelReopenHandler : NSObject
 - (instancetype)initWithHandler:(std::function<void()>)handler;
-- (void)stop;
+- (void)takeEvents;
+- (void)giveEventsUp;
 @end
 
-@implementation QuorvantelReopenObserver {
+@implementation QuorvantelReopenHandler {
     std::function<void()> _handler;
 }
 
@@ -20,26 +22,18 @@
     self = [super init];
     if (self != nil) {
         _handler = std::move(handler);
-        // AppKit installs its own handlers while the application finishes launching, which may lie
-        // before or after this.
-        [self takeReopenEvents];
-        [NSNotificationCenter.defaultCenter addObserver:self
-                                               selector:@selector(takeReopenEvents)
-                                                   name:NSApplicationDidFinishLaunchingNotification
-                                                 object:nil];
     }
     return self;
 }
 
-- (void)takeReopenEvents {
+- (void)takeEvents {
     [NSAppleEventManager.sharedAppleEventManager setEventHandler:self
                                                      andSelector:@selector(reopen:withReply:)
                                                    forEventClass:kCoreEventClass
                                                       andEventID:kAEReopenApplication];
 }
 
-- (void)stop {
-    [NSNotificationCenter.defaultCenter removeObserver:self];
+- (void)giveEventsUp {
     [NSAppleEventManager.sharedAppleEventManager
         removeEventHandlerForEventClass:kCoreEventClass
                              andEventID:kAEReopenApplication];
@@ -47,11 +41,11 @@
 }
 
 - (void)reopen:(NSAppleEventDescriptor*)event withReply:(NSAppleEventDescriptor*)reply {
-    __weak QuorvantelReopenObserver* const weakSelf = self;
+    __weak QuorvantelReopenHandler* const weakSelf = self;
     dispatch_async(dispatch_get_main_queue(), ^{
-      QuorvantelReopenObserver* const observer = weakSelf;
-      if (observer != nil && observer->_handler) {
-          observer->_handler();
+      QuorvantelReopenHandler* const owner = weakSelf;
+      if (owner != nil && owner->_handler) {
+          owner->_handler();
       }
     });
 }
@@ -60,16 +54,21 @@
 
 namespace quorvantel::platform {
 
-class MacApplicationRequests::Reopenings {
-public:
-    explicit Reopenings(std::function<void()> handler)
-        : m_observer([[QuorvantelReopenObserver alloc] initWithHandler:std::move(handler)]) {}
-    Reopenings(const Reopenings&) = delete;
-    Reopenings& operator=(const Reopenings&) = delete;
-    ~Reopenings() { [m_observer stop]; }
+struct MacApplicationRequests::Native {
+    explicit Native(std::function<void()> handler)
+        : reopenings([[QuorvantelReopenHandler alloc] initWithHandler:std::move(handler)]),
+          launching(NSNotificationCenter.defaultCenter, NSApplicationDidFinishLaunchingNotification,
+                    nil, [taking = reopenings] { [taking takeEvents]; }) {
+        // AppKit takes them itself while the application finishes launching, which may lie before
+        // or after this.
+        [reopenings takeEvents];
+    }
+    Native(const Native&) = delete;
+    Native& operator=(const Native&) = delete;
+    ~Native() { [reopenings giveEventsUp]; }
 
-private:
-    QuorvantelReopenObserver* m_observer;
+    QuorvantelReopenHandler* reopenings;
+    NotificationObserver launching;
 };
 
 MacApplicationRequests::MacApplicationRequests(const LoginItem& loginItem)
@@ -79,7 +78,7 @@ MacApplicationRequests::~MacApplicationRequests() = default;
 
 void MacApplicationRequests::receive(Handler handler) {
     m_menu = std::make_unique<ApplicationMenu>(m_loginItem, handler);
-    m_reopenings = std::make_unique<Reopenings>(
+    m_native = std::make_unique<Native>(
         [handler = std::move(handler)] { handler(ApplicationRequest::Summon); });
 }
 

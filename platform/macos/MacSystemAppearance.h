@@ -31,8 +31,7 @@ private:
 
         friend bool operator==(const Answers&, const Answers&) = default;
     };
-    /// Has the Objective-C object in it that the system tells of changes.
-    class Observation;
+    struct Native;
 
     static Answers currentAnswers();
     void refresh();
@@ -41,7 +40,7 @@ private:
     Answers m_answers;
     /// Owned by the application; null until the user first asks for less motion.
     StillStyle* m_stillStyle = nullptr;
-    std::unique_ptr<Observation> m_observation;
+    std::unique_ptr<Native> m_native;
 };
 
 } // namespace quorvantel::platform

@@ -1,5 +1,6 @@
 #include "platform/macos/MacSystemAppearance.h"
 
+#include "platform/macos/NotificationObserver.h"
 #include "platform/toolkit/StillStyle.h"
 
 #include <QApplication>
@@ -9,19 +10,12 @@
 #include <functional>
 #include <utility>
 
-/// Calls a handler on the main thread when the look of applications changes, until it is stopped.
-@interface QuorvantelAppearanceObserver : NSObject
+/// Calls a handler at every change of what it observes.
+@interface QuorvantelValueObserver : NSObject
 - (instancetype)initWithHandler:(std::function<void()>)handler;
-- (void)stop;
 @end
 
-namespace {
-
-NSString* const appearanceKeyPath = @"effectiveAppearance";
-
-} // namespace
-
-@implementation QuorvantelAppearanceObserver {
+@implementation QuorvantelValueObserver {
     std::function<void()> _handler;
 }
 
@@ -29,63 +23,57 @@ NSString* const appearanceKeyPath = @"effectiveAppearance";
     self = [super init];
     if (self != nil) {
         _handler = std::move(handler);
-        [NSApp addObserver:self forKeyPath:appearanceKeyPath options:0 context:nullptr];
-        [NSWorkspace.sharedWorkspace.notificationCenter
-            addObserver:self
-               selector:@selector(displayOptionsChanged:)
-                   name:NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification
-                 object:nil];
     }
     return self;
-}
-
-- (void)stop {
-    [NSApp removeObserver:self forKeyPath:appearanceKeyPath context:nullptr];
-    [NSWorkspace.sharedWorkspace.notificationCenter removeObserver:self];
-    _handler = nullptr;
 }
 
 - (void)observeValueForKeyPath:(NSString*)keyPath
                       ofObject:(id)object
                         change:(NSDictionary<NSKeyValueChangeKey, id>*)change
                        context:(void*)context {
-    [self callHandlerSoon];
-}
-
-- (void)displayOptionsChanged:(NSNotification*)notification {
-    [self callHandlerSoon];
-}
-
-/// A notification comes on the thread that posts it, and neither is a moment to draw in.
-- (void)callHandlerSoon {
-    __weak QuorvantelAppearanceObserver* const weakSelf = self;
-    dispatch_async(dispatch_get_main_queue(), ^{
-      QuorvantelAppearanceObserver* const observer = weakSelf;
-      if (observer != nil && observer->_handler) {
-          observer->_handler();
-      }
-    });
+    _handler();
 }
 
 @end
 
 namespace quorvantel::platform {
 
-class MacSystemAppearance::Observation {
+namespace {
+
+NSString* const effectiveAppearance = @"effectiveAppearance";
+
+/// Calls a handler when the application has another appearance, for as long as this object lives.
+class AppearanceObserver {
 public:
-    explicit Observation(std::function<void()> handler)
-        : m_observer([[QuorvantelAppearanceObserver alloc] initWithHandler:std::move(handler)]) {}
-    Observation(const Observation&) = delete;
-    Observation& operator=(const Observation&) = delete;
-    ~Observation() { [m_observer stop]; }
+    explicit AppearanceObserver(std::function<void()> handler)
+        : m_observer([[QuorvantelValueObserver alloc] initWithHandler:std::move(handler)]) {
+        [NSApp addObserver:m_observer forKeyPath:effectiveAppearance options:0 context:nullptr];
+    }
+    AppearanceObserver(const AppearanceObserver&) = delete;
+    AppearanceObserver& operator=(const AppearanceObserver&) = delete;
+    ~AppearanceObserver() {
+        [NSApp removeObserver:m_observer forKeyPath:effectiveAppearance context:nullptr];
+    }
 
 private:
-    QuorvantelAppearanceObserver* m_observer;
+    QuorvantelValueObserver* m_observer;
+};
+
+} // namespace
+
+struct MacSystemAppearance::Native {
+    explicit Native(const std::function<void()>& handler)
+        : appearance(handler),
+          displayOptions(NSWorkspace.sharedWorkspace.notificationCenter,
+                         NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification, nil,
+                         handler) {}
+
+    AppearanceObserver appearance;
+    NotificationObserver displayOptions;
 };
 
 MacSystemAppearance::MacSystemAppearance()
-    : m_answers(currentAnswers()),
-      m_observation(std::make_unique<Observation>([this] { refresh(); })) {
+    : m_answers(currentAnswers()), m_native(std::make_unique<Native>([this] { refresh(); })) {
     updateMotion();
 }
 
