@@ -62,6 +62,8 @@ QPalette menuPalette(const ResolvedTheme& theme) {
 SearchField::SearchField(const ThemedRoot& theme, QWidget* parent)
     : QLineEdit(parent), m_theme(theme) {
     setFrame(false);
+    // Beside the caret there is nothing to tell apart: it is the only field.
+    setAttribute(Qt::WA_MacShowFocusRect, false);
     setValidator(new LineJoiner(this));
     setFont(interfaceFont(fontSize));
     setPlaceholderText(QStringLiteral("Search apps and settings…"));

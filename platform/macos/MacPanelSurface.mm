@@ -142,11 +142,11 @@ QPointF MacPanelSurface::position(const QMouseEvent& event) const {
 }
 
 std::optional<QPointF> MacPanelSurface::mousePosition() const {
-    const auto screens = m_screens.all();
-    if (screens.empty()) {
+    NSScreen* first = NSScreen.screens.firstObject;
+    if (first == nil) {
         return std::nullopt;
     }
-    return turnedOver(QPointF::fromCGPoint(NSEvent.mouseLocation), screens.front().frame.height());
+    return turnedOver(QPointF::fromCGPoint(NSEvent.mouseLocation), NSHeight(first.frame));
 }
 
 bool MacPanelSurface::eventFilter(QObject* content, QEvent* event) {

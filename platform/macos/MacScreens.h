@@ -27,8 +27,9 @@ private:
 
     void check();
 
-    std::vector<Screen> m_known;
     std::unique_ptr<Native> m_native;
+    /// As of the last change.
+    std::vector<Screen> m_known;
 };
 
 } // namespace quorvantel::platform

@@ -4,6 +4,8 @@
 #include "platform/macos/NotificationObserver.h"
 #include "platform/macos/ScreenPlane.h"
 
+#include <QHash>
+
 #import <AppKit/AppKit.h>
 #include <ColorSync/ColorSync.h>
 
@@ -13,9 +15,7 @@ namespace quorvantel::platform {
 
 namespace {
 
-QString nameOf(NSScreen* screen) {
-    NSNumber* number = screen.deviceDescription[@"NSScreenNumber"];
-    const CGDirectDisplayID display = number.unsignedIntValue;
+QString nameOf(CGDirectDisplayID display) {
     const CoreFoundationPointer<CFUUIDRef> identifier(CGDisplayCreateUUIDFromDisplayID(display));
     if (!identifier) {
         return QString::number(display);
@@ -25,37 +25,46 @@ QString nameOf(NSScreen* screen) {
     return QString::fromCFString(text.get());
 }
 
-Screen describe(NSScreen* screen) {
-    return {{nameOf(screen)},
-            QRectF::fromCGRect(screen.frame),
-            QRectF::fromCGRect(screen.visibleFrame)};
-}
-
 } // namespace
 
 struct MacScreens::Native {
-    NotificationObserver changes;
+    Screen describe(NSScreen* screen) {
+        NSNumber* number = screen.deviceDescription[@"NSScreenNumber"];
+        const CGDirectDisplayID display = number.unsignedIntValue;
+        if (!names.contains(display)) {
+            names.insert(display, nameOf(display));
+        }
+        return {{names.value(display)},
+                QRectF::fromCGRect(screen.frame),
+                QRectF::fromCGRect(screen.visibleFrame)};
+    }
+
+    /// Of the displays since the last change, lest the system looks them up while the user waits.
+    QHash<CGDirectDisplayID, QString> names;
+    std::optional<NotificationObserver> changes;
 };
 
-MacScreens::MacScreens()
-    : m_known(all()),
-      m_native(new Native{{NSNotificationCenter.defaultCenter,
-                           NSApplicationDidChangeScreenParametersNotification, nil,
-                           [this] { check(); }}}) {}
+MacScreens::MacScreens() : m_native(std::make_unique<Native>()), m_known(all()) {
+    m_native->changes.emplace(NSNotificationCenter.defaultCenter,
+                              NSApplicationDidChangeScreenParametersNotification, nil, [this] {
+                                  m_native->names.clear();
+                                  check();
+                              });
+}
 
 MacScreens::~MacScreens() = default;
 
 std::vector<Screen> MacScreens::all() const {
     std::vector<Screen> screens;
     for (NSScreen* screen in NSScreen.screens) {
-        screens.push_back(describe(screen));
+        screens.push_back(m_native->describe(screen));
     }
     return screens;
 }
 
 std::optional<Screen> MacScreens::main() const {
     NSScreen* screen = NSScreen.mainScreen;
-    return screen == nil ? std::nullopt : std::optional(describe(screen));
+    return screen == nil ? std::nullopt : std::optional(m_native->describe(screen));
 }
 
 std::optional<Screen> MacScreens::underMouse() const {

@@ -34,4 +34,14 @@
     return NO;
 }
 
+- (BOOL)performKeyEquivalent:(NSEvent*)event {
+    // Left to AppKit, ⌘Q would go to the launcher's menu bar, which nobody sees meanwhile, and end
+    // the launcher. The window itself would ask here again.
+    if (self.firstResponder == self) {
+        return [super performKeyEquivalent:event];
+    }
+    [self.firstResponder keyDown:event];
+    return YES;
+}
+
 @end
