@@ -34,8 +34,8 @@ HelpContent loadHelpContent(const QString& manifestName, const HelpBundle& bundl
 /// What a manifest lists, in groups.
 HelpContent contentOf(const HelpManifest& manifest);
 
-/// A topic's Markdown text for the bundle's system. Where its file is missing, larger than four megabytes or not UTF-8,
-/// that is a text which says so.
+/// A topic's Markdown text for the bundle's system. Where its file is missing, larger than four
+/// megabytes or not UTF-8, that is a text which says so.
 QString loadTopicText(const HelpTopic& topic, const HelpBundle& bundle);
 
 } // namespace quorvantel::help
