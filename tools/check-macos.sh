@@ -12,7 +12,7 @@ set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 if [[ ! -d ${1:-}/Frameworks ]]; then
-    sed -n 's/^# \{0,1\}//; 2,10p' "${BASH_SOURCE[0]}" >&2
+    sed -n 's/^# \{0,1\}//; 2,9p' tools/check-macos.sh >&2
     exit 2
 fi
 headers=$(realpath "$1")
