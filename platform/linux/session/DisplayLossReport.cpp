@@ -21,7 +21,7 @@ void endOnLoss(QtMsgType type, const QMessageLogContext& context, const QString&
         previousHandler(type, context, message);
         return;
     }
-    // Of the toolkit's threads several may notice at once; only one gets on, until the process ends.
+    // Several of the toolkit's threads may notice at once; one gets on, until the process ends.
     ending.lock();
     previousHandler(QtWarningMsg, {}, QStringLiteral("Quorvantel: the display server is gone"));
     // Everything that is to last was stored when it changed.
