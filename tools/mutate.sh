@@ -138,7 +138,9 @@ mutate_layer() {
 tools/install-packages.sh build run test
 mkdir -p "$tree" "$build/home"
 # What is under version control, as it is now; unchanged files keep their times, and their objects.
-git ls-files -z | xargs -0 cp --parents --update --target-directory="$tree"
+while IFS= read -r -d '' file; do
+    cmp -s "$file" "$tree/$file" || cp --parents "$file" "$tree"
+done < <(git ls-files -z)
 step "Configuring" build/mutation/configure.log cmake -S "$tree" -B "$build" -G Ninja \
     -DCMAKE_BUILD_TYPE=Debug -DQUORVANTEL_BENCHMARKS=OFF
 for layer; do
