@@ -1,31 +1,45 @@
 #!/usr/bin/env bash
 # Asks whether the tests notice: changes one operator, condition, constant or call of a layer at a
-# time, in a copy of the working tree, and runs that layer's tests on it.
+# time, in a copy of the working tree, and runs that layer's tests on it, and those of the layers
+# above when they do not notice.
 #
-#   tools/mutate.sh [-n COUNT] [-s SEED] LAYER...
+#   tools/mutate.sh [-s SEED] [-f PATTERN] [LAYER[:COUNT]...]
 #
-# COUNT changes of each layer (20), chosen by SEED (1), which tells them apart from other runs. For
-# example: tools/mutate.sh -n 30 search catalogue
+# COUNT changes of each layer (20), chosen by SEED (1): whatever else changes in the tree, a seed
+# chooses the same ones. With PATTERN, only those among them whose line of the report matches. The
+# sample that CONTRIBUTING.md gives the result of when no layer is named. For example:
+# tools/mutate.sh -s 2 search:30 catalogue
 #
 # Says of each change whether the tests killed it or it survived, which means that a test is missing,
-# that the code is not needed, or that both do the same. Those that do not compile do not count.
+# that the code is not needed, or that both do the same. The last are in tools/mutate-equivalent.txt,
+# with the reason, and do not count; those that do not compile do not count either.
 set -euo pipefail
 # shellcheck source=tools/common.sh
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
-count=20
 seed=1
-while getopts n:s: option; do
+pattern=
+while getopts s:f: option; do
     case $option in
-    n) count=$OPTARG ;;
     s) seed=$OPTARG ;;
+    f) pattern=$OPTARG ;;
     *) exit 2 ;;
     esac
 done
 shift $((OPTIND - 1))
+layers=("$@")
+if ((${#layers[@]} == 0)); then
+    layers=(search:24 catalogue:12 panel:15 hotkey:12 theme:10 shell:9 settings:13 platform:9
+        keyboard:4 gui:4 x11:3)
+fi
 
-tree="$PWD/build/mutation/tree"
-build="$PWD/build/mutation/build"
+work="$PWD/build/mutation"
+tree="$work/tree"
+# Where the build preset has it in the copy, so that what ccache has of the working tree fits.
+build="$tree/build/release"
+equivalent=tools/mutate-equivalent.txt
+# Of the layers above, those whose tests need neither a display server nor minutes.
+above=(resources drawing theme hotkey preferences settings panel help shell portal session shortcuts)
 
 # The sources of a layer. Of the platform only what decides: a change to what writes files or starts
 # programs might do either elsewhere.
@@ -42,7 +56,8 @@ sources() {
     esac
 }
 
-# Every change of the given sources, one a line: file, line, column, the old text, the new one.
+# Every change of the given sources, one a line, its fields apart by the unit separator: file, line,
+# column, the old text, the new one, the whole line.
 changes() {
     perl -ne '
         BEGIN {
@@ -52,9 +67,9 @@ changes() {
                 ["++", "--"], ["--", "++"], [" += ", " -= "], [" -= ", " += "],
                 ["true", "false"], ["false", "true"]);
         }
-        sub change { print join("\t", $ARGV, $., @_), "\n" }
+        sub change { print join("\x1f", $ARGV, $., @_, $_), "\n" }
+        chomp;
         my $code = $_;
-        chomp $code;
         # Texts and comments blanked, so that columns stay.
         $code =~ s{("(?:[^"\\]|\\.)*"|\x27(?:[^\x27\\]|\\.)\x27)}{"_" x length $1}ge;
         $code =~ s{//.*}{};
@@ -82,11 +97,18 @@ changes() {
     ' "$@"
 }
 
-# sample COUNT SEED: as many of the lines of the input, the same for the same seed.
+# sample SEED: the lines of the input in an order of the seed's. A line's place among the others depends
+# on nothing but its file, its text and its change.
 sample() {
-    perl -e 'my ($count, $seed) = splice(@ARGV, 0, 2); srand($seed); my @lines = <STDIN>;
-        for my $i (reverse 1 .. $#lines) { my $j = int(rand($i + 1)); @lines[$i, $j] = @lines[$j, $i]; }
-        print grep { defined } @lines[0 .. $count - 1]' "$@"
+    perl -MDigest::MD5=md5_hex -ne 'BEGIN { $seed = shift @ARGV }
+        my ($file, $line, @change) = split /\x1f/;
+        print md5_hex(join "\x1f", $seed, $file, @change), "\t$_"' "$1" | sort | cut -f 2-
+}
+
+# changed AT OLD NEW CODE: the line after the change, without the spaces around it.
+changed() {
+    perl -e '($at, $old, $new, $code) = @ARGV; substr($code, $at, length $old) = $new;
+        $code =~ s/^\s+|\s+$//g; print $code' "$@"
 }
 
 # apply FILE LINE COLUMN OLD NEW: makes the change in the copy.
@@ -95,54 +117,131 @@ apply() {
         substr($_, $at, length $old) = $new if $. == $line' "$2" "$3" "$4" "$5" "$tree/$1"
 }
 
-# test_layer LAYER: whether its tests still build and pass; 2 when they do not build.
-test_layer() {
-    ninja -C "$build" "tests/$1/all" >build/mutation/build.log 2>&1 </dev/null || return 2
-    HOME="$build/home" timeout 600 ctest --test-dir "$build/tests/$1" -j 2 --timeout 30 \
-        --stop-on-failure >build/mutation/test.log 2>&1 </dev/null || return 1
+# programs DIRECTORY...: the test programs of these directories of tests/.
+programs() {
+    local directory
+    for directory; do
+        sed -n '/compositor/d; s/^ *quorvantel_test(\([a-z0-9_]*\).*/\1/p' "tests/$directory/CMakeLists.txt"
+    done
 }
 
-described() { if [[ -n $1 ]]; then echo "[$1]"; else echo "nothing"; fi; }
+# passes PROGRAM: whether its tests pass. A failure counts when it is seen twice, lest the load of the
+# machine passes for one.
+passes() {
+    local status
+    for _ in 1 2; do
+        status=0
+        (
+            # What goes astray is not to take the machine with it.
+            ulimit -v 8000000 -f 1000000 -c 0
+            cd "$work/run"
+            TMPDIR="$work/run" QUORVANTEL_KILLS=3 timeout --kill-after=5 "$patience" \
+                "$build/tests/$1" --gtest_fail_fast >"$work/test.log" 2>&1 </dev/null
+        ) || status=$?
+        find "$work/run" -mindepth 1 -delete
+        if ((status == 0)); then
+            return 0
+        elif ((status == 124 || status == 137)); then
+            return 1
+        fi
+    done
+    return 1
+}
+
+# outcome LAYER: whether the tests of the layer and of those above it pass; 2 when they do not build.
+outcome() {
+    local program
+    mapfile -t own < <(programs "$1")
+    touch "$work/stamp"
+    ninja -C "$build" "${own[@]}" >"$work/build.log" 2>&1 </dev/null || return 2
+    for program in "${own[@]}"; do
+        passes "$program" || return 1
+    done
+    mapfile -t others < <(programs "${above[@]}" | grep -v -x -F -f <(printf '%s\n' "${own[@]}"))
+    ninja -C "$build" "${others[@]}" >"$work/build.log" 2>&1 </dev/null || return 2
+    for program in "${others[@]}"; do
+        # The others do not know the layer.
+        if [[ $build/tests/$program -nt $work/stamp ]]; then
+            passes "$program" || return 1
+        fi
+    done
+}
 
 mutate_layer() {
-    local layer=$1 killed=0 survived=0 outcome file line column old new
-    outcome=0
-    test_layer "$layer" || outcome=$?
-    if ((outcome != 0)); then
-        cat build/mutation/build.log build/mutation/test.log >&2
-        echo "✗ The tests of $layer fail without any change" >&2
-        return 1
-    fi
-    while IFS=$'\t' read -r file line column old new; do
-        apply "$file" "$line" "$column" "$old" "$new"
-        outcome=0
-        test_layer "$layer" || outcome=$?
+    local layer=$1 count=$2 killed=0 survived=0 same=0 left_out=0 result file line at old new code report
+    while IFS=$'\x1f' read -r file line at old new code; do
+        if ((killed + survived + same + left_out == count)); then
+            break
+        fi
+        report="$file: $(changed "$at" "$old" "$new" "$code")"
+        if grep -q -F -x "$report" <(sed 's/  # .*//' "$equivalent"); then
+            same=$((same + 1))
+            continue
+        elif [[ -n $pattern ]] && ! grep -q -E -e "$pattern" <<<"$report"; then
+            left_out=$((left_out + 1))
+            continue
+        fi
+        mutant=$file
+        apply "$file" "$line" "$at" "$old" "$new"
+        result=0
+        MUTANT=$mutant outcome "$layer" || result=$?
         cp "$file" "$tree/$file"
-        case $outcome in
+        case $result in
         0)
             survived=$((survived + 1))
-            echo "  survived  $file:$line: $(described "$old") becomes $(described "$new")"
+            echo "  survived  $report"
             ;;
         1)
             killed=$((killed + 1))
-            echo "  killed    $file:$line: $(described "$old") becomes $(described "$new")"
+            echo "  killed    $report"
             ;;
         esac
-        if ((killed + survived == count)); then
-            break
-        fi
-    done < <(mapfile -t files < <(sources "$layer") && changes "${files[@]}" | sample $((count * 2)) "$seed")
-    echo "• $layer: $killed of $((killed + survived)) killed"
+    done < <(mapfile -t files < <(sources "$layer") && changes "${files[@]}" | sample "$seed")
+    echo "• $layer: $killed of $((killed + survived)) killed, $same more change nothing"
+    total_killed=$((total_killed + killed))
+    total=$((total + killed + survived))
 }
 
 tools/install-packages.sh build run test
-mkdir -p "$tree" "$build/home"
+mkdir -p "$tree" "$work/run"
+# The next run is not to take a change for the source.
+mutant=
+trap 'rm -f "$tree/${mutant:-none}"' EXIT
 # What is under version control, as it is now; unchanged files keep their times, and their objects.
-while IFS= read -r -d '' file; do
-    cmp -s "$file" "$tree/$file" || cp --parents "$file" "$tree"
-done < <(git ls-files -z)
-step "Configuring" build/mutation/configure.log cmake -S "$tree" -B "$build" -G Ninja \
-    -DCMAKE_BUILD_TYPE=Debug -DQUORVANTEL_BENCHMARKS=OFF
-for layer; do
-    mutate_layer "$layer"
+git ls-files -z | xargs -0 cp --parents --update --target-directory="$tree"
+# The changed source alone is compiled for speed of compiling, and without a warning for an error.
+cat >"$work/compile" <<'END'
+#!/bin/sh
+case "$*" in *"/${MUTANT:-none}"*) exec "$@" -O0 -g0 -w ;; esac
+if command -v ccache >/dev/null; then exec ccache "$@"; fi
+exec "$@"
+END
+chmod +x "$work/compile"
+step "Configuring" "$work/configure.log" cmake -S "$tree" -B "$build" -G Ninja \
+    -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_EXPORT_COMPILE_COMMANDS=ON -DQUORVANTEL_WERROR=ON \
+    -DQUORVANTEL_BENCHMARKS=OFF -DCMAKE_CXX_COMPILER_LAUNCHER="$work/compile" \
+    -DCMAKE_EXE_LINKER_FLAGS='-fuse-ld=gold -Wl,--strip-debug' \
+    -DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST
+mapfile -t tests < <(programs "${above[@]}" "${layers[@]%:*}" | sort -u)
+step "Building" "$work/build.log" ninja -C "$build" "${tests[@]}"
+# The tests have to pass without any change, and tell how long they may take.
+patience=600
+slowest=0
+for program in "${tests[@]}"; do
+    start=$SECONDS
+    if ! passes "$program"; then
+        cat "$work/test.log" >&2
+        echo "✗ $program fails without any change" >&2
+        exit 1
+    fi
+    echo "• $program passes in $((SECONDS - start)) s"
+    slowest=$((SECONDS - start > slowest ? SECONDS - start : slowest))
 done
+patience=$((30 + 4 * slowest))
+total=0
+total_killed=0
+for layer in "${layers[@]}"; do
+    count=${layer#*:}
+    mutate_layer "${layer%:*}" "$([[ $layer == *:* ]] && echo "$count" || echo 20)"
+done
+echo "$total_killed of $total killed"
