@@ -6,11 +6,13 @@
 
 namespace quorvantel::testing {
 
-/// Hands out the applications that the test names, one at a time; an endless one, none for ever.
+/// Hands out the applications that the test names, one at a time; none for as long as it is endless.
 class FakeListing : public platform::InstalledApplications::Listing {
 public:
+    static constexpr bool never = false;
+
     explicit FakeListing(std::vector<platform::InstalledApplication> applications,
-                         bool isEndless = false)
+                         const bool& isEndless = never)
         : m_applications(std::move(applications)), m_isEndless(isEndless) {}
 
     std::optional<std::vector<platform::InstalledApplication>> next() override {
@@ -25,7 +27,7 @@ public:
 
 private:
     std::vector<platform::InstalledApplication> m_applications;
-    bool m_isEndless;
+    const bool& m_isEndless;
     std::size_t m_next = 0;
 };
 

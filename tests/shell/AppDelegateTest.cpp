@@ -160,10 +160,19 @@ TEST_F(AppDelegateTest, AScanGivesWayToTheUserAndToTheNextScan) {
     EXPECT_TRUE(delegate.isPanelVisible());
     EXPECT_EQ(delegate.engine().targets().size(), 38U);
     delegate.dismissPanel();
-    now += 5;
     platform.applications.isEndless = false;
-    pressHotKey();
     EXPECT_TRUE(QTest::qWaitFor([this] { return delegate.engine().targets().size() == 39; }));
+
+    platform.applications.isEndless = true;
+    for (const int scan : {2, 3}) {
+        platform.applications.names << QStringLiteral("Zebu %1").arg(scan);
+        now += 5;
+        pressHotKey();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return platform.applications.scans == scan; }));
+        delegate.dismissPanel();
+    }
+    platform.applications.isEndless = false;
+    EXPECT_TRUE(QTest::qWaitFor([this] { return delegate.engine().targets().size() == 41; }));
 }
 
 TEST_F(AppDelegateTest, OnlyAPickThatWasNotOnTopTeaches) {
