@@ -42,6 +42,8 @@ TEST_F(PanelAccessibilityTest, EveryResultIsAChildWhereverItIsScrolled) {
     EXPECT_FALSE(second->state().offscreen);
     EXPECT_EQ(list().childAt(second->rect().center().x(), second->rect().center().y()), second);
     EXPECT_TRUE(list().child(0)->state().selected);
+    EXPECT_TRUE(second->state().selectable && second->state().focusable);
+    EXPECT_EQ(list().text(QAccessible::Name), u"Results"_s);
 }
 
 TEST_F(PanelAccessibilityTest, ARowLivesAsLongAsItsTargetKeepsItsPlace) {

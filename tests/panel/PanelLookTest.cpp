@@ -1,4 +1,5 @@
 #include "panel/LauncherViewFixture.h"
+#include "support/DrawnTexts.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -73,6 +74,27 @@ TEST_F(PanelLookTest, LinesAndEdgesLieOnPixelsAtEveryScale) {
     EXPECT_EQ(runs(picture(2), freeColumn), (QList<int>{2, 110, 2, 12, 96, 10, 2}));
 }
 
+TEST_F(PanelLookTest, TextsHaveTheSizesAndColoursOfTheirKind) {
+    const auto texts = [this] {
+        QStringList found;
+        const testing::DrawnTexts picture(view);
+        for (const testing::DrawnText& drawn : picture.texts()) {
+            const bool isSecondary = drawn.color == theme().secondaryText.toQColor();
+            EXPECT_TRUE(isSecondary || drawn.color == theme().primaryText.toQColor());
+            found << QStringLiteral("%1 %2 %3").arg(drawn.text).arg(drawn.size).arg(isSecondary);
+        }
+        return found.join(u'\n');
+    };
+    const auto& empty = *view.findChild<EmptyStateView*>();
+    setApps({QStringLiteral("app")});
+    engine.setQuery(QStringLiteral("a"));
+    EXPECT_EQ(texts(), QStringLiteral("a 18 0\napp 15 0\nApp 11 1"));
+    EXPECT_FALSE(empty.isVisible());
+    engine.setQuery(QStringLiteral("x"));
+    EXPECT_EQ(texts(), QStringLiteral("No results 13 1\nx 18 0"));
+    EXPECT_TRUE(empty.isVisible());
+}
+
 TEST_F(PanelLookTest, ARowThatIsScrolledAcrossTheEdgeStaysInsideThePanel) {
     engine.setQuery(QStringLiteral("app"));
     list.setSelectedIndex(8);
@@ -119,6 +141,17 @@ TEST_F(PanelLookTest, TheSettingsButtonTakesTheHighlightsOfTheThemeAndStaysVisib
         button.setDown(false);
         button.setAttribute(Qt::WA_UnderMouse, false);
     }
+}
+
+TEST_F(PanelLookTest, GlassIsTranslucentWhereTheDesktopBlursAndWantsTranslucency) {
+    look.manager.setPreset(ThemePreset::Glass);
+    const auto opacity = [this] { return picture().pixelColor(freeColumn, 28).alpha(); };
+    EXPECT_EQ(opacity(), 255);
+    view.setBlurAvailable(true);
+    EXPECT_LT(opacity(), 255);
+    look.system.reduced = true;
+    Q_EMIT look.system.changed();
+    EXPECT_EQ(opacity(), 255);
 }
 
 TEST_F(PanelLookTest, TheMenuOfTheFieldHasTheColoursOfTheTheme) {
