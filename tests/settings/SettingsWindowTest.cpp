@@ -5,6 +5,7 @@
 #include "settings/SegmentedPill.h"
 #include "settings/SettingsText.h"
 #include "settings/SettingsWindowController.h"
+#include "support/DrawnTexts.h"
 #include "support/FakeHotKeys.h"
 #include "support/FakeLook.h"
 #include "support/FakeScreens.h"
@@ -122,6 +123,36 @@ TEST_F(SettingsWindowTest, TheSidebarIsAListThatTheArrowKeysMoveIn) {
     EXPECT_EQ(spoken->child(3)->text(QAccessible::Name), u"Appearance"_s);
 }
 
+TEST_F(SettingsWindowTest, SymbolsStandCentredBeforeTheirTexts) {
+    SettingsView& window = show();
+    window.select(SettingsSection::General);
+    const auto& sidebar = *window.findChild<SettingsSidebar*>();
+    const testing::DrawnTexts rows(*sidebar.viewport());
+    ASSERT_EQ(rows.texts().size(), 4U);
+    ASSERT_EQ(rows.pictures().size(), 4U);
+    for (int row = 0; row < 4; ++row) {
+        const auto& text = rows.texts()[static_cast<std::size_t>(row)];
+        const QPoint corner = sidebar.visualRect(sidebar.model()->index(row, 0)).topLeft();
+        EXPECT_EQ(rows.pictures()[static_cast<std::size_t>(row)],
+                  QRectF(corner + QPoint(8, 8), QSizeF(16, 16)));
+        EXPECT_EQ(text.start.x(), corner.x() + 32);
+        EXPECT_EQ(text.size, 13);
+    }
+    auto* const help = button<FCPToolbarButtonStyle>(u"Quorvantel Help"_s);
+    const testing::DrawnTexts atRest(*help);
+    EXPECT_EQ(atRest.pictures().at(0).left(), 8);
+    EXPECT_NEAR(atRest.pictures()[0].center().y(), help->height() / 2.0, 0.5);
+    EXPECT_EQ(atRest.texts().at(0).start.x(), 29);
+    QTest::mousePress(help, Qt::LeftButton);
+    EXPECT_TRUE(QTest::qWaitFor([help] {
+        return testing::DrawnTexts(*help).pictures().at(0).left() > 10;
+    })) << "it does not shrink";
+    QTest::mouseRelease(help, Qt::LeftButton);
+    EXPECT_TRUE(QTest::qWaitFor([help] {
+        return testing::DrawnTexts(*help).pictures().at(0).left() == 8;
+    })) << "it does not grow again";
+}
+
 TEST_F(SettingsWindowTest, TheHelpButtonAndF1AskForHelp) {
     SettingsView& window = show();
     QTest::keyClick(&window, Qt::Key_F1);
@@ -191,9 +222,19 @@ TEST_F(SettingsWindowTest, WhatTheSystemMadeOfTheHotKeyIsSaidAndCanBeCopied) {
               u"⌥⌘Space\nPress Meta+Space to summon Quorvantel."_s);
     EXPECT_FALSE(lines.isVisible());
 
-    hotKeys.turn(platform::HotKeyLeftToUser{u"Put this there:"_s, u"bind x"_s});
-    EXPECT_TRUE(shows(u"Put this there:"_s));
+    hotKeys.turn(platform::HotKeyLeftToUser{u"Put <b>this</b> there:"_s, u"bind x"_s});
+    EXPECT_TRUE(shows(u"Put <b>this</b> there:"_s));
     EXPECT_TRUE(lines.isVisible());
+    look.manager.setAppearance(ThemeManager::Appearance::Dark);
+    const testing::DrawnTexts drawn(window);
+    const auto isDrawn = [&](const QString& text) {
+        return std::ranges::any_of(drawn.texts(), [&](const testing::DrawnText& candidate) {
+            return candidate.text.contains(text) &&
+                   candidate.color == look.theme.theme().primaryText.toQColor();
+        });
+    };
+    EXPECT_TRUE(isDrawn(u"<b>this</b>"_s)) << "the text is the desktop's, and no markup";
+    EXPECT_TRUE(isDrawn(u"bind x"_s));
     auto* const copy = button<PlainButton>(u"Copy"_s);
     QTest::mouseClick(copy, Qt::LeftButton);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), u"bind x"_s);
