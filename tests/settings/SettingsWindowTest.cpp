@@ -151,6 +151,10 @@ TEST_F(SettingsWindowTest, SymbolsStandCentredBeforeTheirTexts) {
     EXPECT_TRUE(QTest::qWaitFor([help] {
         return testing::DrawnTexts(*help).pictures().at(0).left() == 8;
     })) << "it does not grow again";
+    const auto color = [help] { return testing::DrawnTexts(*help).texts().at(0).color; };
+    help->setOn(true);
+    EXPECT_NE(color(), QColor(Qt::white)) << "it jumps";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return color() == QColor(Qt::white); }));
 }
 
 TEST_F(SettingsWindowTest, TheHelpButtonAndF1AskForHelp) {

@@ -316,6 +316,9 @@ TEST_F(AppDelegateTest, RequestsFromOutsideToggleButADoubleClickDoesNotUndoItsel
         delegate.answer(ToggleStartAtLogin);
         EXPECT_EQ(platform.item.enabled, isEnabled);
     }
+    themeManager.setAppearance(ThemeManager::Appearance::Dark);
+    delegate.answer(ShowHelp);
+    EXPECT_EQ(platform.frame.appearance, platform::WindowFrame::Appearance::Dark);
 }
 
 TEST_F(AppDelegateTest, TheEndReleasesTheHotKeyAndTheKeyboard) {
