@@ -1,10 +1,12 @@
 #include "settings/CopyableText.h"
+#include "settings/DetailPane.h"
 #include "settings/FCPToolbarButtonStyle.h"
 #include "settings/HotKeyRecorderView.h"
 #include "settings/PlainButton.h"
 #include "settings/SegmentedPill.h"
 #include "settings/SettingsText.h"
 #include "settings/SettingsWindowController.h"
+#include "settings/SidebarSplitter.h"
 #include "support/DrawnTexts.h"
 #include "support/FakeHotKeys.h"
 #include "support/FakeLook.h"
@@ -121,6 +123,12 @@ TEST_F(SettingsWindowTest, TheSidebarIsAListThatTheArrowKeysMoveIn) {
     ASSERT_EQ(spoken->childCount(), 4);
     EXPECT_EQ(spoken->child(3)->role(), QAccessible::ListItem);
     EXPECT_EQ(spoken->child(3)->text(QAccessible::Name), u"Appearance"_s);
+    const auto role = [](QObject* object) {
+        return QAccessible::queryAccessibleInterface(object)->role();
+    };
+    EXPECT_EQ(role(&window), QAccessible::Window);
+    EXPECT_EQ(role(window.findChild<DetailPane*>()), QAccessible::Grouping);
+    EXPECT_EQ(role(window.findChild<SidebarSplitter*>()->handle(1)), QAccessible::Separator);
 }
 
 TEST_F(SettingsWindowTest, SymbolsStandCentredBeforeTheirTexts) {

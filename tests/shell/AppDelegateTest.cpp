@@ -106,16 +106,18 @@ TEST_F(AppDelegateTest, ThePanelFollowsTheFontWhileItIsHidden) {
 TEST_F(AppDelegateTest, TheHotKeyTogglesThePanelAndScansAgainAfterThreeSeconds) {
     start();
     EXPECT_EQ(platform.applications.scans, 1);
-    now += 2.9;
-    pressHotKey();
-    EXPECT_TRUE(delegate.isPanelVisible());
-    EXPECT_TRUE(platform.host.hasKeyboard);
-    EXPECT_EQ(platform.clicks.observers, 1);
-    pressHotKey();
-    EXPECT_FALSE(delegate.isPanelVisible());
-    EXPECT_FALSE(platform.host.hasKeyboard);
-    EXPECT_EQ(platform.clicks.observers, 0);
-    EXPECT_EQ(platform.applications.scans, 1);
+    for (const double later : {1000.5, 1002.9}) {
+        now = later;
+        pressHotKey();
+        EXPECT_TRUE(delegate.isPanelVisible());
+        EXPECT_TRUE(platform.host.hasKeyboard);
+        EXPECT_EQ(platform.clicks.observers, 1);
+        pressHotKey();
+        EXPECT_FALSE(delegate.isPanelVisible());
+        EXPECT_FALSE(platform.host.hasKeyboard);
+        EXPECT_EQ(platform.clicks.observers, 0);
+        EXPECT_EQ(platform.applications.scans, 1);
+    }
 
     now = 1003.0;
     pressHotKey();
