@@ -35,7 +35,8 @@ TEST(KeyPositionsTest, RowsAreInKeyboardOrder) {
         EXPECT_EQ(virtualKeyForKeyName("KP" + std::to_string(digit)), keypad.at(digit));
     }
     const std::pair<std::string_view, std::uint32_t> operators[] = {
-        {"KPDV", 75}, {"KPMU", 67}, {"KPSU", 78}, {"KPAD", 69}, {"KPEN", 76}, {"KPDL", 65}};
+        {"KPDV", 75}, {"KPMU", 67}, {"KPSU", 78}, {"KPAD", 69},
+        {"KPEN", 76}, {"KPDL", 65}, {"KPEQ", 81}};
     for (const auto& [name, keyCode] : operators) {
         EXPECT_EQ(virtualKeyForKeyName(name), keyCode) << name;
     }

@@ -78,7 +78,7 @@ TEST_F(PanelLookTest, TextsHaveTheSizesAndColoursOfTheirKind) {
     const auto texts = [this] {
         QStringList found;
         const testing::DrawnTexts picture(view);
-        for (const testing::DrawnText& drawn : picture.texts()) {
+        for (const testing::DrawnTexts::Text& drawn : picture.texts()) {
             const bool isSecondary = drawn.color == theme().secondaryText.toQColor();
             EXPECT_TRUE(isSecondary || drawn.color == theme().primaryText.toQColor());
             found << QStringLiteral("%1 %2 %3").arg(drawn.text).arg(drawn.size).arg(isSecondary);

@@ -87,7 +87,9 @@ protected:
 
 TEST_F(SettingsWindowTest, EveryRequestShowsTheSameWindowCentredAndInFront) {
     EXPECT_EQ(controller.window(), nullptr);
+    look.manager.setAppearance(ThemeManager::Appearance::Dark);
     SettingsView& window = show();
+    EXPECT_EQ(frame.appearance, platform::WindowFrame::Appearance::Dark);
     EXPECT_EQ(window.windowTitle(), u"Quorvantel Settings"_s);
     EXPECT_EQ(window.shownSection(), SettingsSection::Hotkey);
 
@@ -137,32 +139,28 @@ TEST_F(SettingsWindowTest, SymbolsStandCentredBeforeTheirTexts) {
     const auto& sidebar = *window.findChild<SettingsSidebar*>();
     const testing::DrawnTexts rows(*sidebar.viewport());
     ASSERT_EQ(rows.texts().size(), 4U);
-    ASSERT_EQ(rows.pictures().size(), 4U);
-    for (int row = 0; row < 4; ++row) {
-        const auto& text = rows.texts()[static_cast<std::size_t>(row)];
-        const QPoint corner = sidebar.visualRect(sidebar.model()->index(row, 0)).topLeft();
-        EXPECT_EQ(rows.pictures()[static_cast<std::size_t>(row)],
-                  QRectF(corner + QPoint(8, 8), QSizeF(16, 16)));
-        EXPECT_EQ(text.start.x(), corner.x() + 32);
-        EXPECT_EQ(text.size, 13);
+    for (std::size_t row = 0; row < 4; ++row) {
+        const QModelIndex index = sidebar.model()->index(static_cast<int>(row), 0);
+        const QPoint corner = sidebar.visualRect(index).topLeft();
+        EXPECT_EQ(rows.pictures().at(row), QRectF(corner + QPoint(8, 8), QSizeF(16, 16)));
+        EXPECT_EQ(rows.texts()[row].start.x(), corner.x() + 32);
+        EXPECT_EQ(rows.texts()[row].size, 13);
     }
+    const QImage list = sidebar.viewport()->grab().toImage();
+    EXPECT_NE(list.pixelColor(list.width() / 2, 4), list.pixelColor(list.width() / 2, 4 + 34));
+
     auto* const help = button<FCPToolbarButtonStyle>(u"Quorvantel Help"_s);
-    const testing::DrawnTexts atRest(*help);
-    EXPECT_EQ(atRest.pictures().at(0).left(), 8);
-    EXPECT_NEAR(atRest.pictures()[0].center().y(), help->height() / 2.0, 0.5);
-    EXPECT_EQ(atRest.texts().at(0).start.x(), 29);
+    const auto symbol = [help] { return testing::DrawnTexts(*help).pictures().at(0); };
+    const auto text = [help] { return testing::DrawnTexts(*help).texts().at(0); };
+    EXPECT_NEAR(symbol().center().y(), help->height() / 2.0, 0.5);
+    EXPECT_EQ(text().start.x(), 29);
     QTest::mousePress(help, Qt::LeftButton);
-    EXPECT_TRUE(QTest::qWaitFor([help] {
-        return testing::DrawnTexts(*help).pictures().at(0).left() > 10;
-    })) << "it does not shrink";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return symbol().left() > 10; })) << "it does not shrink";
     QTest::mouseRelease(help, Qt::LeftButton);
-    EXPECT_TRUE(QTest::qWaitFor([help] {
-        return testing::DrawnTexts(*help).pictures().at(0).left() == 8;
-    })) << "it does not grow again";
-    const auto color = [help] { return testing::DrawnTexts(*help).texts().at(0).color; };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return symbol().left() == 8; })) << "nor grow again";
     help->setOn(true);
-    EXPECT_NE(color(), QColor(Qt::white)) << "it jumps";
-    EXPECT_TRUE(QTest::qWaitFor([&] { return color() == QColor(Qt::white); }));
+    EXPECT_NE(text().color, QColor(Qt::white)) << "it jumps";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return text().color == QColor(Qt::white); }));
 }
 
 TEST_F(SettingsWindowTest, TheHelpButtonAndF1AskForHelp) {
@@ -240,7 +238,7 @@ TEST_F(SettingsWindowTest, WhatTheSystemMadeOfTheHotKeyIsSaidAndCanBeCopied) {
     look.manager.setAppearance(ThemeManager::Appearance::Dark);
     const testing::DrawnTexts drawn(window);
     const auto isDrawn = [&](const QString& text) {
-        return std::ranges::any_of(drawn.texts(), [&](const testing::DrawnText& candidate) {
+        return std::ranges::any_of(drawn.texts(), [&](const auto& candidate) {
             return candidate.text.contains(text) &&
                    candidate.color == look.theme.theme().primaryText.toQColor();
         });

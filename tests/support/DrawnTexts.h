@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QImage>
 #include <QPaintEngine>
 #include <QWidget>
 
@@ -7,48 +8,25 @@
 
 namespace quorvantel::testing {
 
-/// A text as a widget draws it.
-struct DrawnText {
-    QString text;
-    /// The height of its font in pixels.
-    int size;
-    QColor color;
-    /// Where its first letter stands, in the widget.
-    QPointF start;
-};
-
-/// A device that takes the texts and the places of the pictures down and leaves out the rest.
-class DrawnTexts : public QPaintDevice {
+/// What a widget draws: its texts, and where its pictures are. All else is left out.
+class DrawnTexts : public QImage {
 public:
-    explicit DrawnTexts(QWidget& widget) : m_widget(widget) {
+    struct Text {
+        QString text;
+        /// The height of its font in pixels.
+        int size;
+        QColor color;
+        /// Where its first letter stands.
+        QPointF start;
+    };
+
+    explicit DrawnTexts(QWidget& widget) : QImage(widget.size(), Format_ARGB32_Premultiplied) {
         widget.render(this, {}, {}, QWidget::DrawChildren);
     }
 
-    const std::vector<DrawnText>& texts() const { return m_engine.texts; }
+    const std::vector<Text>& texts() const { return m_engine.texts; }
     const std::vector<QRectF>& pictures() const { return m_engine.pictures; }
-
     QPaintEngine* paintEngine() const override { return &m_engine; }
-
-protected:
-    int metric(PaintDeviceMetric metric) const override {
-        switch (metric) {
-        case PdmWidth:
-            return m_widget.width();
-        case PdmHeight:
-            return m_widget.height();
-        case PdmDevicePixelRatioScaled:
-            return qRound(devicePixelRatioFScale());
-        case PdmDevicePixelRatio:
-        case PdmWidthMM:
-        case PdmHeightMM:
-            return 1;
-        case PdmNumColors:
-        case PdmDepth:
-            return 32;
-        default:
-            return 96;
-        }
-    }
 
 private:
     class Engine : public QPaintEngine {
@@ -68,11 +46,10 @@ private:
         }
         Type type() const override { return User; }
 
-        std::vector<DrawnText> texts;
+        std::vector<Text> texts;
         std::vector<QRectF> pictures;
     };
 
-    QWidget& m_widget;
     mutable Engine m_engine;
 };
 
