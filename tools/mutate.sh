@@ -235,7 +235,7 @@ END
 chmod +x "$work/compile"
 step "Configuring" "$work/configure.log" cmake -S "$tree" -B "$build" -G Ninja \
     -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_EXPORT_COMPILE_COMMANDS=ON -DQUORVANTEL_WERROR=ON \
-    -DQUORVANTEL_BENCHMARKS=OFF -DCMAKE_CXX_COMPILER_LAUNCHER="$work/compile" \
+    -DQUORVANTEL_BENCHMARKS=OFF -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON -DCMAKE_CXX_COMPILER_LAUNCHER="$work/compile" \
     -DCMAKE_EXE_LINKER_FLAGS='-fuse-ld=gold -Wl,--strip-debug' \
     -DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST
 mapfile -t tests < <(programs "${above[@]}" "${layers[@]%:*}" | sort -u)

@@ -187,6 +187,8 @@ TEST_F(IconThemeImageLoaderTest, VectorImagesReachNothingOutsideThemselvesAndSta
         {"large", svg(QByteArray(2 << 20, ' '))},
         {"packed", packed(svg({}), 2 << 20)},
         {"dashes", svg(dashes.repeated(100))},
+        {"wide", svg("<path stroke='red' stroke-width='20' stroke-dasharray='0.2' d='M0 0" +
+                     QByteArray("h28h-28").repeated(50) + "'/>")},
         {"far", svg("<polygon points='" + QByteArray("0,0 28,1e6 ").repeated(500) + "'/>")},
         {"fonts", svg(QByteArray("<text font-family='a'>a</text>").repeated(81))},
         {"rules", svg("<style><a/>" + QByteArray("a{}").repeated(50'000) + "</style>" +
