@@ -3,10 +3,10 @@
 # time, in a copy of the working tree, and runs that layer's tests on it, and those of the layers
 # above when they do not notice.
 #
-#   tools/mutate.sh [-s SEED] [-f PATTERN] [LAYER[:COUNT]...]
+#   tools/mutate.sh [-s SEED] [-a LOG] [LAYER[:COUNT]...]
 #
 # COUNT changes of each layer (20), chosen by SEED (1): whatever else changes in the tree, a seed
-# chooses the same ones. With PATTERN, only those among them whose line of the report matches. The
+# chooses the same ones. With LOG, what an earlier run wrote, only those again that survived it. The
 # sample that CONTRIBUTING.md gives the result of when no layer is named. For example:
 # tools/mutate.sh -s 2 search:30 catalogue
 #
@@ -18,11 +18,11 @@ set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 seed=1
-pattern=
-while getopts s:f: option; do
+earlier=
+while getopts s:a: option; do
     case $option in
     s) seed=$OPTARG ;;
-    f) pattern=$OPTARG ;;
+    a) earlier=$OPTARG ;;
     *) exit 2 ;;
     esac
 done
@@ -182,6 +182,9 @@ outcome() {
     done
 }
 
+# survivors LOG: the changes that survived, without the numbers of their lines.
+survivors() { sed -n '/^  survived  /{ s///; s/:[0-9]*: /: /; p }' "$1"; }
+
 mutate_layer() {
     local layer=$1 count=$2 killed=0 survived=0 same=0 left_out=0 result file line at old new code report
     while IFS=$'\x1f' read -r file line at old new code; do
@@ -192,14 +195,13 @@ mutate_layer() {
         if grep -q -F -x "$report" <(sed 's/  # .*//' "$equivalent"); then
             same=$((same + 1))
             continue
-        elif [[ -n $pattern ]] && ! grep -q -E -e "$pattern" <<<"$report"; then
+        elif [[ -n $earlier ]] && ! survivors "$earlier" | grep -F -x -e "$report" >/dev/null; then
             left_out=$((left_out + 1))
             continue
         fi
-        mutant=$file
         apply "$file" "$line" "$at" "$old" "$new"
         result=0
-        MUTANT=$mutant outcome "$layer" || result=$?
+        MUTANT=$file outcome "$layer" || result=$?
         cp "$file" "$tree/$file"
         case $result in
         0)
@@ -219,11 +221,10 @@ mutate_layer() {
 
 tools/install-packages.sh build run test
 mkdir -p "$tree" "$work/run"
-# The next run is not to take a change for the source.
-mutant=
-trap 'rm -f "$tree/${mutant:-none}"' EXIT
 # What is under version control, as it is now; unchanged files keep their times, and their objects.
-git ls-files -z | xargs -0 cp --parents --update --target-directory="$tree"
+while IFS= read -r -d '' file; do
+    cmp -s "$file" "$tree/$file" || cp --parents "$file" "$tree"
+done < <(git ls-files -z)
 # The changed source alone is compiled anew: quickly, without a warning for an error, and so that what
 # passes the end of a container is noticed.
 cat >"$work/compile" <<'END'
@@ -235,7 +236,7 @@ END
 chmod +x "$work/compile"
 step "Configuring" "$work/configure.log" cmake -S "$tree" -B "$build" -G Ninja \
     -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_EXPORT_COMPILE_COMMANDS=ON -DQUORVANTEL_WERROR=ON \
-    -DQUORVANTEL_BENCHMARKS=OFF -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON -DCMAKE_CXX_COMPILER_LAUNCHER="$work/compile" \
+    -DQUORVANTEL_BENCHMARKS=OFF -DCMAKE_CXX_COMPILER_LAUNCHER="$work/compile" \
     -DCMAKE_EXE_LINKER_FLAGS='-fuse-ld=gold -Wl,--strip-debug' \
     -DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST
 mapfile -t tests < <(programs "${above[@]}" "${layers[@]%:*}" | sort -u)
