@@ -186,9 +186,12 @@ outcome() {
 survivors() { sed -n '/^  survived  /{ s///; s/:[0-9]*: /: /; p }' "$1"; }
 
 mutate_layer() {
-    local layer=$1 count=$2 killed=0 survived=0 same=0 left_out=0 result file line at old new code report
+    local layer=$1 count=$2 killed=0 survived=0 same=0 result file line at old new code report
+    if [[ -n $earlier ]]; then
+        count=$(survivors "$earlier" | grep -c -F -f <(sources "$layer" | sed 's/$/: /') || true)
+    fi
     while IFS=$'\x1f' read -r file line at old new code; do
-        if ((killed + survived + same + left_out == count)); then
+        if ((killed + survived + same == count)); then
             break
         fi
         report="$file: $(changed "$at" "$old" "$new" "$code")"
@@ -196,7 +199,6 @@ mutate_layer() {
             same=$((same + 1))
             continue
         elif [[ -n $earlier ]] && ! survivors "$earlier" | grep -F -x -e "$report" >/dev/null; then
-            left_out=$((left_out + 1))
             continue
         fi
         apply "$file" "$line" "$at" "$old" "$new"

@@ -1,12 +1,10 @@
 #include "settings/CopyableText.h"
-#include "settings/DetailPane.h"
 #include "settings/FCPToolbarButtonStyle.h"
 #include "settings/HotKeyRecorderView.h"
 #include "settings/PlainButton.h"
 #include "settings/SegmentedPill.h"
 #include "settings/SettingsText.h"
 #include "settings/SettingsWindowController.h"
-#include "settings/SidebarSplitter.h"
 #include "support/DrawnTexts.h"
 #include "support/FakeHotKeys.h"
 #include "support/FakeLook.h"
@@ -125,12 +123,7 @@ TEST_F(SettingsWindowTest, TheSidebarIsAListThatTheArrowKeysMoveIn) {
     ASSERT_EQ(spoken->childCount(), 4);
     EXPECT_EQ(spoken->child(3)->role(), QAccessible::ListItem);
     EXPECT_EQ(spoken->child(3)->text(QAccessible::Name), u"Appearance"_s);
-    const auto role = [](QObject* object) {
-        return QAccessible::queryAccessibleInterface(object)->role();
-    };
-    EXPECT_EQ(role(&window), QAccessible::Window);
-    EXPECT_EQ(role(window.findChild<DetailPane*>()), QAccessible::Grouping);
-    EXPECT_EQ(role(window.findChild<SidebarSplitter*>()->handle(1)), QAccessible::Separator);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&window)->role(), QAccessible::Window);
 }
 
 TEST_F(SettingsWindowTest, SymbolsStandCentredBeforeTheirTexts) {
@@ -237,14 +230,12 @@ TEST_F(SettingsWindowTest, WhatTheSystemMadeOfTheHotKeyIsSaidAndCanBeCopied) {
     EXPECT_TRUE(lines.isVisible());
     look.manager.setAppearance(ThemeManager::Appearance::Dark);
     const testing::DrawnTexts drawn(window);
-    const auto isDrawn = [&](const QString& text) {
-        return std::ranges::any_of(drawn.texts(), [&](const auto& candidate) {
-            return candidate.text.contains(text) &&
-                   candidate.color == look.theme.theme().primaryText.toQColor();
-        });
-    };
-    EXPECT_TRUE(isDrawn(u"<b>this</b>"_s)) << "the text is the desktop's, and no markup";
-    EXPECT_TRUE(isDrawn(u"bind x"_s));
+    QString primary;
+    for (const auto& text : drawn.texts()) {
+        primary += text.color == look.theme.theme().primaryText.toQColor() ? text.text : QString();
+    }
+    EXPECT_TRUE(primary.contains(u"<b>this</b>"_s)) << "the text is the desktop's, and no markup";
+    EXPECT_TRUE(primary.contains(u"bind x"_s));
     auto* const copy = button<PlainButton>(u"Copy"_s);
     QTest::mouseClick(copy, Qt::LeftButton);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), u"bind x"_s);
