@@ -201,10 +201,11 @@ mutate_layer() {
         elif [[ -n $earlier ]] && ! survivors "$earlier" | grep -F -x -e "$report" >/dev/null; then
             continue
         fi
+        cp "$tree/$file" "$work/original"
         apply "$file" "$line" "$at" "$old" "$new"
         result=0
         MUTANT=$file outcome "$layer" || result=$?
-        cp "$file" "$tree/$file"
+        cp "$work/original" "$tree/$file"
         case $result in
         0)
             survived=$((survived + 1))
