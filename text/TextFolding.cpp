@@ -1,5 +1,7 @@
 #include "text/TextFolding.h"
 
+#include "text/Ascii.h"
+
 #include <QList>
 #include <QString>
 
@@ -36,10 +38,6 @@ constexpr std::array<Expansion, 17> expansions{{
     {U'\uFB16', U"\u057E\u0576"},
     {U'\uFB17', U"\u0574\u056D"},
 }};
-
-bool isAscii(QStringView text) {
-    return std::all_of(text.begin(), text.end(), [](QChar unit) { return unit.unicode() < 0x80; });
-}
 
 void appendCaseFolded(char32_t scalar, std::u32string& folded) {
     const auto* const expansion = std::lower_bound(
@@ -85,12 +83,21 @@ std::u32string unicodeScalars(QStringView text) {
 }
 
 std::u32string foldedScalars(QStringView text) {
+    std::u32string folded;
+    foldScalars(text, folded);
+    return folded;
+}
+
+void foldScalars(QStringView text, std::u32string& folded) {
     if (isAscii(text)) {
-        return caseFolded(unicodeScalars(text));
+        folded.resize(static_cast<std::size_t>(text.size()));
+        std::transform(text.begin(), text.end(), folded.begin(),
+                       [](QChar unit) { return asciiLowercase(unit.unicode()); });
+        return;
     }
     // Marks go first: some, such as the Greek iota subscript, fold to letters.
-    const std::u32string folded = caseFolded(decomposedWithoutMarks(text.toString()));
-    return unicodeScalars(textOf(folded).normalized(QString::NormalizationForm_C));
+    const std::u32string unmarked = caseFolded(decomposedWithoutMarks(text.toString()));
+    folded = unicodeScalars(textOf(unmarked).normalized(QString::NormalizationForm_C));
 }
 
 } // namespace quorvantel

@@ -19,4 +19,7 @@ std::u32string unicodeScalars(QStringView text);
 /// nothing but marks.
 std::u32string foldedScalars(QStringView text);
 
+/// The same, in the memory of an earlier one.
+void foldScalars(QStringView text, std::u32string& folded);
+
 } // namespace quorvantel

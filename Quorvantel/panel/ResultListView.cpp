@@ -39,7 +39,7 @@ ResultListView::ResultListView(const ThemedRoot& theme, IconCache& icons, QWidge
     }
 }
 
-void ResultListView::setResults(const std::vector<LaunchTarget>& results) {
+void ResultListView::setResults(const SearchResults& results) {
     m_results = results;
     m_scrolling.stop();
     m_scrollOffset = 0;
@@ -50,7 +50,7 @@ void ResultListView::setResults(const std::vector<LaunchTarget>& results) {
     Q_EMIT resultsChanged();
 }
 
-void ResultListView::refreshResults(const std::vector<LaunchTarget>& results) {
+void ResultListView::refreshResults(const SearchResults& results) {
     m_results = results;
     bindRows();
     // An icon that was missing may be there by now.

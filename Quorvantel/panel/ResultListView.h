@@ -1,9 +1,9 @@
 #pragma once
 
-#include "catalogue/LaunchTarget.h"
 #include "drawing/IconCache.h"
 #include "panel/ResultRowView.h"
 #include "panel/ScrollMotion.h"
+#include "search/SearchResults.h"
 #include "theme/ThemedRoot.h"
 
 #include <QVariantAnimation>
@@ -26,12 +26,12 @@ public:
     ResultListView(const ThemedRoot& theme, IconCache& icons, QWidget* parent = nullptr);
 
     /// Shows other results, from the first one on.
-    void setResults(const std::vector<LaunchTarget>& results);
+    void setResults(const SearchResults& results);
 
-    const std::vector<LaunchTarget>& results() const { return m_results; }
+    const SearchResults& results() const { return m_results; }
 
     /// Shows newer values of the same results, with other names or icons, where they are.
-    void refreshResults(const std::vector<LaunchTarget>& results);
+    void refreshResults(const SearchResults& results);
 
     void setSelectedIndex(int index);
     int selectedIndex() const { return m_selectedIndex; }
@@ -78,7 +78,7 @@ private:
 
     const ThemedRoot& m_theme;
     IconCache& m_icons;
-    std::vector<LaunchTarget> m_results;
+    SearchResults m_results;
     /// Row views in the order in which they are needed; more than are in sight are hidden.
     std::vector<ResultRowView*> m_rowViews;
     int m_selectedIndex = 0;

@@ -55,8 +55,9 @@ double afterGaps(double score, std::size_t count) {
         if (exponent >= leastExponent && exponent <= largestExponent) {
             const double room =
                 score > 0 ? score - powerOfTwo(exponent) : score + powerOfTwo(exponent + 1);
-            // A little too few, so that none leaves the exponent.
-            const auto steps = std::min(count, static_cast<std::size_t>(room * (0.99 / gapCost)));
+            // Rather one too few than one that leaves the exponent.
+            const auto steps =
+                std::min(count, static_cast<std::size_t>(room * (0.9999999 / gapCost)));
             score -= static_cast<double>(steps) *
                      roundedCosts[static_cast<std::size_t>(exponent - leastExponent)];
             count -= steps;

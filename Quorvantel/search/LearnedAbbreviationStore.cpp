@@ -2,6 +2,7 @@
 
 #include "search/Days.h"
 #include "search/StoredWeight.h"
+#include "text/Ascii.h"
 
 #include <QLocale>
 #include <QTextBoundaryFinder>
@@ -26,9 +27,14 @@ bool hasTwoCharacters(const QString& text) {
 
 /// The form in which queries are compared; nothing for a query that is too short to learn.
 std::optional<QString> normalised(const QString& query) {
+    const QString trimmed = query.trimmed();
+    if (isAscii(trimmed)) {
+        // The only two that make one character are a line's end, which no trimmed text begins with.
+        return trimmed.size() < 2 ? std::nullopt : std::optional(trimmed.toLower());
+    }
     // The C locale's lower case is that of the Unicode Standard, with its final sigma and without
     // the exceptions of any language.
-    QString text = QLocale::c().toLower(query.trimmed());
+    QString text = QLocale::c().toLower(trimmed);
     if (!hasTwoCharacters(text)) {
         return std::nullopt;
     }

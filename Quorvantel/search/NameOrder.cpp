@@ -1,38 +1,37 @@
 #include "search/NameOrder.h"
 
+#include "search/GuessedNameOrder.h"
+
 #include <QCollator>
 
 #include <algorithm>
-#include <numeric>
+#include <iterator>
 
 namespace quorvantel {
 
-namespace {
-
-std::vector<QCollatorSortKey> sortKeys(const std::vector<LaunchTarget>& targets) {
+std::vector<std::uint32_t> nameOrder(const std::vector<LaunchTarget>& targets) {
     QCollator collator;
     collator.setCaseSensitivity(Qt::CaseInsensitive);
-    // The C locale has no collation, and its sort keys heed the case whatever was asked for.
-    const bool isPlainOrder = collator.locale().language() == QLocale::C;
-    std::vector<QCollatorSortKey> keys;
-    keys.reserve(targets.size());
-    for (const LaunchTarget& target : targets) {
-        const QString& name = target.displayName();
-        keys.push_back(collator.sortKey(isPlainOrder ? name.toCaseFolded() : name));
-    }
-    return keys;
-}
-
-} // namespace
-
-std::vector<std::uint32_t> nameOrder(const std::vector<LaunchTarget>& targets) {
-    const std::vector<QCollatorSortKey> keys = sortKeys(targets);
-    std::vector<std::uint32_t> order(targets.size());
-    std::iota(order.begin(), order.end(), 0U);
-    std::sort(order.begin(), order.end(), [&keys](std::uint32_t left, std::uint32_t right) {
-        const int difference = keys[left].compare(keys[right]);
+    const auto isBefore = [&](std::uint32_t left, std::uint32_t right) {
+        const int difference =
+            collator.compare(targets[left].displayName(), targets[right].displayName());
         return difference != 0 ? difference < 0 : left < right;
-    });
+    };
+    std::vector<std::uint32_t> inOrder;
+    std::vector<std::uint32_t> others;
+    inOrder.reserve(targets.size());
+    for (const std::uint32_t target : guessedNameOrder(targets)) {
+        const bool isInOrder = inOrder.empty() || isBefore(inOrder.back(), target);
+        (isInOrder ? inOrder : others).push_back(target);
+    }
+    if (others.empty()) {
+        return inOrder;
+    }
+    std::sort(others.begin(), others.end(), isBefore);
+    std::vector<std::uint32_t> order;
+    order.reserve(targets.size());
+    std::merge(inOrder.begin(), inOrder.end(), others.begin(), others.end(),
+               std::back_inserter(order), isBefore);
     return order;
 }
 

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "search/FuzzyMatch.h"
-#include "search/ScoreRows.h"
+#include "search/QueryLetters.h"
+#include "search/ScoreCells.h"
 #include "search/SearchKeyView.h"
 
 #include <QStringView>
 
 #include <cstdint>
 #include <optional>
-#include <string>
 
 namespace quorvantel {
 
@@ -33,11 +33,9 @@ private:
     std::optional<double> scoreOf(const SearchKeyView<Letter>& key);
 
     bool m_isEmpty = true;
-    /// The folded query.
-    std::u32string m_letters;
+    QueryLetters m_letters;
     std::uint64_t m_mask = 0;
-    bool m_isLatin1 = true;
-    ScoreRows m_rows;
+    ScoreCells m_cells;
 };
 
 } // namespace quorvantel

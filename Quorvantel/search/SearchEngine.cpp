@@ -51,16 +51,16 @@ SearchEngine::SearchEngine(const FrecencyStore& frecency, const LearnedAbbreviat
 
 const std::vector<LaunchTarget>& SearchEngine::targets() const {
     assertOnOwnThread();
-    return m_targets;
+    return *m_targets;
 }
 
 void SearchEngine::setTargets(std::vector<LaunchTarget> targets) {
     assertOnOwnThread();
-    const bool targetsDiffer = !std::equal(m_targets.begin(), m_targets.end(), targets.begin(),
+    const bool targetsDiffer = !std::equal(m_targets->begin(), m_targets->end(), targets.begin(),
                                            targets.end(), haveSameValues);
     if (targetsDiffer) {
-        m_targets = std::move(targets);
-        m_index = SearchKeyIndex(m_targets);
+        m_targets = std::make_shared<std::vector<LaunchTarget>>(std::move(targets));
+        m_index = SearchKeyIndex(*m_targets);
         m_launchesRevision.reset();
     }
     const bool resultsDiffer = updateResults();
@@ -90,7 +90,7 @@ void SearchEngine::setQuery(const QString& query) {
     }
 }
 
-const std::vector<LaunchTarget>& SearchEngine::results() const {
+const SearchResults& SearchEngine::results() const {
     assertOnOwnThread();
     return m_results;
 }
@@ -110,19 +110,9 @@ void SearchEngine::reset() {
 
 std::vector<LaunchTarget> SearchEngine::search(const QString& query, double now) const {
     assertOnOwnThread();
-    const QStringView trimmed = withoutOuterSpaces(query);
-    if (trimmed.isEmpty()) {
-        return {};
-    }
-    matchCatalogue(trimmed);
-    addFrecency(now);
-    addLearnedBoosts(query, now);
-    m_sorter.sort(m_candidates);
-
     std::vector<LaunchTarget> found;
-    found.reserve(m_candidates.size());
-    for (const Candidate& candidate : m_candidates) {
-        found.push_back(target(candidate));
+    for (const std::uint32_t index : rank(query, now)) {
+        found.push_back((*m_targets)[index]);
     }
     return found;
 }
@@ -133,9 +123,26 @@ void SearchEngine::assertOnOwnThread() const {
 
 /// Returns whether the results differ from the earlier ones.
 bool SearchEngine::updateResults() {
-    std::vector<LaunchTarget> found = search(m_query, m_now());
-    m_results.swap(found);
+    SearchResults found(m_targets, rank(m_query, m_now()));
+    std::swap(m_results, found);
     return m_results != found;
+}
+
+/// The indices in the catalogue of what the query finds, best first.
+std::vector<std::uint32_t> SearchEngine::rank(const QString& query, double now) const {
+    const QStringView trimmed = withoutOuterSpaces(query);
+    if (trimmed.isEmpty()) {
+        return {};
+    }
+    matchCatalogue(trimmed);
+    addFrecency(now);
+    addLearnedBoosts(query, now);
+    m_sorter.sort(m_candidates);
+    std::vector<std::uint32_t> order(m_candidates.size());
+    std::ranges::transform(m_candidates, order.begin(), [this](const Candidate& candidate) {
+        return m_index.targetAt(candidate.place);
+    });
+    return order;
 }
 
 void SearchEngine::matchCatalogue(QStringView query) const {
@@ -150,35 +157,45 @@ void SearchEngine::matchCatalogue(QStringView query) const {
 
 /// The most launched candidate gains half of its score, the others in proportion.
 void SearchEngine::addFrecency(double now) const {
-    const std::vector<std::optional<FrecencyEntry>>& launches = launchesByPlace();
     m_weights.clear();
     double largest = 0.0;
-    for (const Candidate& candidate : m_candidates) {
-        const auto& launched = launches[candidate.place];
-        m_weights.push_back(launched ? FrecencyStore::weight(*launched, now) : 0.0);
-        largest = std::max(largest, m_weights.back());
+    auto candidate = m_candidates.cbegin();
+    for (const Launch& launch : launchesByPlace()) {
+        // Both are in the order of their places.
+        candidate = std::find_if(candidate, m_candidates.cend(), [&](const Candidate& later) {
+            return later.place >= launch.place;
+        });
+        if (candidate == m_candidates.cend()) {
+            break;
+        }
+        if (candidate->place == launch.place) {
+            const double weight = FrecencyStore::weight(launch.entry, now);
+            m_weights.push_back(
+                {static_cast<std::size_t>(candidate - m_candidates.cbegin()), weight});
+            largest = std::max(largest, weight);
+        }
     }
     if (largest <= 0.0) {
         return;
     }
-    for (size_t i = 0; i < m_candidates.size(); ++i) {
-        m_candidates[i].score *= 1.0 + frecencyBoostFactor * m_weights[i] / largest;
+    for (const Weight& one : m_weights) {
+        m_candidates[one.candidate].score *= 1.0 + frecencyBoostFactor * one.weight / largest;
     }
 }
 
 /// Looked up again only after a launch: to find thousands of identifiers in a table takes longer
 /// than to match their names.
-const std::vector<std::optional<FrecencyEntry>>& SearchEngine::launchesByPlace() const {
+const std::vector<SearchEngine::Launch>& SearchEngine::launchesByPlace() const {
     if (m_launchesRevision == m_frecency.revision()) {
         return m_launches;
     }
     m_launchesRevision = m_frecency.revision();
-    m_launches.assign(m_index.size(), std::nullopt);
+    m_launches.clear();
     const QHash<QString, FrecencyEntry>& entries = m_frecency.entries();
     for (std::uint32_t place = 0; place < m_index.size() && !entries.isEmpty(); ++place) {
-        const auto known = entries.constFind(m_targets[m_index.targetAt(place)].id());
+        const auto known = entries.constFind(target(place).id());
         if (known != entries.cend()) {
-            m_launches[place] = *known;
+            m_launches.push_back({place, *known});
         }
     }
     return m_launches;
@@ -193,12 +210,12 @@ void SearchEngine::addLearnedBoosts(const QString& query, double now) const {
         return;
     }
     for (Candidate& candidate : m_candidates) {
-        candidate.score += boosts[target(candidate).id()];
+        candidate.score += boosts[target(candidate.place).id()];
     }
 }
 
-const LaunchTarget& SearchEngine::target(const Candidate& candidate) const {
-    return m_targets[m_index.targetAt(candidate.place)];
+const LaunchTarget& SearchEngine::target(std::uint32_t place) const {
+    return (*m_targets)[m_index.targetAt(place)];
 }
 
 } // namespace quorvantel

@@ -7,12 +7,14 @@
 #include "search/QueryMatcher.h"
 #include "search/ReferenceDate.h"
 #include "search/SearchKeyIndex.h"
+#include "search/SearchResults.h"
 
 #include <QObject>
 #include <QString>
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -58,7 +60,7 @@ public:
     /// What was found for the current query, best first; nothing for an empty one. Always holds
     /// the catalogue's newest values, even when no `resultsChanged` told of them because only
     /// names or icons differ.
-    const std::vector<LaunchTarget>& results() const;
+    const SearchResults& results() const;
 
     /// Increases with each reset. Views drop their selection whenever it changes.
     qint64 resetToken() const;
@@ -86,29 +88,42 @@ Q_SIGNALS:
     void resetTokenChanged();
 
 private:
+    /// The launches of the target at a place.
+    struct Launch {
+        std::uint32_t place;
+        FrecencyEntry entry;
+    };
+
+    /// What a candidate weighs by its launches.
+    struct Weight {
+        std::size_t candidate;
+        double weight;
+    };
+
     void assertOnOwnThread() const;
     bool updateResults();
+    std::vector<std::uint32_t> rank(const QString& query, double now) const;
     void matchCatalogue(QStringView query) const;
     void addFrecency(double now) const;
     void addLearnedBoosts(const QString& query, double now) const;
-    const std::vector<std::optional<FrecencyEntry>>& launchesByPlace() const;
-    const LaunchTarget& target(const Candidate& candidate) const;
+    const std::vector<Launch>& launchesByPlace() const;
+    const LaunchTarget& target(std::uint32_t place) const;
 
     const FrecencyStore& m_frecency;
     const LearnedAbbreviationStore* m_learned;
     Clock m_now;
-    std::vector<LaunchTarget> m_targets;
+    SearchResults::Catalogue m_targets = std::make_shared<std::vector<LaunchTarget>>();
     SearchKeyIndex m_index;
     QString m_query;
-    std::vector<LaunchTarget> m_results;
+    SearchResults m_results;
     qint64 m_resetToken = 0;
-    /// The launches of the targets at each place, as of a revision of the store.
-    mutable std::vector<std::optional<FrecencyEntry>> m_launches;
+    /// The launched targets in the order of their places, as of a revision of the store.
+    mutable std::vector<Launch> m_launches;
     mutable std::optional<std::uint64_t> m_launchesRevision;
     // Scratch memory of `search`, so that a keystroke allocates nothing but its results.
     mutable QueryMatcher m_matcher;
     mutable std::vector<Candidate> m_candidates;
-    mutable std::vector<double> m_weights;
+    mutable std::vector<Weight> m_weights;
     mutable BestFirst m_sorter;
 };
 

@@ -4,22 +4,11 @@
 #include "search/NameOrder.h"
 #include "search/PreparedKey.h"
 #include "search/QueryMatcher.h"
+#include "text/Ascii.h"
 
 #include <algorithm>
 
 namespace quorvantel {
-
-namespace {
-
-bool isAscii(QStringView text) {
-    return std::all_of(text.begin(), text.end(), [](QChar unit) { return unit.unicode() < 0x80; });
-}
-
-char16_t asciiLowercase(char16_t unit) {
-    return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + (u'a' - u'A')) : unit;
-}
-
-} // namespace
 
 SearchKeyIndex::SearchKeyIndex(const std::vector<LaunchTarget>& catalogue)
     : m_targets(nameOrder(catalogue)) {

@@ -1,6 +1,7 @@
 #include "search/FuzzyScorer.h"
 
 #include "search/AfterGaps.h"
+#include "search/LetterBlock.h"
 #include "search/LetterMask.h"
 #include "search/QueryMatcher.h"
 #include "search/ReferenceScorer.h"
@@ -8,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <random>
@@ -53,6 +55,16 @@ QString realName(std::mt19937& random) {
     return text;
 }
 
+/// A text of few letters, which can be placed in many ways that are equally good.
+QString repeatedLetters(std::mt19937& random, int limit) {
+    static constexpr QStringView letters = u"aab  -.";
+    QString text;
+    for (auto length = 1 + random() % static_cast<unsigned>(limit); length > 0; --length) {
+        text += letters[static_cast<qsizetype>(random() % 7)];
+    }
+    return text;
+}
+
 /// The score as the launcher finds it, in a catalogue that was prepared once.
 std::optional<double> scoreInCatalogue(const QString& query, const QString& key) {
     const SearchKeyIndex index({{key, key, {key}, {}, LaunchTarget::App{}}});
@@ -65,9 +77,11 @@ TEST(FuzzyScorerTest, AgreesWithTheFormulasToTheLastBit) {
     int matches = 0;
     for (int round = 0; round < 50'000; ++round) {
         const QString key = round % 2 == 0    ? realName(random)
+                            : round % 7 == 0  ? repeatedLetters(random, 30)
                             : round % 11 == 0 ? randomText(random, 150)
                                               : randomText(random, 24);
         const QString query = round % 4 == 0   ? randomText(random, 4)
+                              : round % 7 == 0 ? repeatedLetters(random, 6)
                               : round % 5 == 0 ? key.mid(random() % 8, 1 + random() % 5)
                                                : randomPart(random, key);
         const auto expected = testing::referenceMatch(query, key);
@@ -81,6 +95,25 @@ TEST(FuzzyScorerTest, AgreesWithTheFormulasToTheLastBit) {
         matches += expected ? 1 : 0;
     }
     EXPECT_GT(matches, 25'000);
+}
+
+TEST(FuzzyScorerTest, FindsLettersAlikeOnAnyProcessor) {
+    std::mt19937 random(64);
+    for (int round = 0; round < 5'000; ++round) {
+        std::vector<std::uint8_t> key(64 + Latin1Key::padding);
+        std::ranges::generate(key, [&] { return static_cast<std::uint8_t>(random() % 8 * 0x24); });
+        std::vector<LetterBlock> wanted;
+        std::uint64_t expected = 0;
+        const std::span letters(key.data(), 1 + random() % 64);
+        for (auto count = random() % 4; count > 0; --count) {
+            wanted.emplace_back(static_cast<std::uint8_t>(random() % 8 * 0x24));
+            for (std::size_t i = 0; i < letters.size(); ++i) {
+                expected |= std::uint64_t{letters[i] == wanted.back().bytes[0]} << i;
+            }
+        }
+        ASSERT_EQ(findLetters<LetterSearch>(letters, wanted), expected);
+        ASSERT_EQ(findLetters<PortableLetterSearch>(letters, wanted), expected);
+    }
 }
 
 TEST(FuzzyScorerTest, TakesManyGapsAwayAsOneByOne) {

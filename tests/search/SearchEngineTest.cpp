@@ -2,9 +2,11 @@
 
 #include "search/FrecencyStore.h"
 #include "search/LearnedAbbreviationStore.h"
+#include "search/NameOrder.h"
 #include "search/ReferenceScorer.h"
 #include "support/TestFiles.h"
 
+#include <QCollator>
 #include <QLocale>
 #include <QTemporaryDir>
 
@@ -38,10 +40,10 @@ std::vector<LaunchTarget> catalogue(std::initializer_list<const char*> names) {
     return targets;
 }
 
-QStringList ids(const std::vector<LaunchTarget>& targets) {
+QStringList ids(const auto& targets) {
     QStringList list;
-    for (const LaunchTarget& target : targets) {
-        list += target.id();
+    for (std::size_t i = 0; i < targets.size(); ++i) {
+        list += targets[i].id();
     }
     return list;
 }
@@ -180,6 +182,32 @@ TEST_F(SearchEngineTest, EqualScoresAreAlphabeticalWhateverTheCase) {
     EXPECT_EQ(alike, list("Zoo,ZOO,zoo"));
 }
 
+TEST_F(SearchEngineTest, OrdersNamesAsTheCollationOfAnyLanguage) {
+    const QStringList parts = u"aa|z|Å|é|e|E|ll|ch|-|_| |.|1|я|Ё|е|中|文|ß|ss|+|😀"_s.split(u'|');
+    const QLocale earlier;
+    for (const char* language : {"C", "en_US", "da_DK", "cs_CZ", "ru_RU", "zh_CN", "ja_JP"}) {
+        QLocale::setDefault(QLocale(QString::fromUtf8(language)));
+        QCollator collator;
+        collator.setCaseSensitivity(Qt::CaseInsensitive);
+        std::mt19937 random(1);
+        std::vector<LaunchTarget> targets;
+        std::vector<std::uint32_t> expected;
+        for (std::uint32_t i = 0; i < 400; ++i) {
+            QString name;
+            for (auto count = random() % 5; count > 0; --count) {
+                name += parts[static_cast<qsizetype>(random()) % parts.size()];
+            }
+            targets.push_back(named(name));
+            expected.push_back(i);
+        }
+        std::ranges::stable_sort(expected, [&](std::uint32_t left, std::uint32_t right) {
+            return collator.compare(targets[left].displayName(), targets[right].displayName()) < 0;
+        });
+        EXPECT_EQ(nameOrder(targets), expected) << language;
+    }
+    QLocale::setDefault(earlier);
+}
+
 TEST_F(SearchEngineTest, PicksLiftATargetWhereTheyAreLearned) {
     engine.setTargets(catalogue({"Mail", "Maps"}));
     frecency.record(u"Maps"_s, now);
@@ -238,7 +266,7 @@ TEST_F(SearchEngineTest, TellsOfRealChangesOnly) {
     // Equal targets keep the results, which hold their newest values.
     engine.setTargets({target(u"Maps"_s, u"Renamed"_s, list("Maps")), named(u"Mapper"_s)});
     EXPECT_EQ(takeSignals(), u"t");
-    EXPECT_EQ(engine.results().at(0).displayName(), u"Renamed"_s);
+    EXPECT_EQ(engine.results()[0].displayName(), u"Renamed"_s);
     engine.setTargets({target(u"Maps"_s, u"Renamed"_s, list("map,Maps")), named(u"Mapper"_s)});
     EXPECT_EQ(takeSignals(), u"t");
     LaunchTarget redrawn(u"Maps"_s, u"Renamed"_s, list("map,Maps"),

@@ -44,7 +44,7 @@ protected:
             pressHotKey();
         }
         delegate.engine().setQuery(query);
-        const LaunchTarget target = delegate.engine().results().at(row);
+        const LaunchTarget target = delegate.engine().results()[row];
         delegate.launch(target);
         return target.id();
     }

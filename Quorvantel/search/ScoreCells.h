@@ -1,0 +1,70 @@
+#pragma once
+
+#include "search/QueryLetters.h"
+#include "search/SearchKeyView.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace quorvantel {
+
+/// The fuzzy score without the positions. Of the table only the cells are kept where a letter of
+/// the query can be placed. The memory serves key after key.
+class ScoreCells {
+public:
+    /// The score of a query of at least one letter; nothing if the key does not match. For a key of
+    /// bytes all letters must be of Latin-1.
+    template <class Letter>
+    std::optional<double> score(const QueryLetters& query, const SearchKeyView<Letter>& key);
+
+private:
+    /// Of a cell, its index.
+    using CellIndex = std::uint32_t;
+    static constexpr CellIndex none = std::numeric_limits<CellIndex>::max();
+
+    /// One letter of the query, placed at one column of the key.
+    struct Cell {
+        std::uint32_t column;
+        int units;
+        /// The letter before as it was then: where it was placed best, and where last.
+        CellIndex best;
+        CellIndex latest;
+        /// An earlier cell of this letter that is as good for all that follows.
+        CellIndex equal;
+        /// How many columns had the last letter before; only where this is the last letter.
+        std::uint32_t ends;
+        /// As the formulas round it; not a number until it was asked for.
+        double score;
+    };
+
+    /// The placements of the letters up to one of them, in the columns up to now.
+    struct Row {
+        int bestUnits;
+        CellIndex best;
+        int latestUnits;
+        CellIndex latest;
+        std::uint32_t latestColumn;
+        /// All bits for the last letter, none for the others.
+        std::uint32_t endMask;
+    };
+
+    void start(std::size_t letters);
+    void reserve(std::size_t cells);
+    void place(std::size_t letter, std::uint32_t column, int bonus);
+    double scoreOf(CellIndex index, std::span<const BoundaryBonus> bonuses);
+    double scoreAtEnd(CellIndex index, std::span<const BoundaryBonus> bonuses);
+
+    /// By letter, from 1 on. Before them is the row in which nothing is placed.
+    std::vector<Row> m_rows;
+    std::vector<Cell> m_cells;
+    CellIndex m_cellCount = 0;
+    /// The columns that have the last letter, from where it can be placed on.
+    std::vector<std::uint32_t> m_ends;
+    std::uint32_t m_endCount = 0;
+};
+
+} // namespace quorvantel
