@@ -47,6 +47,16 @@ double powerOfTwo(int exponent) {
     return std::bit_cast<double>(static_cast<std::uint64_t>(exponent + 1023) << 52);
 }
 
+/// Takes all away and chooses, rather than to guess at how many turns a loop has.
+double afterFewGaps(double score, std::size_t count) {
+    std::array<double, fewSteps + 1> scores;
+    for (double& one : scores) {
+        one = score;
+        score -= gapCost;
+    }
+    return scores[count];
+}
+
 } // namespace
 
 double afterGaps(double score, std::size_t count) {
@@ -67,10 +77,7 @@ double afterGaps(double score, std::size_t count) {
             --count;
         }
     }
-    for (; count > 0; --count) {
-        score -= gapCost;
-    }
-    return score;
+    return afterFewGaps(score, count);
 }
 
 } // namespace quorvantel

@@ -17,9 +17,11 @@ enum class BoundaryBonus : std::uint8_t {
     First, ///< At the start of the key.
 };
 
+/// By `BoundaryBonus`.
+inline constexpr std::array boundaryBonusValues{0.0, 0.6, 0.7, 0.8, 0.9, 0.9};
+
 constexpr double valueOf(BoundaryBonus bonus) {
-    constexpr std::array values{0.0, 0.6, 0.7, 0.8, 0.9, 0.9};
-    return values[static_cast<std::size_t>(bonus)];
+    return boundaryBonusValues[static_cast<std::size_t>(bonus)];
 }
 
 /// The bonus of a scalar that is not the first, by the one before it. Both are as written, since

@@ -6,28 +6,32 @@
 #include <array>
 #include <cstddef>
 
-/// The gains and costs of a placement in whole numbers: apart from how they are rounded, all are
-/// multiples of one unit.
+/// The gains and costs of a placement in whole numbers: but for their rounding, all are multiples
+/// of one unit.
 namespace quorvantel {
 
-inline constexpr double placementUnit = leadingGapCost;
+inline constexpr double placementUnit = 0.005;
 
 constexpr int unitsOf(double value) {
     return static_cast<int>(value / placementUnit + 0.5);
 }
 
-inline constexpr int consecutiveUnits = unitsOf(consecutiveBonus);
+inline constexpr int leadingGapUnits = unitsOf(leadingGapCost);
 inline constexpr int gapUnits = unitsOf(gapCost);
+inline constexpr int gapUnitsAfterMatch = unitsOf(gapCostAfterMatch);
+inline constexpr int consecutiveUnits = unitsOf(consecutiveBonus);
 
-static_assert(gapCost == 2 * placementUnit && gapCostAfterMatch == placementUnit);
-static_assert(consecutiveUnits == 200);
+/// By `BoundaryBonus`.
+inline constexpr auto boundaryBonusUnits = [] {
+    std::array<int, boundaryBonusValues.size()> units{};
+    for (std::size_t i = 0; i < units.size(); ++i) {
+        units[i] = unitsOf(boundaryBonusValues[i]);
+    }
+    return units;
+}();
 
 constexpr int unitsOf(BoundaryBonus bonus) {
-    constexpr std::array values{
-        unitsOf(valueOf(BoundaryBonus::None)),       unitsOf(valueOf(BoundaryBonus::AfterDot)),
-        unitsOf(valueOf(BoundaryBonus::CamelCase)),  unitsOf(valueOf(BoundaryBonus::Word)),
-        unitsOf(valueOf(BoundaryBonus::AfterSlash)), unitsOf(valueOf(BoundaryBonus::First))};
-    return values[static_cast<std::size_t>(bonus)];
+    return boundaryBonusUnits[static_cast<std::size_t>(bonus)];
 }
 
 } // namespace quorvantel

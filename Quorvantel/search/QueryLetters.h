@@ -5,6 +5,7 @@
 #include <QStringView>
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -12,12 +13,9 @@
 
 namespace quorvantel {
 
-/// The folded letters of a query, and which of them a letter of a key can be. They are counted from
-/// 1; 0 stands for none. The memory serves query after query.
+/// The folded letters of a query, ready to be looked for. The memory serves query after query.
 class QueryLetters {
 public:
-    QueryLetters() { set({}); }
-
     /// `query` is as typed.
     void set(QStringView query);
 
@@ -27,27 +25,26 @@ public:
     /// Whether keys of bytes can have all of them.
     bool areLatin1() const { return m_areLatin1; }
 
-    /// Where the query has a letter last.
+    /// Where the query has a letter last, counted from 1; 0 if it does not have it.
     std::size_t lastOf(char32_t letter) const {
         return letter < m_lastOfLatin1.size() ? m_lastOfLatin1[letter] : m_text.rfind(letter) + 1;
     }
 
-    /// Where the query has the letter at `place` for the last time before that.
+    /// Where it has the letter at `place` before that.
     std::size_t previousOf(std::size_t place) const { return m_previous[place]; }
 
-    /// One bit for each of up to 64 letters of a key: whether the query has it.
-    std::uint64_t placesIn(std::span<const std::uint8_t> letters) const {
-        return findLetters(letters, m_latin1Blocks);
+    /// One bit for each of up to 64 letters of a key: whether it is that at `index` in the query.
+    std::uint64_t find(std::size_t index, std::span<const std::uint8_t> letters) const {
+        return findLetter(letters, m_blocks[index]);
     }
-    std::uint64_t placesIn(std::span<const char32_t> letters) const;
+    std::uint64_t find(std::size_t index, std::span<const char32_t> letters) const;
 
 private:
     std::u32string m_text;
     bool m_areLatin1 = true;
-    std::array<std::size_t, 0x100> m_lastOfLatin1;
+    std::array<std::size_t, 0x100> m_lastOfLatin1{};
     std::vector<std::size_t> m_previous;
-    /// Those of Latin-1, each once.
-    std::vector<LetterBlock> m_latin1Blocks;
+    std::vector<LetterBlock> m_blocks;
 };
 
 } // namespace quorvantel

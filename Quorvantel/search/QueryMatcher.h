@@ -21,6 +21,9 @@ public:
 
     void setQuery(QStringView query);
 
+    /// `letterMask` of the folded query.
+    std::uint64_t mask() const { return m_mask; }
+
     /// The score of the best placement; nothing if the key does not match.
     std::optional<double> score(const Latin1Key& key);
     std::optional<double> score(const UnicodeKey& key);

@@ -21,91 +21,83 @@ namespace quorvantel {
 
 namespace {
 
-constexpr std::size_t wordSize = 64;
-
-/// What comes of it by gains and costs remains less than half of it.
 constexpr int unreachable = std::numeric_limits<int>::min() / 2;
-constexpr int leastReachable = unreachable / 2;
 
 /// Next to no column.
 constexpr std::uint32_t noColumn = std::numeric_limits<std::uint32_t>::max() - 1;
 
 constexpr double unknown = std::numeric_limits<double>::quiet_NaN();
 
-double afterColumnOfLastLetter(double score, std::size_t gaps) {
-    return afterGaps(score - gapCostAfterMatch, gaps - 1);
-}
+constexpr double leastScore = std::numeric_limits<double>::lowest();
 
 } // namespace
 
 template <class Letter>
 std::optional<double> ScoreCells::score(const QueryLetters& query,
                                         const SearchKeyView<Letter>& key) {
-    start(query.size());
-    for (std::size_t offset = 0; offset < key.letters.size(); offset += wordSize) {
-        const auto letters =
-            key.letters.subspan(offset, std::min(wordSize, key.letters.size() - offset));
-        reserve(wordSize * query.size());
-        for (std::uint64_t bits = query.placesIn(letters); bits != 0; bits &= bits - 1) {
-            const auto i = static_cast<std::size_t>(std::countr_zero(bits));
-            const auto column = static_cast<std::uint32_t>(offset + i);
-            const int bonus = unitsOf(key.bonuses[column]);
-            m_rows[0].bestUnits = static_cast<int>(column) - gapUnits;
-            // From the last one on, as no column has place for two.
-            for (std::size_t letter = query.lastOf(letters[i]); letter != 0;
-                 letter = query.previousOf(letter)) {
-                place(letter, column, bonus);
-            }
-        }
-    }
-    const Row& last = m_rows[query.size()];
-    if (last.bestUnits < leastReachable) {
+    if (!m_places.find(query, key.letters)) {
         return std::nullopt;
     }
-    double best = scoreAtEnd(last.best, key.bonuses);
-    for (CellIndex equal = m_cells[last.best].equal; equal != none; equal = m_cells[equal].equal) {
-        best = std::max(best, scoreAtEnd(equal, key.bonuses));
+    start(query.size());
+    placeAll(query, key.letters, key.bonuses);
+    double best = leastScore;
+    for (CellIndex i = m_rows[query.size()].best; i != none; i = m_cells[i].equal) {
+        best = std::max(best, scoreAtEnd(i, query.size() - 1, key.bonuses));
     }
     return best;
 }
 
 void ScoreCells::start(std::size_t letters) {
-    m_rows.assign(letters + 1, {unreachable, none, unreachable, none, noColumn, 0});
-    m_rows[letters].endMask = ~std::uint32_t{0};
+    m_rows.assign(letters + 1, {unreachable, none, unreachable, none, noColumn, 0, 0});
+    m_rows[letters].latenessStep = gapUnits - gapUnitsAfterMatch;
     m_cellCount = 0;
-    m_endCount = 0;
 }
 
-/// Makes room for as many more cells, and one that is not kept.
-void ScoreCells::reserve(std::size_t cells) {
-    if (m_cells.size() <= m_cellCount + cells) {
-        m_cells.resize(m_cellCount + cells + 1);
-        m_ends.resize(m_cells.size());
+template <class Letter>
+void ScoreCells::placeAll(const QueryLetters& query, std::span<const Letter> letters,
+                          std::span<const BoundaryBonus> bonuses) {
+    for (std::size_t word = 0; word < m_places.words(); ++word) {
+        const std::size_t most = m_cellCount + LetterPlaces::wordSize * query.size();
+        if (m_cells.size() < most) {
+            m_cells.resize(most);
+        }
+        for (std::uint64_t bits = m_places.ofAny(word); bits != 0; bits &= bits - 1) {
+            const auto bit = static_cast<std::size_t>(std::countr_zero(bits));
+            const std::size_t column = word * LetterPlaces::wordSize + bit;
+            m_rows[0].bestUnits =
+                (gapUnits - leadingGapUnits) * static_cast<int>(column) - gapUnits;
+            // From the last one on, as no column has place for two.
+            for (std::size_t letter = query.lastOf(letters[column]); letter != 0;
+                 letter = query.previousOf(letter)) {
+                if ((m_places.ofLetter(letter - 1, word) >> bit & 1) != 0) {
+                    place(m_rows[letter - 1], m_rows[letter], static_cast<std::uint32_t>(column),
+                          unitsOf(bonuses[column]));
+                }
+            }
+        }
     }
 }
 
-void ScoreCells::place(std::size_t letter, std::uint32_t column, int bonus) {
-    const Row& before = m_rows[letter - 1];
-    Row& row = m_rows[letter];
+inline void ScoreCells::place(const Row& before, Row& row, std::uint32_t column, int bonus) {
     const int run =
         before.latestColumn + 1 == column ? before.latestUnits + consecutiveUnits : unreachable;
-    const int units = std::max(before.bestUnits, run) + gapUnits + bonus;
-    const std::uint32_t ends = m_endCount & row.endMask;
-    const int unitsAtEnd = units - static_cast<int>(ends);
-    const CellIndex equal = unitsAtEnd == row.bestUnits ? row.best : none;
-    m_cells[m_cellCount] = {column, units, before.best, before.latest, equal, ends, unknown};
-    m_ends[m_endCount] = column;
-    row.best = unitsAtEnd >= row.bestUnits ? m_cellCount : row.best;
-    row.bestUnits = std::max(unitsAtEnd, row.bestUnits);
+    const int fresh = before.bestUnits;
+    const int units = (run > fresh ? run : fresh) + gapUnits + bonus;
+    const int unitsAtEnd = units - row.lateness;
+    const int earlierUnits = row.bestUnits;
+    const CellIndex earlier = row.best;
+    const CellIndex equal = unitsAtEnd == earlierUnits ? earlier : none;
+    m_cells[m_cellCount] = {column, units, before.best, before.latest, equal, unknown};
+    row.best = unitsAtEnd >= earlierUnits ? m_cellCount : earlier;
+    row.bestUnits = unitsAtEnd > earlierUnits ? unitsAtEnd : earlierUnits;
     row.latest = m_cellCount;
     row.latestUnits = units;
     row.latestColumn = column;
-    const std::uint32_t isReachable = units > leastReachable ? 1 : 0;
-    m_cellCount += isReachable;
-    m_endCount += isReachable & row.endMask;
+    row.lateness += row.latenessStep;
+    ++m_cellCount;
 }
 
-/// The score with the cell's letter at its column, of which there is a placement.
+/// The score with the cell's letter at its column.
 double ScoreCells::scoreOf(CellIndex index, std::span<const BoundaryBonus> bonuses) {
     Cell& cell = m_cells[index];
     if (!std::isnan(cell.score)) {
@@ -117,7 +109,7 @@ double ScoreCells::scoreOf(CellIndex index, std::span<const BoundaryBonus> bonus
         return cell.score;
     }
     const int unitsBefore = cell.units - gapUnits - unitsOf(bonuses[cell.column]);
-    double best = std::numeric_limits<double>::lowest();
+    double best = leastScore;
     if (m_cells[cell.best].units == unitsBefore) {
         for (CellIndex before = cell.best; before != none; before = m_cells[before].equal) {
             const std::size_t gaps = cell.column - m_cells[before].column - 1;
@@ -133,15 +125,27 @@ double ScoreCells::scoreOf(CellIndex index, std::span<const BoundaryBonus> bonus
 }
 
 /// The score with the last letter at the cell's column, after all that is skipped up to the end.
-double ScoreCells::scoreAtEnd(CellIndex index, std::span<const BoundaryBonus> bonuses) {
+double ScoreCells::scoreAtEnd(CellIndex index, std::size_t lastLetter,
+                              std::span<const BoundaryBonus> bonuses) {
     double score = scoreOf(index, bonuses);
-    std::uint32_t column = m_cells[index].column;
-    for (std::uint32_t end = m_cells[index].ends + 1; end < m_endCount; ++end) {
-        score = afterColumnOfLastLetter(score, m_ends[end] - column);
-        column = m_ends[end];
+    std::size_t column = m_cells[index].column;
+    const auto skipUpTo = [&](std::size_t next) {
+        score = afterGaps(score - gapCostAfterMatch, next - column - 1);
+        column = next;
+    };
+    std::uint64_t later = ~std::uint64_t{1} << column % LetterPlaces::wordSize;
+    for (std::size_t word = column / LetterPlaces::wordSize; word < m_places.words(); ++word) {
+        for (std::uint64_t bits = m_places.ofLetter(lastLetter, word) & later; bits != 0;
+             bits &= bits - 1) {
+            skipUpTo(word * LetterPlaces::wordSize +
+                     static_cast<std::size_t>(std::countr_zero(bits)));
+        }
+        later = ~std::uint64_t{0};
     }
-    const std::size_t rest = bonuses.size() - 1 - column;
-    return rest > 0 ? afterColumnOfLastLetter(score, rest) : score;
+    if (column + 1 < bonuses.size()) {
+        skipUpTo(bonuses.size() - 1);
+    }
+    return score;
 }
 
 template std::optional<double> ScoreCells::score(const QueryLetters&, const Latin1Key&);

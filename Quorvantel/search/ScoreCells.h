@@ -1,5 +1,6 @@
 #pragma once
 
+#include "search/LetterPlaces.h"
 #include "search/QueryLetters.h"
 #include "search/SearchKeyView.h"
 
@@ -26,7 +27,7 @@ private:
     using CellIndex = std::uint32_t;
     static constexpr CellIndex none = std::numeric_limits<CellIndex>::max();
 
-    /// One letter of the query, placed at one column of the key.
+    /// A letter of the query, placed at a column of the key.
     struct Cell {
         std::uint32_t column;
         int units;
@@ -35,8 +36,6 @@ private:
         CellIndex latest;
         /// An earlier cell of this letter that is as good for all that follows.
         CellIndex equal;
-        /// How many columns had the last letter before; only where this is the last letter.
-        std::uint32_t ends;
         /// As the formulas round it; not a number until it was asked for.
         double score;
     };
@@ -48,23 +47,26 @@ private:
         int latestUnits;
         CellIndex latest;
         std::uint32_t latestColumn;
-        /// All bits for the last letter, none for the others.
-        std::uint32_t endMask;
+        /// What the row's next cell loses by coming after others of the last letter.
+        int lateness;
+        /// By how much that grows with each cell.
+        int latenessStep;
     };
 
     void start(std::size_t letters);
-    void reserve(std::size_t cells);
-    void place(std::size_t letter, std::uint32_t column, int bonus);
+    template <class Letter>
+    void placeAll(const QueryLetters& query, std::span<const Letter> letters,
+                  std::span<const BoundaryBonus> bonuses);
+    void place(const Row& before, Row& row, std::uint32_t column, int bonus);
     double scoreOf(CellIndex index, std::span<const BoundaryBonus> bonuses);
-    double scoreAtEnd(CellIndex index, std::span<const BoundaryBonus> bonuses);
+    double scoreAtEnd(CellIndex index, std::size_t lastLetter,
+                      std::span<const BoundaryBonus> bonuses);
 
+    LetterPlaces m_places;
     /// By letter, from 1 on. Before them is the row in which nothing is placed.
     std::vector<Row> m_rows;
     std::vector<Cell> m_cells;
     CellIndex m_cellCount = 0;
-    /// The columns that have the last letter, from where it can be placed on.
-    std::vector<std::uint32_t> m_ends;
-    std::uint32_t m_endCount = 0;
 };
 
 } // namespace quorvantel

@@ -134,7 +134,8 @@ std::vector<std::uint32_t> SearchEngine::rank(const QString& query, double now) 
     if (trimmed.isEmpty()) {
         return {};
     }
-    matchCatalogue(trimmed);
+    m_matcher.setQuery(trimmed);
+    m_index.find(m_matcher, m_candidates);
     addFrecency(now);
     addLearnedBoosts(query, now);
     m_sorter.sort(m_candidates);
@@ -143,16 +144,6 @@ std::vector<std::uint32_t> SearchEngine::rank(const QString& query, double now) 
         return m_index.targetAt(candidate.place);
     });
     return order;
-}
-
-void SearchEngine::matchCatalogue(QStringView query) const {
-    m_candidates.clear();
-    m_matcher.setQuery(query);
-    for (std::uint32_t place = 0; place < m_index.size(); ++place) {
-        if (const auto score = m_index.bestScore(place, m_matcher)) {
-            m_candidates.push_back({*score, place});
-        }
-    }
 }
 
 /// The most launched candidate gains half of its score, the others in proportion.

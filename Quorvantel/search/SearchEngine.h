@@ -103,7 +103,6 @@ private:
     void assertOnOwnThread() const;
     bool updateResults();
     std::vector<std::uint32_t> rank(const QString& query, double now) const;
-    void matchCatalogue(QStringView query) const;
     void addFrecency(double now) const;
     void addLearnedBoosts(const QString& query, double now) const;
     const std::vector<Launch>& launchesByPlace() const;

@@ -12,50 +12,57 @@ namespace quorvantel {
 
 SearchKeyIndex::SearchKeyIndex(const std::vector<LaunchTarget>& catalogue)
     : m_targets(nameOrder(catalogue)) {
-    m_firstKeys.reserve(catalogue.size() + 1);
-    m_firstKeys.push_back(0);
-    for (const std::uint32_t target : m_targets) {
-        for (const QString& key : catalogue[target].searchKeys()) {
-            append(key);
+    m_masks.reserve(catalogue.size());
+    m_keys.reserve(catalogue.size());
+    for (std::uint32_t place = 0; place < m_targets.size(); ++place) {
+        for (const QString& key : catalogue[m_targets[place]].searchKeys()) {
+            append(key, place);
         }
-        m_firstKeys.push_back(static_cast<std::uint32_t>(m_keys.size()));
     }
     m_latin1Letters.resize(m_latin1Letters.size() + Latin1Key::padding);
 }
 
-std::optional<double> SearchKeyIndex::bestScore(std::uint32_t place, QueryMatcher& matcher) const {
-    std::optional<double> best;
-    for (std::uint32_t i = m_firstKeys[place]; i < m_firstKeys[place + 1]; ++i) {
-        const std::optional<double> found = score(m_keys[i], matcher);
-        if (found && (!best || *found > *best)) {
-            best = found;
+void SearchKeyIndex::find(QueryMatcher& matcher, std::vector<Candidate>& found) const {
+    found.clear();
+    for (std::size_t i = 0; i < m_keys.size(); ++i) {
+        if (lacksLetters(m_masks[i], matcher.mask())) {
+            continue;
+        }
+        const std::optional<double> known = score(i, matcher);
+        if (!known) {
+            continue;
+        }
+        if (!found.empty() && found.back().place == m_keys[i].place) {
+            found.back().score = std::max(found.back().score, *known);
+        } else {
+            found.push_back({*known, m_keys[i].place});
         }
     }
-    return best;
 }
 
-std::optional<double> SearchKeyIndex::score(const Key& key, QueryMatcher& matcher) const {
+std::optional<double> SearchKeyIndex::score(std::size_t index, QueryMatcher& matcher) const {
+    const Key& key = m_keys[index];
     if (key.isLatin1) {
         return matcher.score(Latin1Key{{m_latin1Letters.data() + key.start, key.length},
                                        {m_latin1Bonuses.data() + key.start, key.length},
-                                       key.mask});
+                                       m_masks[index]});
     }
     return matcher.score(UnicodeKey{{m_otherLetters.data() + key.start, key.length},
                                     {m_otherBonuses.data() + key.start, key.length},
-                                    key.mask});
+                                    m_masks[index]});
 }
 
-void SearchKeyIndex::append(const QString& key) {
+void SearchKeyIndex::append(const QString& key, std::uint32_t place) {
     if (isAscii(key)) {
-        appendAscii(key);
+        appendAscii(key, place);
     } else {
-        appendPrepared(PreparedKey(key));
+        appendPrepared(PreparedKey(key), place);
     }
 }
 
 /// What `PreparedKey` makes of such a key, without its temporary copies: a catalogue's keys are
 /// hardly ever anything else.
-void SearchKeyIndex::appendAscii(const QString& key) {
+void SearchKeyIndex::appendAscii(const QString& key, std::uint32_t place) {
     const auto start = m_latin1Letters.size();
     const auto length = static_cast<std::size_t>(key.size());
     m_latin1Letters.resize(start + length);
@@ -70,14 +77,16 @@ void SearchKeyIndex::appendAscii(const QString& key) {
         m_latin1Bonuses[start + i] = i == 0 ? BoundaryBonus::First : bonusAfter(previous, unit);
         previous = unit;
     }
-    m_keys.push_back({mask, static_cast<std::uint32_t>(start),
+    m_masks.push_back(mask);
+    m_keys.push_back({place, static_cast<std::uint32_t>(start),
                       static_cast<std::uint32_t>(length) & 0x7FFFFFFFU, true});
 }
 
-void SearchKeyIndex::appendPrepared(const PreparedKey& prepared) {
+void SearchKeyIndex::appendPrepared(const PreparedKey& prepared, std::uint32_t place) {
     const UnicodeKey key = prepared.view();
+    m_masks.push_back(key.mask);
     const auto appendTo = [&](auto& letters, auto& bonuses, bool isLatin1) {
-        m_keys.push_back({key.mask, static_cast<std::uint32_t>(letters.size()),
+        m_keys.push_back({place, static_cast<std::uint32_t>(letters.size()),
                           static_cast<std::uint32_t>(key.letters.size()) & 0x7FFFFFFFU, isLatin1});
         using Letter = typename std::remove_reference_t<decltype(letters)>::value_type;
         for (const char32_t letter : key.letters) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/LaunchTarget.h"
+#include "search/Candidate.h"
 #include "search/SearchKeyView.h"
 
 #include <cstdint>
@@ -27,27 +28,28 @@ public:
     /// The index in the catalogue of the target at a place.
     std::uint32_t targetAt(std::uint32_t place) const { return m_targets[place]; }
 
-    /// The highest score among the target's keys; nothing if none of them matches.
-    std::optional<double> bestScore(std::uint32_t place, QueryMatcher& matcher) const;
+    /// Finds the targets that have a key which matches, each with the highest score among its keys,
+    /// in the order of their places.
+    void find(QueryMatcher& matcher, std::vector<Candidate>& found) const;
 
 private:
     struct Key {
-        std::uint64_t mask;
+        std::uint32_t place;
         std::uint32_t start;
         std::uint32_t length : 31;
         bool isLatin1 : 1;
     };
 
-    void append(const QString& key);
-    void appendAscii(const QString& key);
-    void appendPrepared(const PreparedKey& key);
-    std::optional<double> score(const Key& key, QueryMatcher& matcher) const;
+    void append(const QString& key, std::uint32_t place);
+    void appendAscii(const QString& key, std::uint32_t place);
+    void appendPrepared(const PreparedKey& key, std::uint32_t place);
+    std::optional<double> score(std::size_t index, QueryMatcher& matcher) const;
 
     std::vector<std::uint32_t> m_targets;
-    // The target at place p owns the keys from m_firstKeys[p] up to m_firstKeys[p + 1]. The letters
-    // and bonuses of all keys lie one after the other, those of one key from its `start` on; the
-    // letters of each kind of key by themselves.
-    std::vector<std::uint32_t> m_firstKeys;
+    // By key, in the order of their targets' places. The masks rule most keys out, so they lie by
+    // themselves. The letters and bonuses of all keys lie one after the other, those of one key
+    // from its `start` on; the letters of each kind of key by themselves.
+    std::vector<std::uint64_t> m_masks;
     std::vector<Key> m_keys;
     std::vector<std::uint8_t> m_latin1Letters;
     std::vector<BoundaryBonus> m_latin1Bonuses;

@@ -16,7 +16,7 @@ namespace quorvantel {
 template <class Letter>
 struct SearchKeyView {
     /// None for letters that are looked at one by one.
-    static constexpr std::size_t padding = sizeof(Letter) == 1 ? 15 : 0;
+    static constexpr std::size_t padding = sizeof(Letter) == 1 ? 63 : 0;
 
     std::span<const Letter> letters;
     /// One for each letter.
