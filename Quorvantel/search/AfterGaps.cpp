@@ -62,20 +62,20 @@ double afterFewGaps(double score, std::size_t count) {
 double afterGaps(double score, std::size_t count) {
     while (count > fewSteps) {
         const int exponent = exponentOf(score);
-        if (exponent >= leastExponent && exponent <= largestExponent) {
-            const double room =
-                score > 0 ? score - powerOfTwo(exponent) : score + powerOfTwo(exponent + 1);
-            // Rather one too few than one that leaves the exponent.
-            const auto steps =
-                std::min(count, static_cast<std::size_t>(room * (0.9999999 / gapCost)));
-            score -= static_cast<double>(steps) *
-                     roundedCosts[static_cast<std::size_t>(exponent - leastExponent)];
-            count -= steps;
+        if (exponent < leastExponent || exponent > largestExponent) {
+            score = afterFewGaps(score, fewSteps);
+            count -= fewSteps;
+            continue;
         }
-        if (count > 0) {
-            score -= gapCost;
-            --count;
-        }
+        const double room =
+            score > 0 ? score - powerOfTwo(exponent) : score + powerOfTwo(exponent + 1);
+        // Rather one too few than one that leaves the exponent, which the next one does.
+        const auto steps = std::min(count, static_cast<std::size_t>(room * (0.9999999 / gapCost)));
+        score -= static_cast<double>(steps) *
+                 roundedCosts[static_cast<std::size_t>(exponent - leastExponent)];
+        const std::size_t next = count > steps ? 1 : 0;
+        score -= static_cast<double>(next) * gapCost;
+        count -= steps + next;
     }
     return afterFewGaps(score, count);
 }

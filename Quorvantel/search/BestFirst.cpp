@@ -6,14 +6,14 @@
 #include <limits>
 #include <utility>
 
-// A radix sort, byte by byte from the least significant one on. A first letter finds most of a
+// A radix sort, digit by digit from the least significant one on. A first letter finds most of a
 // catalogue; to compare tens of thousands of scores with one another took as long as to find them.
 namespace quorvantel {
 
 namespace {
 
-constexpr std::size_t digits = sizeof(std::uint64_t);
-constexpr std::size_t values = 256;
+/// From how many candidates on longer digits, of which there are fewer, are worth their counting.
+constexpr std::size_t many = 4096;
 
 std::uint64_t keyOf(double score) {
     // Absurd numbers in a store's file can make a score that is not a number. It has no order.
@@ -25,30 +25,38 @@ std::uint64_t keyOf(double score) {
     return (bits & sign) != 0 ? bits : ~bits & ~sign;
 }
 
-std::size_t digitOf(std::uint64_t key, std::size_t digit) {
-    return (key >> (8 * digit)) & (values - 1);
-}
-
 } // namespace
 
 void BestFirst::sort(std::vector<Candidate>& candidates) {
-    if (candidates.empty()) {
-        return;
-    }
-    std::array<std::array<std::uint32_t, values>, digits> counts{};
     m_items.clear();
     for (const Candidate& candidate : candidates) {
-        const std::uint64_t key = keyOf(candidate.score);
-        m_items.push_back({key, candidate.place});
+        m_items.push_back({keyOf(candidate.score), candidate.place});
+    }
+    if (candidates.size() < many) {
+        sortItems<8>();
+    } else {
+        sortItems<11>();
+    }
+    for (std::size_t i = 0; i < candidates.size(); ++i) {
+        candidates[i].place = m_items[i].place;
+    }
+}
+
+template <unsigned digitBits>
+void BestFirst::sortItems() {
+    constexpr std::size_t digits = (64 + digitBits - 1) / digitBits;
+    constexpr std::size_t values = std::size_t{1} << digitBits;
+    const auto digitOf = [](std::uint64_t key, std::size_t digit) {
+        return (key >> (digitBits * digit)) & (values - 1);
+    };
+    std::array<std::array<std::uint32_t, values>, digits> counts{};
+    for (const Item& item : m_items) {
         for (std::size_t digit = 0; digit < digits; ++digit) {
-            ++counts[digit][digitOf(key, digit)];
+            ++counts[digit][digitOf(item.key, digit)];
         }
     }
     m_buffer.resize(m_items.size());
     for (std::size_t digit = 0; digit < digits; ++digit) {
-        if (counts[digit][digitOf(m_items.front().key, digit)] == m_items.size()) {
-            continue;
-        }
         std::uint32_t next = 0;
         for (std::uint32_t& count : counts[digit]) {
             next += std::exchange(count, next);
@@ -57,9 +65,6 @@ void BestFirst::sort(std::vector<Candidate>& candidates) {
             m_buffer[counts[digit][digitOf(item.key, digit)]++] = item;
         }
         m_items.swap(m_buffer);
-    }
-    for (std::size_t i = 0; i < candidates.size(); ++i) {
-        candidates[i].place = m_items[i].place;
     }
 }
 

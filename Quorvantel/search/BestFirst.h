@@ -22,6 +22,9 @@ private:
         std::uint32_t place;
     };
 
+    template <unsigned digitBits>
+    void sortItems();
+
     std::vector<Item> m_items;
     std::vector<Item> m_buffer;
 };

@@ -50,35 +50,37 @@ std::optional<double> ScoreCells::score(const QueryLetters& query,
 void ScoreCells::start(std::size_t letters) {
     m_rows.assign(letters + 1, {unreachable, none, unreachable, none, noColumn, 0, 0});
     m_rows[letters].latenessStep = gapUnits - gapUnitsAfterMatch;
-    m_cellCount = 0;
 }
 
 template <class Letter>
 void ScoreCells::placeAll(const QueryLetters& query, std::span<const Letter> letters,
                           std::span<const BoundaryBonus> bonuses) {
+    const std::span rows(m_rows);
+    CellIndex count = 0;
     for (std::size_t word = 0; word < m_places.words(); ++word) {
-        const std::size_t most = m_cellCount + LetterPlaces::wordSize * query.size();
+        const std::size_t most = count + LetterPlaces::wordSize * query.size();
         if (m_cells.size() < most) {
             m_cells.resize(most);
         }
+        const std::span cells(m_cells);
         for (std::uint64_t bits = m_places.ofAny(word); bits != 0; bits &= bits - 1) {
             const auto bit = static_cast<std::size_t>(std::countr_zero(bits));
             const std::size_t column = word * LetterPlaces::wordSize + bit;
-            m_rows[0].bestUnits =
-                (gapUnits - leadingGapUnits) * static_cast<int>(column) - gapUnits;
+            rows[0].bestUnits = (gapUnits - leadingGapUnits) * static_cast<int>(column) - gapUnits;
             // From the last one on, as no column has place for two.
             for (std::size_t letter = query.lastOf(letters[column]); letter != 0;
                  letter = query.previousOf(letter)) {
                 if ((m_places.ofLetter(letter - 1, word) >> bit & 1) != 0) {
-                    place(m_rows[letter - 1], m_rows[letter], static_cast<std::uint32_t>(column),
-                          unitsOf(bonuses[column]));
+                    place(rows[letter - 1], rows[letter], cells, count++,
+                          static_cast<std::uint32_t>(column), unitsOf(bonuses[column]));
                 }
             }
         }
     }
 }
 
-inline void ScoreCells::place(const Row& before, Row& row, std::uint32_t column, int bonus) {
+inline void ScoreCells::place(const Row& before, Row& row, std::span<Cell> cells, CellIndex index,
+                              std::uint32_t column, int bonus) {
     const int run =
         before.latestColumn + 1 == column ? before.latestUnits + consecutiveUnits : unreachable;
     const int fresh = before.bestUnits;
@@ -87,14 +89,15 @@ inline void ScoreCells::place(const Row& before, Row& row, std::uint32_t column,
     const int earlierUnits = row.bestUnits;
     const CellIndex earlier = row.best;
     const CellIndex equal = unitsAtEnd == earlierUnits ? earlier : none;
-    m_cells[m_cellCount] = {column, units, before.best, before.latest, equal, unknown};
-    row.best = unitsAtEnd >= earlierUnits ? m_cellCount : earlier;
+    cells[index] = {column, units, before.best, before.latest, equal, unknown};
+    // All bits if the earlier one stays the best: compilers would take a choice for a branch.
+    const CellIndex stays = -static_cast<CellIndex>(unitsAtEnd < earlierUnits);
+    row.best = (earlier & stays) | (index & ~stays);
     row.bestUnits = unitsAtEnd > earlierUnits ? unitsAtEnd : earlierUnits;
-    row.latest = m_cellCount;
+    row.latest = index;
     row.latestUnits = units;
     row.latestColumn = column;
     row.lateness += row.latenessStep;
-    ++m_cellCount;
 }
 
 /// The score with the cell's letter at its column.

@@ -41,7 +41,7 @@ private:
     };
 
     /// The placements of the letters up to one of them, in the columns up to now.
-    struct Row {
+    struct alignas(32) Row {
         int bestUnits;
         CellIndex best;
         int latestUnits;
@@ -57,7 +57,8 @@ private:
     template <class Letter>
     void placeAll(const QueryLetters& query, std::span<const Letter> letters,
                   std::span<const BoundaryBonus> bonuses);
-    void place(const Row& before, Row& row, std::uint32_t column, int bonus);
+    static void place(const Row& before, Row& row, std::span<Cell> cells, CellIndex index,
+                      std::uint32_t column, int bonus);
     double scoreOf(CellIndex index, std::span<const BoundaryBonus> bonuses);
     double scoreAtEnd(CellIndex index, std::size_t lastLetter,
                       std::span<const BoundaryBonus> bonuses);
@@ -66,7 +67,6 @@ private:
     /// By letter, from 1 on. Before them is the row in which nothing is placed.
     std::vector<Row> m_rows;
     std::vector<Cell> m_cells;
-    CellIndex m_cellCount = 0;
 };
 
 } // namespace quorvantel
