@@ -26,9 +26,8 @@ bool LetterPlaces::find(const QueryLetters& query, std::span<const Letter> key) 
         return false;
     }
     m_words = (key.size() + wordSize - 1) / wordSize;
-    m_end = query.size() * m_words;
-    if (m_bits.size() < m_end) {
-        m_bits.resize(m_end);
+    if (m_bits.size() < query.size() * m_words) {
+        m_bits.resize(query.size() * m_words);
     }
     // What most keys have is known ahead, for the compiler to do without loops.
     switch (m_words) {

@@ -31,22 +31,11 @@ public:
         return m_bits[letter * m_words + word];
     }
 
-    /// Where in a word of places any letter can be matched.
-    std::uint64_t ofAny(std::size_t word) const {
-        std::uint64_t bits = 0;
-        for (std::size_t i = word; i < m_end; i += m_words) {
-            bits |= m_bits[i];
-        }
-        return bits;
-    }
-
 private:
     template <class Letter, class Words>
     bool find(const QueryLetters& query, std::span<const Letter> key, Words words);
 
     std::size_t m_words = 0;
-    /// The bits in use.
-    std::size_t m_end = 0;
     /// By letter of the query, its words of places.
     std::vector<std::uint64_t> m_bits;
 };

@@ -1,28 +1,19 @@
 #include "search/QueryLetters.h"
 
+#include "search/SearchKeyView.h"
 #include "text/TextFolding.h"
 
-#include <string_view>
+#include <algorithm>
 
 namespace quorvantel {
 
 void QueryLetters::set(QStringView query) {
-    for (const char32_t letter : m_text) {
-        m_lastOfLatin1[letter % m_lastOfLatin1.size()] = 0;
-    }
     foldScalars(query, m_text);
-    m_areLatin1 = true;
+    m_areLatin1 =
+        std::ranges::all_of(m_text, [](char32_t letter) { return letter <= largestLatin1Letter; });
     m_blocks.clear();
-    m_previous.assign(m_text.size() + 1, 0);
-    for (std::size_t i = 0; i < m_text.size(); ++i) {
-        const char32_t letter = m_text[i];
-        m_previous[i + 1] = std::u32string_view(m_text).substr(0, i).rfind(letter) + 1;
+    for (const char32_t letter : m_text) {
         m_blocks.emplace_back(static_cast<std::uint8_t>(letter));
-        if (letter < m_lastOfLatin1.size()) {
-            m_lastOfLatin1[letter] = i + 1;
-        } else {
-            m_areLatin1 = false;
-        }
     }
 }
 

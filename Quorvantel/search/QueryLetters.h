@@ -4,7 +4,6 @@
 
 #include <QStringView>
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -25,14 +24,6 @@ public:
     /// Whether keys of bytes can have all of them.
     bool areLatin1() const { return m_areLatin1; }
 
-    /// Where the query has a letter last, counted from 1; 0 if it does not have it.
-    std::size_t lastOf(char32_t letter) const {
-        return letter < m_lastOfLatin1.size() ? m_lastOfLatin1[letter] : m_text.rfind(letter) + 1;
-    }
-
-    /// Where it has the letter at `place` before that.
-    std::size_t previousOf(std::size_t place) const { return m_previous[place]; }
-
     /// One bit for each of up to 64 letters of a key: whether it is that at `index` in the query.
     std::uint64_t find(std::size_t index, std::span<const std::uint8_t> letters) const {
         return findLetter(letters, m_blocks[index]);
@@ -42,8 +33,7 @@ public:
 private:
     std::u32string m_text;
     bool m_areLatin1 = true;
-    std::array<std::size_t, 0x100> m_lastOfLatin1{};
-    std::vector<std::size_t> m_previous;
+    /// For keys of bytes.
     std::vector<LetterBlock> m_blocks;
 };
 

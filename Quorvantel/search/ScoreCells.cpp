@@ -23,12 +23,16 @@ namespace {
 
 constexpr int unreachable = std::numeric_limits<int>::min() / 2;
 
-/// Next to no column.
-constexpr std::uint32_t noColumn = std::numeric_limits<std::uint32_t>::max() - 1;
+/// What a placement loses for each column of the last letter before it.
+constexpr int latenessUnits = gapUnits - gapUnitsAfterMatch;
 
 constexpr double unknown = std::numeric_limits<double>::quiet_NaN();
 
 constexpr double leastScore = std::numeric_limits<double>::lowest();
+
+std::uint32_t countOf(std::uint64_t bits) {
+    return static_cast<std::uint32_t>(std::popcount(bits));
+}
 
 } // namespace
 
@@ -38,66 +42,70 @@ std::optional<double> ScoreCells::score(const QueryLetters& query,
     if (!m_places.find(query, key.letters)) {
         return std::nullopt;
     }
-    start(query.size());
-    placeAll(query, key.letters, key.bonuses);
+    placeAll(query.size(), key.bonuses);
     double best = leastScore;
-    for (CellIndex i = m_rows[query.size()].best; i != none; i = m_cells[i].equal) {
+    for (CellIndex i = m_cells[m_cellCount - 1].best; i != none; i = m_cells[i].equal) {
         best = std::max(best, scoreAtEnd(i, query.size() - 1, key.bonuses));
     }
     return best;
 }
 
-void ScoreCells::start(std::size_t letters) {
-    m_rows.assign(letters + 1, {unreachable, none, unreachable, none, noColumn, 0, 0});
-    m_rows[letters].latenessStep = gapUnits - gapUnitsAfterMatch;
-}
-
-template <class Letter>
-void ScoreCells::placeAll(const QueryLetters& query, std::span<const Letter> letters,
-                          std::span<const BoundaryBonus> bonuses) {
-    const std::span rows(m_rows);
-    CellIndex count = 0;
-    for (std::size_t word = 0; word < m_places.words(); ++word) {
-        const std::size_t most = count + LetterPlaces::wordSize * query.size();
-        if (m_cells.size() < most) {
-            m_cells.resize(most);
-        }
-        const std::span cells(m_cells);
-        for (std::uint64_t bits = m_places.ofAny(word); bits != 0; bits &= bits - 1) {
-            const auto bit = static_cast<std::size_t>(std::countr_zero(bits));
-            const std::size_t column = word * LetterPlaces::wordSize + bit;
-            rows[0].bestUnits = (gapUnits - leadingGapUnits) * static_cast<int>(column) - gapUnits;
-            // From the last one on, as no column has place for two.
-            for (std::size_t letter = query.lastOf(letters[column]); letter != 0;
-                 letter = query.previousOf(letter)) {
-                if ((m_places.ofLetter(letter - 1, word) >> bit & 1) != 0) {
-                    place(rows[letter - 1], rows[letter], cells, count++,
-                          static_cast<std::uint32_t>(column), unitsOf(bonuses[column]));
-                }
-            }
-        }
+void ScoreCells::placeAll(std::size_t letters, std::span<const BoundaryBonus> bonuses) {
+    m_cellCount = 0;
+    CellIndex before = none;
+    for (std::size_t letter = 0; letter < letters; ++letter) {
+        const CellIndex first = m_cellCount;
+        m_cellCount =
+            placeLetter(letter, letter + 1 == letters ? latenessUnits : 0, before, first, bonuses);
+        before = first;
     }
 }
 
-inline void ScoreCells::place(const Row& before, Row& row, std::span<Cell> cells, CellIndex index,
-                              std::uint32_t column, int bonus) {
-    const int run =
-        before.latestColumn + 1 == column ? before.latestUnits + consecutiveUnits : unreachable;
-    const int fresh = before.bestUnits;
-    const int units = (run > fresh ? run : fresh) + gapUnits + bonus;
-    const int unitsAtEnd = units - row.lateness;
-    const int earlierUnits = row.bestUnits;
-    const CellIndex earlier = row.best;
-    const CellIndex equal = unitsAtEnd == earlierUnits ? earlier : none;
-    cells[index] = {column, units, before.best, before.latest, equal, unknown};
-    // All bits if the earlier one stays the best: compilers would take a choice for a branch.
-    const CellIndex stays = -static_cast<CellIndex>(unitsAtEnd < earlierUnits);
-    row.best = (earlier & stays) | (index & ~stays);
-    row.bestUnits = unitsAtEnd > earlierUnits ? unitsAtEnd : earlierUnits;
-    row.latest = index;
-    row.latestUnits = units;
-    row.latestColumn = column;
-    row.lateness += row.latenessStep;
+/// Places a letter at its columns. The cells of the letter before it begin at `before`, its own are
+/// to begin at `first`; returns where they end.
+ScoreCells::CellIndex ScoreCells::placeLetter(std::size_t letter, int latenessStep,
+                                              CellIndex before, CellIndex first,
+                                              std::span<const BoundaryBonus> bonuses) {
+    const bool isFirstLetter = letter == 0;
+    CellIndex best = none;
+    int bestUnits = unreachable;
+    int lateness = 0;
+    CellIndex index = first;
+    for (std::size_t word = 0; word < m_places.words(); ++word) {
+        if (m_cells.size() < index + LetterPlaces::wordSize) {
+            m_cells.resize(index + LetterPlaces::wordSize);
+        }
+        Cell* const cells = m_cells.data();
+        const std::uint64_t earlier = isFirstLetter ? 0 : m_places.ofLetter(letter - 1, word);
+        for (std::uint64_t bits = m_places.ofLetter(letter, word); bits != 0; bits &= bits - 1) {
+            const auto bit = static_cast<std::size_t>(std::countr_zero(bits));
+            const std::size_t column = word * LetterPlaces::wordSize + bit;
+            int units = unitsOf(bonuses[column]);
+            CellIndex latest = none;
+            if (isFirstLetter) {
+                units += (gapUnits - leadingGapUnits) * static_cast<int>(column);
+            } else {
+                latest = before - 1 + countOf(earlier & ((std::uint64_t{1} << bit) - 1));
+                const Cell& previous = cells[latest];
+                const int run = previous.units + consecutiveUnits;
+                const int fresh = previous.bestUnits;
+                const bool isRun = (previous.column + 1 == column) & (run > fresh);
+                units += gapUnits + (isRun ? run : fresh);
+            }
+            const int unitsAtEnd = units - lateness;
+            const CellIndex equal = unitsAtEnd == bestUnits ? best : none;
+            // All bits if the earlier one stays the best: compilers would make a choice a branch.
+            const CellIndex stays = -static_cast<CellIndex>(unitsAtEnd < bestUnits);
+            best = (best & stays) | (index & ~stays);
+            bestUnits = unitsAtEnd > bestUnits ? unitsAtEnd : bestUnits;
+            cells[index] = {
+                static_cast<std::uint32_t>(column), units, best, bestUnits, equal, latest, unknown};
+            lateness += latenessStep;
+            ++index;
+        }
+        before += countOf(earlier);
+    }
+    return index;
 }
 
 /// The score with the cell's letter at its column.
@@ -107,21 +115,21 @@ double ScoreCells::scoreOf(CellIndex index, std::span<const BoundaryBonus> bonus
         return cell.score;
     }
     const double bonus = valueOf(bonuses[cell.column]);
-    if (cell.best == none) {
+    if (cell.before == none) {
         cell.score = -leadingGapCost * static_cast<double>(cell.column) + bonus;
         return cell.score;
     }
     const int unitsBefore = cell.units - gapUnits - unitsOf(bonuses[cell.column]);
+    const Cell& latest = m_cells[cell.before];
     double best = leastScore;
-    if (m_cells[cell.best].units == unitsBefore) {
-        for (CellIndex before = cell.best; before != none; before = m_cells[before].equal) {
+    if (latest.bestUnits == unitsBefore) {
+        for (CellIndex before = latest.best; before != none; before = m_cells[before].equal) {
             const std::size_t gaps = cell.column - m_cells[before].column - 1;
             best = std::max(best, afterGaps(scoreOf(before, bonuses), gaps) + bonus);
         }
     }
-    const Cell& latest = m_cells[cell.latest];
     if (latest.column + 1 == cell.column && latest.units + consecutiveUnits == unitsBefore) {
-        best = std::max(best, scoreOf(cell.latest, bonuses) + consecutiveBonus + bonus);
+        best = std::max(best, scoreOf(cell.before, bonuses) + consecutiveBonus + bonus);
     }
     cell.score = best;
     return best;

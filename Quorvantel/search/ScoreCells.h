@@ -31,42 +31,28 @@ private:
     struct Cell {
         std::uint32_t column;
         int units;
-        /// The letter before as it was then: where it was placed best, and where last.
+        /// The best cell of the letter up to this one, and what it has in units.
         CellIndex best;
-        CellIndex latest;
-        /// An earlier cell of this letter that is as good for all that follows.
+        int bestUnits;
+        /// An earlier cell that is as good as this one.
         CellIndex equal;
+        /// The latest cell of the letter before; none for the first letter.
+        CellIndex before;
         /// As the formulas round it; not a number until it was asked for.
         double score;
     };
 
-    /// The placements of the letters up to one of them, in the columns up to now.
-    struct alignas(32) Row {
-        int bestUnits;
-        CellIndex best;
-        int latestUnits;
-        CellIndex latest;
-        std::uint32_t latestColumn;
-        /// What the row's next cell loses by coming after others of the last letter.
-        int lateness;
-        /// By how much that grows with each cell.
-        int latenessStep;
-    };
-
-    void start(std::size_t letters);
-    template <class Letter>
-    void placeAll(const QueryLetters& query, std::span<const Letter> letters,
-                  std::span<const BoundaryBonus> bonuses);
-    static void place(const Row& before, Row& row, std::span<Cell> cells, CellIndex index,
-                      std::uint32_t column, int bonus);
+    void placeAll(std::size_t letters, std::span<const BoundaryBonus> bonuses);
+    CellIndex placeLetter(std::size_t letter, int latenessStep, CellIndex before, CellIndex first,
+                          std::span<const BoundaryBonus> bonuses);
     double scoreOf(CellIndex index, std::span<const BoundaryBonus> bonuses);
     double scoreAtEnd(CellIndex index, std::size_t lastLetter,
                       std::span<const BoundaryBonus> bonuses);
 
     LetterPlaces m_places;
-    /// By letter, from 1 on. Before them is the row in which nothing is placed.
-    std::vector<Row> m_rows;
+    /// Letter by letter, each in the order of its columns.
     std::vector<Cell> m_cells;
+    CellIndex m_cellCount = 0;
 };
 
 } // namespace quorvantel
