@@ -21,6 +21,8 @@ namespace quorvantel {
 
 namespace {
 
+constexpr std::size_t wordSize = LetterPlaces::wordSize;
+
 constexpr int unreachable = std::numeric_limits<int>::min() / 2;
 
 /// What a placement loses for each column of the last letter before it.
@@ -30,8 +32,9 @@ constexpr double unknown = std::numeric_limits<double>::quiet_NaN();
 
 constexpr double leastScore = std::numeric_limits<double>::lowest();
 
-std::uint32_t countOf(std::uint64_t bits) {
-    return static_cast<std::uint32_t>(std::popcount(bits));
+/// The highest bit; of none, the lowest.
+std::size_t lastPlace(std::uint64_t places) {
+    return static_cast<std::size_t>(std::bit_width(places | 1)) - 1;
 }
 
 } // namespace
@@ -51,42 +54,48 @@ std::optional<double> ScoreCells::score(const QueryLetters& query,
 }
 
 void ScoreCells::placeAll(std::size_t letters, std::span<const BoundaryBonus> bonuses) {
-    m_cellCount = 0;
-    CellIndex before = none;
-    for (std::size_t letter = 0; letter < letters; ++letter) {
-        const CellIndex first = m_cellCount;
-        m_cellCount =
-            placeLetter(letter, letter + 1 == letters ? latenessUnits : 0, before, first, bonuses);
-        before = first;
+    for (std::vector<CellIndex>& cells : m_cellAt) {
+        if (cells.size() < m_places.words() * wordSize) {
+            cells.resize(m_places.words() * wordSize);
+        }
     }
+    m_cellCount = 0;
+    for (std::size_t letter = 0; letter + 1 < letters; ++letter) {
+        placeLetter(letter, 0, bonuses);
+    }
+    placeLetter(letters - 1, latenessUnits, bonuses);
 }
 
-/// Places a letter at its columns. The cells of the letter before it begin at `before`, its own are
-/// to begin at `first`; returns where they end.
-ScoreCells::CellIndex ScoreCells::placeLetter(std::size_t letter, int latenessStep,
-                                              CellIndex before, CellIndex first,
-                                              std::span<const BoundaryBonus> bonuses) {
+/// Places a letter at its columns. Each costs it `latenessStep` more than the one before.
+void ScoreCells::placeLetter(std::size_t letter, int latenessStep,
+                             std::span<const BoundaryBonus> bonuses) {
     const bool isFirstLetter = letter == 0;
+    CellIndex* const cellAt = m_cellAt[letter % 2].data();
+    const CellIndex* const earlierCellAt = m_cellAt[1 - letter % 2].data();
     CellIndex best = none;
     int bestUnits = unreachable;
     int lateness = 0;
-    CellIndex index = first;
+    CellIndex index = m_cellCount;
+    CellIndex lastOfEarlierWords = none;
     for (std::size_t word = 0; word < m_places.words(); ++word) {
-        if (m_cells.size() < index + LetterPlaces::wordSize) {
-            m_cells.resize(index + LetterPlaces::wordSize);
+        if (m_cells.size() < index + wordSize) {
+            m_cells.resize(index + wordSize);
         }
         Cell* const cells = m_cells.data();
+        const std::size_t offset = word * wordSize;
         const std::uint64_t earlier = isFirstLetter ? 0 : m_places.ofLetter(letter - 1, word);
         for (std::uint64_t bits = m_places.ofLetter(letter, word); bits != 0; bits &= bits - 1) {
             const auto bit = static_cast<std::size_t>(std::countr_zero(bits));
-            const std::size_t column = word * LetterPlaces::wordSize + bit;
+            const std::size_t column = offset + bit;
             int units = unitsOf(bonuses[column]);
-            CellIndex latest = none;
+            CellIndex before = none;
             if (isFirstLetter) {
                 units += (gapUnits - leadingGapUnits) * static_cast<int>(column);
             } else {
-                latest = before - 1 + countOf(earlier & ((std::uint64_t{1} << bit) - 1));
-                const Cell& previous = cells[latest];
+                const std::uint64_t earlierBits = earlier & ((std::uint64_t{1} << bit) - 1);
+                const CellIndex inWord = earlierCellAt[offset + lastPlace(earlierBits)];
+                before = earlierBits != 0 ? inWord : lastOfEarlierWords;
+                const Cell& previous = cells[before];
                 const int run = previous.units + consecutiveUnits;
                 const int fresh = previous.bestUnits;
                 const bool isRun = (previous.column + 1 == column) & (run > fresh);
@@ -99,13 +108,15 @@ ScoreCells::CellIndex ScoreCells::placeLetter(std::size_t letter, int latenessSt
             best = (best & stays) | (index & ~stays);
             bestUnits = unitsAtEnd > bestUnits ? unitsAtEnd : bestUnits;
             cells[index] = {
-                static_cast<std::uint32_t>(column), units, best, bestUnits, equal, latest, unknown};
+                static_cast<std::uint32_t>(column), units, best, bestUnits, equal, before, unknown};
+            cellAt[column] = index++;
             lateness += latenessStep;
-            ++index;
         }
-        before += countOf(earlier);
+        if (earlier != 0) {
+            lastOfEarlierWords = earlierCellAt[offset + lastPlace(earlier)];
+        }
     }
-    return index;
+    m_cellCount = index;
 }
 
 /// The score with the cell's letter at its column.
@@ -144,12 +155,11 @@ double ScoreCells::scoreAtEnd(CellIndex index, std::size_t lastLetter,
         score = afterGaps(score - gapCostAfterMatch, next - column - 1);
         column = next;
     };
-    std::uint64_t later = ~std::uint64_t{1} << column % LetterPlaces::wordSize;
-    for (std::size_t word = column / LetterPlaces::wordSize; word < m_places.words(); ++word) {
+    std::uint64_t later = ~std::uint64_t{1} << column % wordSize;
+    for (std::size_t word = column / wordSize; word < m_places.words(); ++word) {
         for (std::uint64_t bits = m_places.ofLetter(lastLetter, word) & later; bits != 0;
              bits &= bits - 1) {
-            skipUpTo(word * LetterPlaces::wordSize +
-                     static_cast<std::size_t>(std::countr_zero(bits)));
+            skipUpTo(word * wordSize + static_cast<std::size_t>(std::countr_zero(bits)));
         }
         later = ~std::uint64_t{0};
     }

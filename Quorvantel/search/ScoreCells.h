@@ -4,6 +4,7 @@
 #include "search/QueryLetters.h"
 #include "search/SearchKeyView.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -43,8 +44,7 @@ private:
     };
 
     void placeAll(std::size_t letters, std::span<const BoundaryBonus> bonuses);
-    CellIndex placeLetter(std::size_t letter, int latenessStep, CellIndex before, CellIndex first,
-                          std::span<const BoundaryBonus> bonuses);
+    void placeLetter(std::size_t letter, int latenessStep, std::span<const BoundaryBonus> bonuses);
     double scoreOf(CellIndex index, std::span<const BoundaryBonus> bonuses);
     double scoreAtEnd(CellIndex index, std::size_t lastLetter,
                       std::span<const BoundaryBonus> bonuses);
@@ -53,6 +53,8 @@ private:
     /// Letter by letter, each in the order of its columns.
     std::vector<Cell> m_cells;
     CellIndex m_cellCount = 0;
+    /// By column the cell of the letters with even numbers, and that of those with odd ones.
+    std::array<std::vector<CellIndex>, 2> m_cellAt;
 };
 
 } // namespace quorvantel
