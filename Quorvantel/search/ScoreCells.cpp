@@ -66,6 +66,13 @@ void ScoreCells::placeAll(std::size_t letters, std::span<const BoundaryBonus> bo
     placeLetter(letters - 1, latenessUnits, bonuses);
 }
 
+/// What a letter takes over at a column from those before it, whose latest cell is `before`.
+inline int ScoreCells::unitsBefore(const Cell& before, std::size_t column) {
+    const int run = before.units + consecutiveUnits;
+    const bool isRun = (before.column + 1 == column) & (run > before.bestUnits);
+    return gapUnits + (isRun ? run : before.bestUnits);
+}
+
 /// Places a letter at its columns. Each costs it `latenessStep` more than the one before.
 void ScoreCells::placeLetter(std::size_t letter, int latenessStep,
                              std::span<const BoundaryBonus> bonuses) {
@@ -92,14 +99,10 @@ void ScoreCells::placeLetter(std::size_t letter, int latenessStep,
             if (isFirstLetter) {
                 units += (gapUnits - leadingGapUnits) * static_cast<int>(column);
             } else {
-                const std::uint64_t earlierBits = earlier & ((std::uint64_t{1} << bit) - 1);
-                const CellIndex inWord = earlierCellAt[offset + lastPlace(earlierBits)];
-                before = earlierBits != 0 ? inWord : lastOfEarlierWords;
-                const Cell& previous = cells[before];
-                const int run = previous.units + consecutiveUnits;
-                const int fresh = previous.bestUnits;
-                const bool isRun = (previous.column + 1 == column) & (run > fresh);
-                units += gapUnits + (isRun ? run : fresh);
+                const std::uint64_t places = earlier & ((std::uint64_t{1} << bit) - 1);
+                const CellIndex lastOfWord = earlierCellAt[offset + lastPlace(places)];
+                before = places != 0 ? lastOfWord : lastOfEarlierWords;
+                units += unitsBefore(cells[before], column);
             }
             const int unitsAtEnd = units - lateness;
             const CellIndex equal = unitsAtEnd == bestUnits ? best : none;

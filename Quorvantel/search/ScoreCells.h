@@ -45,6 +45,7 @@ private:
 
     void placeAll(std::size_t letters, std::span<const BoundaryBonus> bonuses);
     void placeLetter(std::size_t letter, int latenessStep, std::span<const BoundaryBonus> bonuses);
+    static int unitsBefore(const Cell& before, std::size_t column);
     double scoreOf(CellIndex index, std::span<const BoundaryBonus> bonuses);
     double scoreAtEnd(CellIndex index, std::size_t lastLetter,
                       std::span<const BoundaryBonus> bonuses);
