@@ -1,5 +1,6 @@
 #include "support/ChildProcess.h"
 #include "support/TestFiles.h"
+#include "support/TestedCompositors.h"
 #include "support/WaitUntil.h"
 #include "support/WaylandClient.h"
 #include "support/WaylandCompositor.h"
@@ -8,6 +9,7 @@
 #include <gtest/gtest.h>
 #include <linux/input-event-codes.h>
 
+#include <algorithm>
 #include <optional>
 
 namespace quorvantel {
@@ -18,7 +20,7 @@ using namespace Qt::StringLiterals;
 
 /// The launcher's program in a session of a real compositor, beside an application that has the
 /// keyboard.
-class WaylandSessionTest : public ::testing::TestWithParam<const char*> {
+class WaylandSessionTest : public ::testing::TestWithParam<std::string> {
 protected:
     WaylandSessionTest() {
         compositor.enter();
@@ -44,17 +46,27 @@ protected:
         return exit && !exit->crashed && exit->status == 0;
     }
 
+    /// Starts the launcher in such a way that it shows its panel, over the application.
+    static ChildProcess::Launch launchWithPanel() {
+        ChildProcess::Launch launch = WaylandSessionTest::launch();
+        launch.environment.insert(u"XDG_ACTIVATION_TOKEN"_s, u"starts-with-the-panel"_s);
+        return launch;
+    }
+
+    /// The panel is brighter than the application and all else.
+    bool isPanelAt(const QPoint& place) const {
+        return qGray(compositor.screenshot().pixel(place)) > 235;
+    }
+
     static QByteArray output() { return readFile(inHome(u"output"_s)); }
 
-    WaylandCompositor compositor{{.program = QString::fromLatin1(GetParam())}};
+    WaylandCompositor compositor{{.program = QString::fromStdString(GetParam())}};
     WaylandInput input{compositor};
     WaylandClient application{compositor};
 };
 
 TEST_P(WaylandSessionTest, AFurtherStartShowsThePanelAndALostCompositorEndsTheLauncher) {
-    qputenv("XDG_ACTIVATION_TOKEN", "starts-with-the-panel");
-    ChildProcess launcher(launch());
-    qunsetenv("XDG_ACTIVATION_TOKEN");
+    ChildProcess launcher(launchWithPanel());
     ASSERT_TRUE(waitUntil([&] { return !application.isActive() || !launcher.isRunning(); }))
         << output().toStdString();
     input.type("zebra");
@@ -82,10 +94,7 @@ TEST_P(WaylandSessionTest, AFurtherStartShowsThePanelAndALostCompositorEndsTheLa
 }
 
 TEST_P(WaylandSessionTest, ThePanelFollowsTheMouseThatDragsIt) {
-    qputenv("XDG_ACTIVATION_TOKEN", "starts-with-the-panel");
-    ChildProcess launcher(launch());
-    qunsetenv("XDG_ACTIVATION_TOKEN");
-    // The panel is brighter than the application and all else.
+    ChildProcess launcher(launchWithPanel());
     const auto isPanelsLeftEdge = [this](const QPoint& place) {
         const QImage image = compositor.screenshot();
         const QPoint apart(4, 0);
@@ -106,8 +115,44 @@ TEST_P(WaylandSessionTest, ThePanelFollowsTheMouseThatDragsIt) {
     EXPECT_TRUE(isPanelsLeftEdge(edge + way));
 }
 
-INSTANTIATE_TEST_SUITE_P(On, WaylandSessionTest, ::testing::Values("sway", "kwin_wayland"),
-                         [](const auto& info) { return std::string(info.param); });
+TEST_P(WaylandSessionTest, ThePanelGrowsDownwardAndAClickElsewhereHidesIt) {
+    const ChildProcess launcher(launchWithPanel());
+    const QPoint field(500, 166);
+    const QPoint row(500, 274);
+    ASSERT_TRUE(waitUntil([&] { return isPanelAt(field); })) << output().toStdString();
+    EXPECT_FALSE(isPanelAt(row));
+    EXPECT_TRUE(waitUntil([&] { return !application.isActive(); }));
+    input.type("zebra");
+    EXPECT_TRUE(waitUntil([&] { return isPanelAt(row); }));
+    EXPECT_TRUE(isPanelAt(field));
+    EXPECT_FALSE(isPanelAt(field - QPoint(0, 8)));
+    input.click({500, 500});
+    EXPECT_TRUE(waitUntil([&] { return application.isActive() && !isPanelAt(field); }));
+    input.type("x");
+    EXPECT_TRUE(waitUntil([&] { return application.typed() == "x"; }));
+    // The panel's own window is in between where there are no layers.
+    EXPECT_EQ(application.clicks(), GetParam() == "gnome-shell" ? 0 : 1);
+}
+
+TEST_P(WaylandSessionTest, TheSettingsGetTheKeyboardFromThePanel) {
+    ChildProcess launcher(launchWithPanel());
+    ASSERT_TRUE(waitUntil([&] { return !application.isActive(); })) << output().toStdString();
+    input.press({KEY_LEFTCTRL, KEY_COMMA});
+    const auto quits = [&] {
+        input.press({KEY_LEFTCTRL, KEY_Q});
+        return !launcher.isRunning();
+    };
+    EXPECT_TRUE(waitUntil(quits));
+    EXPECT_EQ(launcher.waitForExit(patience)->status, 0);
+    EXPECT_TRUE(waitUntil([&] { return application.isActive(); }));
+}
+
+INSTANTIATE_TEST_SUITE_P(On, WaylandSessionTest, ::testing::ValuesIn(testedCompositors()),
+                         [](const auto& info) {
+                             std::string name = info.param;
+                             std::ranges::replace(name, '-', '_');
+                             return name;
+                         });
 
 } // namespace
 } // namespace quorvantel

@@ -37,13 +37,9 @@ void writeFile(const QString& path, const QString& text) {
     }
 }
 
-/// Runs a program to its end in the compositor's session.
-void run(const QString& program, const QStringList& arguments, const QString& folder) {
+void run(const QString& program, const QStringList& arguments,
+         const QProcessEnvironment& environment) {
     QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(u"XDG_RUNTIME_DIR"_s, folder);
-    environment.insert(u"WAYLAND_DISPLAY"_s, u"wayland-1"_s);
-    environment.insert(u"SWAYSOCK"_s, folder + u"/sway"_s);
     process.setProcessEnvironment(environment);
     process.start(program, arguments);
     if (!process.waitForFinished() || process.exitCode() != 0) {
@@ -53,21 +49,25 @@ void run(const QString& program, const QStringList& arguments, const QString& fo
     }
 }
 
+QDBusMessage call(const QString& busAddress, const QDBusMessage& message) {
+    const QString name = u"compositor"_s;
+    const QDBusMessage reply = QDBusConnection::connectToBus(busAddress, name).call(message);
+    QDBusConnection::disconnectFromBus(name);
+    return reply;
+}
+
 /// Asks KWin for what all outputs show.
 QImage screenshotOfKWin(const QString& busAddress) {
-    const QString name = u"screenshot"_s;
-    const QDBusConnection bus = QDBusConnection::connectToBus(busAddress, name);
     QTemporaryFile pixels;
     if (!pixels.open()) {
         throw std::runtime_error("no file for the screenshot");
     }
-    QDBusMessage call =
+    QDBusMessage request =
         QDBusMessage::createMethodCall(u"org.kde.KWin"_s, u"/org/kde/KWin/ScreenShot2"_s,
                                        u"org.kde.KWin.ScreenShot2"_s, u"CaptureWorkspace"_s);
-    call << QVariantMap{{u"native-resolution"_s, true}}
-         << QVariant::fromValue(QDBusUnixFileDescriptor(pixels.handle()));
-    const QDBusReply<QVariantMap> reply = bus.call(call);
-    QDBusConnection::disconnectFromBus(name);
+    request << QVariantMap{{u"native-resolution"_s, true}}
+            << QVariant::fromValue(QDBusUnixFileDescriptor(pixels.handle()));
+    const QDBusReply<QVariantMap> reply = call(busAddress, request);
     if (!reply.isValid()) {
         throw std::runtime_error(reply.error().message().toStdString());
     }
@@ -98,10 +98,13 @@ void WaylandCompositor::restart() {
 }
 
 void WaylandCompositor::start() {
+    if (isGnome()) {
+        prepareGnome();
+    }
     m_process.emplace(launch());
     if (!waitUntil([this] { return !m_process->isRunning() || acceptsClients(display()); },
                    3 * patience) ||
-        !m_process->isRunning()) {
+        !m_process->isRunning() || (isGnome() && !leaveOverview())) {
         QFile log(m_folder.filePath(u"log"_s));
         const bool opened = log.open(QIODevice::ReadOnly);
         throw std::runtime_error(m_options.program.toStdString() + " does not start: " +
@@ -109,18 +112,71 @@ void WaylandCompositor::start() {
     }
 }
 
+void WaylandCompositor::prepareGnome() {
+    const QProcessEnvironment session = environment();
+    if (!m_loginManager) {
+        m_loginManager.emplace(ChildProcess::Launch{
+            .program = u"python3"_s,
+            .arguments = {u"-m"_s, u"dbusmock"_s, u"--session"_s, u"--template"_s, u"logind"_s},
+            .environment = session});
+        run(u"gdbus"_s, {u"wait"_s, u"--session"_s, u"--timeout=30"_s, u"org.freedesktop.login1"_s},
+            session);
+    }
+    run(u"gsettings"_s, {u"set"_s, u"org.gnome.mutter"_s, u"center-new-windows"_s, u"true"_s},
+        session);
+    run(u"gsettings"_s,
+        {u"set"_s, u"org.gnome.desktop.interface"_s, u"scaling-factor"_s,
+         QString::number(qRound(m_options.scale))},
+        session);
+}
+
+bool WaylandCompositor::leaveOverview() const {
+    // It is shown at the start, once all is there.
+    QDBusMessage evaluation = QDBusMessage::createMethodCall(
+        u"org.gnome.Shell"_s, u"/org/gnome/Shell"_s, u"org.gnome.Shell"_s, u"Eval"_s);
+    evaluation << u"if (!Main.layoutManager._startingUp) Main.overview.hide();"
+                  "Main.layoutManager._startingUp || Main.overview.visible"_s;
+    return waitUntil([&] {
+        return call(busAddress(), evaluation).arguments().value(1).toString() == u"false"_s;
+    });
+}
+
+QProcessEnvironment WaylandCompositor::environment() const {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    if (isGnome()) {
+        // Its settings are the session's, and so are the folders that they are in.
+        environment.insert(u"DBUS_SYSTEM_BUS_ADDRESS"_s, busAddress());
+        environment.insert(u"XDG_CURRENT_DESKTOP"_s, u"GNOME"_s);
+    } else {
+        for (const QString& folder : {u"HOME"_s, u"XDG_RUNTIME_DIR"_s, u"XDG_CONFIG_HOME"_s,
+                                      u"XDG_CACHE_HOME"_s, u"XDG_DATA_HOME"_s}) {
+            environment.insert(folder, m_folder.path());
+        }
+        environment.insert(u"SWAYSOCK"_s, m_folder.filePath(u"sway"_s));
+    }
+    environment.insert(u"XDG_DATA_DIRS"_s, u"/usr/share"_s);
+    environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, busAddress());
+    environment.insert(u"WAYLAND_DISPLAY"_s, display());
+    return environment;
+}
+
 ChildProcess::Launch WaylandCompositor::launch() const {
     ChildProcess::Launch launch{.program = m_options.program,
+                                .environment = environment(),
                                 .outputPath = m_folder.filePath(u"log"_s),
                                 .refusesRoot = true};
-    for (const QString& folder : {u"HOME"_s, u"XDG_RUNTIME_DIR"_s, u"XDG_CONFIG_HOME"_s,
-                                  u"XDG_CACHE_HOME"_s, u"XDG_DATA_HOME"_s}) {
-        launch.environment.insert(folder, m_folder.path());
-    }
-    launch.environment.insert(u"XDG_DATA_DIRS"_s, u"/usr/share"_s);
-    launch.environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, m_bus.address());
     launch.environment.remove(u"WAYLAND_DISPLAY"_s);
     launch.environment.remove(u"QT_QPA_PLATFORM"_s);
+    if (isGnome()) {
+        launch.arguments = {u"--headless"_s, u"--no-x11"_s, u"--unsafe-mode"_s,
+                            u"--wayland-display"_s, display()};
+        for (int output = 0; output < m_options.outputs; ++output) {
+            launch.arguments +=
+                {u"--virtual-monitor"_s,
+                 u"%1x%2"_s.arg(m_options.pixels.width()).arg(m_options.pixels.height())};
+        }
+        return launch;
+    }
     if (m_options.program == u"sway"_s) {
         writeFile(m_folder.filePath(u"config"_s),
                   u"xwayland disable\nfocus_follows_mouse no\ndefault_border none\n"
@@ -128,7 +184,6 @@ ChildProcess::Launch WaylandCompositor::launch() const {
                       .arg(m_options.pixels.height())
                       .arg(m_options.scale));
         launch.arguments = {u"--config"_s, m_folder.filePath(u"config"_s)};
-        launch.environment.insert(u"SWAYSOCK"_s, m_folder.filePath(u"sway"_s));
         launch.environment.insert(u"WLR_BACKENDS"_s, u"headless"_s);
         launch.environment.insert(u"WLR_HEADLESS_OUTPUTS"_s, QString::number(m_options.outputs));
         launch.environment.insert(u"WLR_LIBINPUT_NO_DEVICES"_s, u"1"_s);
@@ -155,6 +210,10 @@ void WaylandCompositor::enter() const {
     qputenv("WAYLAND_DISPLAY", display().toLocal8Bit());
     qputenv("DBUS_SESSION_BUS_ADDRESS", busAddress().toLocal8Bit());
     qputenv("QT_QPA_PLATFORM", "wayland");
+    if (isGnome()) {
+        qputenv("XDG_CURRENT_DESKTOP", "GNOME");
+        qputenv("GSETTINGS_SCHEMA_DIR", "/usr/share/glib-2.0/schemas");
+    }
 }
 
 QString WaylandCompositor::copyOf(const QString& program) const {
@@ -171,16 +230,28 @@ QSize WaylandCompositor::size() const {
 }
 
 void WaylandCompositor::command(const QString& command) const {
-    run(u"swaymsg"_s, {command}, m_folder.path());
+    run(u"swaymsg"_s, {command}, environment());
 }
 
 QImage WaylandCompositor::screenshot() const {
     if (m_options.program == u"kwin_wayland"_s) {
         return screenshotOfKWin(busAddress());
     }
-    const QString path = m_folder.filePath(u"screen.ppm"_s);
-    run(u"grim"_s, {u"-t"_s, u"ppm"_s, path}, m_folder.path());
-    return QImage(path);
+    const QString path = m_folder.filePath(u"screen"_s);
+    if (isGnome()) {
+        QDBusMessage request = QDBusMessage::createMethodCall(
+            u"org.gnome.Shell.Screenshot"_s, u"/org/gnome/Shell/Screenshot"_s,
+            u"org.gnome.Shell.Screenshot"_s, u"Screenshot"_s);
+        request << false << false << path;
+        call(busAddress(), request);
+    } else {
+        run(u"grim"_s, {u"-t"_s, u"ppm"_s, path}, environment());
+    }
+    const QImage image(path);
+    if (image.isNull()) {
+        throw std::runtime_error("the compositor gives no screenshot");
+    }
+    return image;
 }
 
 } // namespace quorvantel::testing

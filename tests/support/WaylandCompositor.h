@@ -16,14 +16,17 @@ namespace quorvantel::testing {
 class WaylandCompositor {
 public:
     struct Options {
-        QString program = QStringLiteral("sway"); ///< Or "kwin_wayland".
+        QString program = QStringLiteral("sway"); ///< Or "kwin_wayland", or "gnome-shell".
         QSize pixels = {1280, 800};               ///< Of each output.
-        double scale = 1;
-        int outputs = 1; ///< Side by side.
+        double scale = 1;                         ///< A whole number with GNOME.
+        int outputs = 1;                          ///< Side by side.
     };
 
     /// Returns once the compositor accepts clients. Throws std::runtime_error when it does not.
     explicit WaylandCompositor(const Options& options);
+
+    /// How the programs of the session are to be started.
+    QProcessEnvironment environment() const;
 
     /// What clients take as WAYLAND_DISPLAY.
     QString display() const { return m_folder.filePath(QStringLiteral("wayland-1")); }
@@ -54,12 +57,17 @@ public:
     QImage screenshot() const;
 
 private:
+    bool isGnome() const { return m_options.program == QStringLiteral("gnome-shell"); }
     ChildProcess::Launch launch() const;
+    void prepareGnome();
+    bool leaveOverview() const;
     void start();
 
     Options m_options;
     UnprivilegedFolder m_folder;
     SessionBus m_bus;
+    /// What GNOME asks for the session at the start.
+    std::optional<ChildProcess> m_loginManager;
     /// Always there but within `restart`.
     std::optional<ChildProcess> m_process;
 };

@@ -32,7 +32,7 @@ ChildProcess::Launch launch(const WaylandCompositor& compositor) {
                                 .announcesItself = true,
                                 .takesCommands = true,
                                 .refusesRoot = true};
-    launch.environment.insert(u"WAYLAND_DISPLAY"_s, compositor.display());
+    launch.environment = compositor.environment();
     return launch;
 }
 

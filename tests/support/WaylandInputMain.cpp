@@ -3,6 +3,11 @@
 #include "virtual-keyboard-unstable-v1-client-protocol.h"
 #include "wlr-virtual-pointer-unstable-v1-client-protocol.h"
 
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QPointF>
+#include <QSizeF>
 #include <QTemporaryFile>
 
 #include <linux/input-event-codes.h>
@@ -13,8 +18,10 @@
 #include <cstdlib>
 #include <cstring>
 #include <iostream>
+#include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -40,6 +47,60 @@ std::uint32_t now() {
         duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count());
 }
 
+/// A user of GNOME at another machine.
+class RemoteDesktop {
+public:
+    RemoteDesktop()
+        : m_session(call(QStringLiteral("/org/gnome/Mutter/RemoteDesktop"), {},
+                         QStringLiteral("CreateSession"), {})
+                        .value<QDBusObjectPath>()
+                        .path()) {
+        call(QStringLiteral("Start"), {});
+        // Each device is there from the first time that it is used, and clients hear of it later.
+        step({beyondAll, beyondAll});
+        setKeyDown(KEY_LEFTSHIFT, true);
+        setKeyDown(KEY_LEFTSHIFT, false);
+    }
+
+    void call(const QString& method, const QVariantList& arguments) const {
+        call(m_session, QStringLiteral(".Session"), method, arguments);
+    }
+
+    void setKeyDown(std::uint32_t key, bool down) const {
+        call(QStringLiteral("NotifyKeyboardKeycode"), {key, down});
+    }
+
+    /// On all outputs together.
+    void moveTo(const QPointF& position, const QSizeF& outputs) {
+        // Only steps can be told; they begin in the corner that GNOME has no use for.
+        const QPointF corner(outputs.width() - 1, outputs.height() - 1);
+        step(position - std::exchange(m_pointer, position).value_or(corner));
+    }
+
+private:
+    static constexpr double beyondAll = 1e5;
+
+    void step(const QPointF& way) const {
+        call(QStringLiteral("NotifyPointerMotionRelative"), {way.x(), way.y()});
+    }
+
+    QVariant call(const QString& path, const QString& part, const QString& method,
+                  const QVariantList& arguments) const {
+        const QString service = QStringLiteral("org.gnome.Mutter.RemoteDesktop");
+        auto message = QDBusMessage::createMethodCall(service, path, service + part, method);
+        message.setArguments(arguments);
+        const QDBusMessage reply = QDBusConnection::sessionBus().call(message);
+        if (reply.type() != QDBusMessage::ReplyMessage) {
+            throw std::runtime_error(reply.errorMessage().toStdString());
+        }
+        return reply.arguments().value(0);
+    }
+
+    QString m_session;
+    /// Absent before the first move.
+    std::optional<QPointF> m_pointer;
+};
+
 /// The keyboard and the pointer of the compositor that WAYLAND_DISPLAY names.
 class Devices {
 public:
@@ -52,6 +113,10 @@ public:
             globals.bind<org_kde_kwin_fake_input>(org_kde_kwin_fake_input_interface, {4, 4}));
         if (fakeInput) {
             org_kde_kwin_fake_input_authenticate(fakeInput.get(), "", "");
+            return;
+        }
+        if (!globals.offers(zwp_virtual_keyboard_manager_v1_interface, 1)) {
+            remoteDesktop.emplace();
             return;
         }
         seat.reset(globals.bind<wl_seat>(wl_seat_interface, {1, 1}));
@@ -76,6 +141,10 @@ public:
             org_kde_kwin_fake_input_keyboard_key(fakeInput.get(), key, down ? 1 : 0);
             return;
         }
+        if (remoteDesktop) {
+            remoteDesktop->setKeyDown(key, down);
+            return;
+        }
         zwp_virtual_keyboard_v1_key(keyboard.get(), now(), key, down ? 1 : 0);
         // Key codes of XKB are the kernel's and eight more.
         xkb_state_update_key(state.get(), key + 8, down ? XKB_KEY_DOWN : XKB_KEY_UP);
@@ -92,6 +161,10 @@ public:
                                                             wl_fixed_from_int(static_cast<int>(y)));
             return;
         }
+        if (remoteDesktop) {
+            remoteDesktop->moveTo(QPointF(x, y), QSizeF(width, height));
+            return;
+        }
         zwlr_virtual_pointer_v1_motion_absolute(pointer.get(), now(), x, y, width, height);
         zwlr_virtual_pointer_v1_frame(pointer.get());
     }
@@ -99,6 +172,11 @@ public:
     void setButtonDown(std::uint32_t button, bool down) {
         if (fakeInput) {
             org_kde_kwin_fake_input_button(fakeInput.get(), button, down ? 1 : 0);
+            return;
+        }
+        if (remoteDesktop) {
+            remoteDesktop->call(QStringLiteral("NotifyPointerButton"),
+                                {static_cast<int>(button), down});
             return;
         }
         zwlr_virtual_pointer_v1_button(pointer.get(), now(), button, down ? 1 : 0);
@@ -128,8 +206,9 @@ private:
     }
 
     Ended<wl_display, wl_display_disconnect> connection;
-    /// KWin's; the others are null where it is there.
+    /// KWin's and GNOME's; where one of them is there, all that follows is null.
     Proxy<org_kde_kwin_fake_input> fakeInput;
+    std::optional<RemoteDesktop> remoteDesktop;
     Proxy<wl_seat> seat;
     Proxy<zwp_virtual_keyboard_v1> keyboard;
     Proxy<zwlr_virtual_pointer_v1> pointer;

@@ -3,6 +3,8 @@
 #include <QScreen>
 #include <QWindow>
 
+#include <algorithm>
+
 namespace quorvantel::platform {
 
 ToplevelPanelSurface::ToplevelPanelSurface(const PanelContent& content,
@@ -37,9 +39,13 @@ void ToplevelPanelSurface::takeAway() {
 }
 
 QPoint ToplevelPanelSurface::contentOrigin() const {
-    // The bars, if any, are taken to be at the top, as GNOME's is.
-    const int barHeight = content().screen()->geometry().height() - content().height();
-    return m_place.frame.topLeft() - QPoint(0, barHeight);
+    // Where the desktop has its bars, it does not tell: those that take from the height are taken
+    // to be at the top, as GNOME's is, and beside a dock on either side the panel is in the middle
+    // of what that leaves.
+    const QSize bars = content().screen()->size() - content().size();
+    const QPoint origin = m_place.frame.topLeft() - QPoint(bars.width() / 2, bars.height());
+    // Dragged below the bar, the panel would be cut.
+    return {origin.x(), std::max(origin.y(), 0)};
 }
 
 QRect ToplevelPanelSurface::panelRect() const {
