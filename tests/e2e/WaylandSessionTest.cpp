@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 /// keyboard.
 class WaylandSessionTest : public ::testing::TestWithParam<std::string> {
 protected:
-    WaylandSessionTest() {
+    explicit WaylandSessionTest(double outputScale = 1) : scale(outputScale) {
         compositor.enter();
         const QByteArray proof = QFile::encodeName(inHome(u"environment"_s));
         writeFile(inHome(u".local/share/applications/zebra.desktop"_s),
@@ -55,12 +55,28 @@ protected:
 
     /// The panel is brighter than the application and all else.
     bool isPanelAt(const QPoint& place) const {
-        return qGray(compositor.screenshot().pixel(place)) > 235;
+        return qGray(compositor.screenshot().pixel((QPointF(place) * scale).toPoint())) > 235;
+    }
+
+    void expectPanelThatGrowsDownward() {
+        const QPoint row(500, 274);
+        ASSERT_TRUE(waitUntil([&] { return isPanelAt(field); })) << output().toStdString();
+        EXPECT_FALSE(isPanelAt(row));
+        EXPECT_TRUE(waitUntil([&] { return !application.isActive(); }));
+        input.type("zebra");
+        EXPECT_TRUE(waitUntil([&] { return isPanelAt(row); }));
+        EXPECT_TRUE(isPanelAt(field));
+        EXPECT_FALSE(isPanelAt(field - QPoint(0, 8)));
     }
 
     static QByteArray output() { return readFile(inHome(u"output"_s)); }
 
-    WaylandCompositor compositor{{.program = QString::fromStdString(GetParam())}};
+    /// Just below the panel's top edge.
+    const QPoint field{500, 166};
+    const double scale;
+    WaylandCompositor compositor{{.program = QString::fromStdString(GetParam()),
+                                  .pixels = QSize(1280, 800) * scale,
+                                  .scale = scale}};
     WaylandInput input{compositor};
     WaylandClient application{compositor};
 };
@@ -117,15 +133,7 @@ TEST_P(WaylandSessionTest, ThePanelFollowsTheMouseThatDragsIt) {
 
 TEST_P(WaylandSessionTest, ThePanelGrowsDownwardAndAClickElsewhereHidesIt) {
     const ChildProcess launcher(launchWithPanel());
-    const QPoint field(500, 166);
-    const QPoint row(500, 274);
-    ASSERT_TRUE(waitUntil([&] { return isPanelAt(field); })) << output().toStdString();
-    EXPECT_FALSE(isPanelAt(row));
-    EXPECT_TRUE(waitUntil([&] { return !application.isActive(); }));
-    input.type("zebra");
-    EXPECT_TRUE(waitUntil([&] { return isPanelAt(row); }));
-    EXPECT_TRUE(isPanelAt(field));
-    EXPECT_FALSE(isPanelAt(field - QPoint(0, 8)));
+    expectPanelThatGrowsDownward();
     input.click({500, 500});
     EXPECT_TRUE(waitUntil([&] { return application.isActive() && !isPanelAt(field); }));
     input.type("x");
@@ -147,12 +155,25 @@ TEST_P(WaylandSessionTest, TheSettingsGetTheKeyboardFromThePanel) {
     EXPECT_TRUE(waitUntil([&] { return application.isActive(); }));
 }
 
-INSTANTIATE_TEST_SUITE_P(On, WaylandSessionTest, ::testing::ValuesIn(testedCompositors()),
-                         [](const auto& info) {
-                             std::string name = info.param;
-                             std::ranges::replace(name, '-', '_');
-                             return name;
-                         });
+class WaylandSessionAtScaleTwoTest : public WaylandSessionTest {
+protected:
+    WaylandSessionAtScaleTwoTest() : WaylandSessionTest(2) {}
+};
+
+TEST_P(WaylandSessionAtScaleTwoTest, ThePanelIsWhereItBelongs) {
+    const ChildProcess launcher(launchWithPanel());
+    expectPanelThatGrowsDownward();
+}
+
+std::string nameOf(const ::testing::TestParamInfo<std::string>& info) {
+    std::string name = info.param;
+    std::ranges::replace(name, '-', '_');
+    return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(On, WaylandSessionTest, ::testing::ValuesIn(testedCompositors()), nameOf);
+INSTANTIATE_TEST_SUITE_P(On, WaylandSessionAtScaleTwoTest, ::testing::ValuesIn(testedCompositors()),
+                         nameOf);
 
 } // namespace
 } // namespace quorvantel

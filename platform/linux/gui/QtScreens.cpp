@@ -90,12 +90,16 @@ QRect QtScreens::toWindowGeometry(const QRectF& frame) const {
     return flipped(frame).toRect();
 }
 
+QRect QtScreens::geometry(const QScreen& screen) const {
+    return screen.geometry();
+}
+
 QRect QtScreens::visibleGeometry(const QScreen& screen) const {
     return screen.availableGeometry();
 }
 
 Screen QtScreens::describe(const QScreen& screen) const {
-    return {{screen.name()}, flipped(screen.geometry()), flipped(visibleGeometry(screen))};
+    return {{screen.name()}, flipped(geometry(screen)), flipped(visibleGeometry(screen))};
 }
 
 QPoint topLeftOf(const std::optional<ScreenId>& screen) {

@@ -19,6 +19,9 @@ public:
     QRect toWindowGeometry(const QRectF& frame) const override;
 
 protected:
+    /// A whole screen, in Qt's plane.
+    virtual QRect geometry(const QScreen& screen) const;
+
     /// The part of a screen that is free of bars and docks, in Qt's plane.
     virtual QRect visibleGeometry(const QScreen& screen) const;
 

@@ -9,7 +9,7 @@ namespace quorvantel::platform {
 
 ToplevelPanelSurface::ToplevelPanelSurface(const PanelContent& content,
                                            const WaylandConnection& connection)
-    : WaylandPanelSurface(content, connection) {
+    : WaylandPanelSurface(content, connection), m_outputs(connection) {
     connect(&content.window, &QWindow::widthChanged, this, &PanelSurface::geometryChanged);
     connect(&content.window, &QWindow::heightChanged, this, &PanelSurface::geometryChanged);
 }
@@ -42,7 +42,7 @@ QPoint ToplevelPanelSurface::contentOrigin() const {
     // Where the desktop has its bars, it does not tell: those that take from the height are taken
     // to be at the top, as GNOME's is, and beside a dock on either side the panel is in the middle
     // of what that leaves.
-    const QSize bars = content().screen()->size() - content().size();
+    const QSize bars = m_outputs.geometryOf(*content().screen()).size() - content().size();
     const QPoint origin = m_place.frame.topLeft() - QPoint(bars.width() / 2, bars.height());
     // Dragged below the bar, the panel would be cut.
     return {origin.x(), std::max(origin.y(), 0)};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/wayland/WaylandOutputs.h"
 #include "platform/linux/wayland/WaylandPanelSurface.h"
 
 namespace quorvantel::platform {
@@ -33,6 +34,7 @@ protected:
 private:
     void takeAway();
 
+    WaylandOutputs m_outputs;
     PanelPlace m_place;
 };
 

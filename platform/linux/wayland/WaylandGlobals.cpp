@@ -18,15 +18,13 @@ WaylandGlobals::WaylandGlobals(wl_display& display) {
         .global =
             [](void* self, wl_registry* /*registry*/, std::uint32_t name, const char* interface,
                std::uint32_t version) {
-                auto& globals = static_cast<WaylandGlobals*>(self)->m_globals;
-                if (!globals.contains(interface)) {
-                    globals.insert(interface, {name, version});
-                }
+                static_cast<WaylandGlobals*>(self)->m_globals[interface].append({name, version});
             },
         .global_remove =
             [](void* self, wl_registry* /*registry*/, std::uint32_t name) {
-                static_cast<WaylandGlobals*>(self)->m_globals.removeIf(
-                    [name](const auto& entry) { return entry.value().name == name; });
+                for (QList<Global>& globals : static_cast<WaylandGlobals*>(self)->m_globals) {
+                    globals.removeIf([name](const Global& global) { return global.name == name; });
+                }
             },
     };
     wl_registry_add_listener(m_registry.get(), &listener, this);
@@ -35,17 +33,29 @@ WaylandGlobals::WaylandGlobals(wl_display& display) {
 }
 
 bool WaylandGlobals::offers(const wl_interface& interface, std::uint32_t version) const {
-    const auto global = m_globals.constFind(interface.name);
-    return global != m_globals.constEnd() && global->version >= version;
+    const QList<Global> globals = m_globals.value(interface.name);
+    return !globals.isEmpty() && globals.first().version >= version;
 }
 
 void* WaylandGlobals::bindAny(const wl_interface& interface, Versions versions) const {
     if (!offers(interface, versions.oldest)) {
         return nullptr;
     }
-    const Global global = m_globals.value(interface.name);
+    const Global global = m_globals.value(interface.name).first();
     return wl_registry_bind(m_registry.get(), global.name, &interface,
                             std::min(global.version, versions.newest));
+}
+
+std::vector<void*> WaylandGlobals::bindEach(const wl_interface& interface,
+                                            Versions versions) const {
+    std::vector<void*> objects;
+    for (const Global& global : m_globals.value(interface.name)) {
+        if (global.version >= versions.oldest) {
+            objects.push_back(wl_registry_bind(m_registry.get(), global.name, &interface,
+                                               std::min(global.version, versions.newest)));
+        }
+    }
+    return objects;
 }
 
 } // namespace quorvantel::platform

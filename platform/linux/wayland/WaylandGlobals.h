@@ -4,8 +4,10 @@
 
 #include <QByteArray>
 #include <QHash>
+#include <QList>
 
 #include <cstdint>
+#include <vector>
 
 struct wl_interface;
 
@@ -32,6 +34,17 @@ public:
         return static_cast<Object*>(bindAny(interface, versions));
     }
 
+    /// The same with all globals that have the interface, in the order in which they came.
+    template <typename Object>
+    std::vector<WaylandPointer<Object>> bindAll(const wl_interface& interface,
+                                                Versions versions) const {
+        std::vector<WaylandPointer<Object>> objects;
+        for (void* const object : bindEach(interface, versions)) {
+            objects.emplace_back(static_cast<Object*>(object));
+        }
+        return objects;
+    }
+
     /// Whether the compositor has a global with the interface, at that version at least.
     bool offers(const wl_interface& interface, std::uint32_t version = 1) const;
 
@@ -42,10 +55,11 @@ private:
     };
 
     void* bindAny(const wl_interface& interface, Versions versions) const;
+    std::vector<void*> bindEach(const wl_interface& interface, Versions versions) const;
 
     WaylandPointer<wl_registry> m_registry;
-    /// The first of each interface.
-    QHash<QByteArray, Global> m_globals;
+    /// Those of each interface, the first at first.
+    QHash<QByteArray, QList<Global>> m_globals;
 };
 
 } // namespace quorvantel::platform

@@ -39,6 +39,15 @@ void WaylandDeleter::operator()(wl_keyboard* object) const {
     }
 }
 
+void WaylandDeleter::operator()(wl_output* object) const {
+    // The request for it came with the third version.
+    if (wl_output_get_version(object) >= WL_OUTPUT_RELEASE_SINCE_VERSION) {
+        wl_output_release(object);
+    } else {
+        wl_output_destroy(object);
+    }
+}
+
 void WaylandDeleter::operator()(wl_pointer* object) const {
     wl_pointer_destroy(object);
 }

@@ -9,6 +9,7 @@ struct wl_compositor;
 struct wl_display;
 struct wl_event_queue;
 struct wl_keyboard;
+struct wl_output;
 struct wl_pointer;
 struct wl_region;
 struct wl_registry;
@@ -32,6 +33,7 @@ struct WaylandDeleter {
     void operator()(wl_compositor* object) const;
     void operator()(wl_event_queue* object) const;
     void operator()(wl_keyboard* object) const;
+    void operator()(wl_output* object) const;
     void operator()(wl_pointer* object) const;
     void operator()(wl_region* object) const;
     void operator()(wl_registry* object) const;

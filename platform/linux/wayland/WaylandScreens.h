@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/gui/QtScreens.h"
+#include "platform/linux/wayland/WaylandOutputs.h"
 
 namespace quorvantel::platform {
 
@@ -10,8 +11,18 @@ class WaylandScreens final : public QtScreens {
     Q_OBJECT
 
 public:
+    /// `connection` must outlive the object.
+    explicit WaylandScreens(const WaylandConnection& connection) : m_outputs(connection) {}
+
     std::optional<Screen> main() const override { return std::nullopt; }
     std::optional<Screen> underMouse() const override { return std::nullopt; }
+
+protected:
+    QRect geometry(const QScreen& screen) const override { return m_outputs.geometryOf(screen); }
+    QRect visibleGeometry(const QScreen& screen) const override { return geometry(screen); }
+
+private:
+    WaylandOutputs m_outputs;
 };
 
 } // namespace quorvantel::platform
