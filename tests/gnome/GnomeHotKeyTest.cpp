@@ -65,7 +65,11 @@ TEST_F(GnomeHotKeyTest, ShowsAndHidesTheLaunchersPanel) {
     launch.environment.remove(u"QT_QPA_PLATFORM"_s);
     const ChildProcess launcher(launch);
     const std::initializer_list<int> hotKey{KEY_LEFTMETA, KEY_LEFTALT, KEY_SPACE};
-    EXPECT_TRUE(works(hotKey, [&] { return !application.isActive(); }));
+    const auto isShown = [&] { return !application.isActive(); };
+    EXPECT_TRUE(works(hotKey, isShown));
+    input.press({KEY_LEFTALT, KEY_F4});
+    EXPECT_TRUE(waitUntil([&] { return application.isActive(); })) << "it closes like any window";
+    EXPECT_TRUE(works(hotKey, isShown));
     EXPECT_TRUE(works(hotKey, [&] { return application.isActive(); }));
     input.type("x");
     EXPECT_TRUE(waitUntil([&] { return application.typed().endsWith('x'); }));

@@ -1,5 +1,6 @@
 #include "platform/linux/wayland/ToplevelPanelSurface.h"
 
+#include <QEvent>
 #include <QScreen>
 #include <QWindow>
 
@@ -10,6 +11,7 @@ namespace quorvantel::platform {
 ToplevelPanelSurface::ToplevelPanelSurface(const PanelContent& content,
                                            const WaylandConnection& connection)
     : WaylandPanelSurface(content, connection), m_outputs(connection) {
+    content.window.installEventFilter(this);
     connect(&content.window, &QWindow::widthChanged, this, &PanelSurface::geometryChanged);
     connect(&content.window, &QWindow::heightChanged, this, &PanelSurface::geometryChanged);
 }
@@ -31,6 +33,16 @@ void ToplevelPanelSurface::show() {
 void ToplevelPanelSurface::hide() {
     takeAway();
     end();
+}
+
+bool ToplevelPanelSurface::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::Close) {
+        return WaylandPanelSurface::eventFilter(watched, event);
+    }
+    // Closed by Qt, the window would be no more.
+    event->ignore();
+    QMetaObject::invokeMethod(this, &PanelSurface::closeRequested, Qt::QueuedConnection);
+    return true;
 }
 
 void ToplevelPanelSurface::takeAway() {

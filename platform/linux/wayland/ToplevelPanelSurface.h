@@ -28,6 +28,8 @@ public:
     bool offersBlur() const override { return false; }
     void setBlurBehind(bool /*isBlurred*/) override {}
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 protected:
     QRect panelRect() const override;
 
