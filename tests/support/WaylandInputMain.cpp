@@ -70,10 +70,10 @@ public:
         call(QStringLiteral("NotifyKeyboardKeycode"), {key, down});
     }
 
-    /// On all outputs together.
-    void moveTo(const QPointF& position, const QSizeF& outputs) {
+    /// On the only output: no step leads further than the edge of the one where it begins.
+    void moveTo(const QPointF& position, const QSizeF& output) {
         // Only steps can be told; they begin in the corner that GNOME has no use for.
-        const QPointF corner(outputs.width() - 1, outputs.height() - 1);
+        const QPointF corner(output.width() - 1, output.height() - 1);
         step(position - std::exchange(m_pointer, position).value_or(corner));
     }
 
