@@ -60,7 +60,6 @@ void AdvancedSettingsPane::askForConfirmation() {
     auto* const cancel =
         m_confirmation->addButton(QStringLiteral("Cancel"), QMessageBox::RejectRole);
     m_confirmation->setDefaultButton(cancel);
-    m_confirmation->setEscapeButton(cancel);
     connect(reset, &QPushButton::clicked, this, [this] { m_learned.reset(); });
     widen(*m_confirmation);
     m_confirmation->open();

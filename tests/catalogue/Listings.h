@@ -6,7 +6,8 @@
 
 namespace quorvantel::testing {
 
-/// Hands out the applications that the test names, one at a time; none for as long as it is endless.
+/// Hands out the applications that the test names, one at a time; none for as long as it is
+/// endless.
 class FakeListing : public platform::InstalledApplications::Listing {
 public:
     static constexpr bool never = false;

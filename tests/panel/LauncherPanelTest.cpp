@@ -118,6 +118,8 @@ TEST_F(LauncherPanelTest, GoesToTheScreenThatTheSystemPicksAndStaysThere) {
     controller.hide();
     controller.show();
     EXPECT_EQ(host.surface->place.screen, std::nullopt) << "the next choice is the system's again";
+    screens.screens.clear();
+    Q_EMIT screens.changed();
 }
 
 TEST_F(LauncherPanelTest, GoesWithTheKeyboardAndWhenTheSystemSaysSo) {

@@ -13,11 +13,9 @@ class DrawnTexts : public QImage {
 public:
     struct Text {
         QString text;
-        /// The height of its font in pixels.
-        int size;
+        int size; ///< Of its font, in pixels.
         QColor color;
-        /// Where its first letter stands.
-        QPointF start;
+        QPointF start; ///< Of its baseline.
     };
 
     explicit DrawnTexts(QWidget& widget) : QImage(widget.size(), Format_ARGB32_Premultiplied) {
