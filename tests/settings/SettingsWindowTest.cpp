@@ -140,7 +140,6 @@ TEST_F(SettingsWindowTest, SymbolsStandCentredBeforeTheirTexts) {
     }
     const QImage list = sidebar.viewport()->grab().toImage();
     EXPECT_NE(list.pixelColor(list.width() / 2, 4), list.pixelColor(list.width() / 2, 4 + 34));
-
     auto* const help = button<FCPToolbarButtonStyle>(u"Quorvantel Help"_s);
     const auto symbol = [help] { return testing::DrawnTexts(*help).pictures().at(0); };
     const auto text = [help] { return testing::DrawnTexts(*help).texts().at(0); };

@@ -319,6 +319,7 @@ TEST_F(AppDelegateTest, RequestsFromOutsideToggleButADoubleClickDoesNotUndoItsel
         EXPECT_EQ(platform.item.enabled, isEnabled);
     }
     themeManager.setAppearance(ThemeManager::Appearance::Dark);
+    platform.frame.appearance = platform::WindowFrame::Appearance::System;
     delegate.answer(ShowHelp);
     EXPECT_EQ(platform.frame.appearance, platform::WindowFrame::Appearance::Dark);
 }
