@@ -110,6 +110,10 @@ void MacPanelSurface::show() {
     m_isVisible = true;
     m_isShadowStale = true;
     QuorvantelPanelWindow* window = m_native->window;
+    // Nothing of a hidden application shows, and "Hide Others" in another one hides it, too.
+    if (NSApp.hidden) {
+        [NSApp unhideWithoutActivation];
+    }
     // Unlike the usual ways of showing a window, this one does without an active application.
     [window orderFrontRegardless];
     [window makeKeyWindow];

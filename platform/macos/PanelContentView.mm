@@ -16,6 +16,7 @@
         _blur.blendingMode = NSVisualEffectBlendingModeBehindWindow;
         // The launcher is not the active application while the panel is shown.
         _blur.state = NSVisualEffectStateActive;
+        _blur.wantsLayer = YES;
         _blur.maskImage = outline;
         _blur.hidden = YES;
         [self addSubview:_blur];
