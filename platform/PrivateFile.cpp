@@ -58,9 +58,14 @@ private:
     int m_number;
 };
 
+/// What was a file a moment ago may have become a FIFO, whose opening would wait for a writer.
+int openToRead(int folder, const char* name) {
+    return ::openat(folder, name, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+}
+
 /// A file's bytes to its end, or more than `limit` of them if there are so many. Nothing if it
-/// cannot be read. `size` is what the file claims to have: it may grow, and those in /proc claim to
-/// be empty.
+/// cannot be read. `size` is what the file claims to have: it may grow, and those in /proc, which
+/// come in pieces, claim to be empty.
 std::optional<QByteArray> readUpTo(qint64 limit, const Descriptor& file, qint64 size) {
     constexpr qint64 chunkSize = 64LL * 1024;
 
@@ -75,10 +80,11 @@ std::optional<QByteArray> readUpTo(qint64 limit, const Descriptor& file, qint64 
         if (count < 0 && errno != EINTR) {
             return std::nullopt;
         }
-        if (count == 0) {
+        length += std::max<ssize_t>(count, 0);
+        const bool isShort = count > 0 && length < content.size();
+        if (count == 0 || (isShort && size > 0)) {
             break;
         }
-        length += std::max<ssize_t>(count, 0);
     }
     content.truncate(length);
     return content;
@@ -214,8 +220,7 @@ FileContent readRegularFile(const QString& path, qint64 limit) {
     if (!S_ISREG(status.st_mode)) {
         return FileError::NotRegular;
     }
-    // What was a file a moment ago may have become a FIFO, whose opening would wait for a writer.
-    const Descriptor file(::open(native.constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    const Descriptor file(openToRead(AT_FDCWD, native.constData()));
     if (file.number() < 0) {
         return errorOf(errno);
     }
@@ -225,11 +230,27 @@ FileContent readRegularFile(const QString& path, qint64 limit) {
     if (status.st_size > limit) {
         return FileError::TooLarge;
     }
-    const auto content = readUpTo(limit, file, status.st_size);
+    auto content = readUpTo(limit, file, status.st_size);
     if (!content) {
         return FileError::Unreadable;
     }
-    return content->size() > limit ? FileContent(FileError::TooLarge) : FileContent(*content);
+    return content->size() > limit ? FileContent(FileError::TooLarge)
+                                   : FileContent(*std::move(content));
+}
+
+FileContent readListedFile(int folder, const char* name, qint64 limit) {
+    // More than most files have.
+    constexpr qint64 usualSize = qint64{32} * 1024;
+    const Descriptor file(openToRead(folder, name));
+    if (file.number() < 0) {
+        return errorOf(errno);
+    }
+    auto content = readUpTo(limit, file, usualSize);
+    if (!content) {
+        return FileError::Unreadable;
+    }
+    return content->size() > limit ? FileContent(FileError::TooLarge)
+                                   : FileContent(*std::move(content));
 }
 
 bool replacePrivateFile(const QString& path, const QByteArray& content) {

@@ -21,6 +21,11 @@ using FileContent = std::variant<QByteArray, FileError>;
 /// are followed.
 FileContent readRegularFile(const QString& path, qint64 limit);
 
+/// The same for what a folder has just listed as a regular file, or as a link to one: spares what
+/// it takes to find the folder again, and to ask once more what the file is. `folder` is the open
+/// folder, and `name` is in the encoding of the file system.
+FileContent readListedFile(int folder, const char* name, qint64 limit);
+
 /// Replaces the content of a file atomically and flushes it to disk before the rename, so that a
 /// crash leaves either the old content or the new.
 ///

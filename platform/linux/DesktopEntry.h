@@ -1,13 +1,18 @@
 #pragma once
 
 #include "platform/Image.h"
-#include "platform/linux/GLibPointers.h"
+#include "platform/linux/MainGroup.h"
 
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+#include <utility>
+
 namespace quorvantel::platform {
+
+class ProgramSearch;
 
 /// The main group of a desktop file, which is its first one (Desktop Entry Specification).
 ///
@@ -16,16 +21,12 @@ namespace quorvantel::platform {
 /// a translation.
 class DesktopEntry {
 public:
-    /// How much of a file is read: what the catalogue lists, or only the icon with the keys Hidden
-    /// and TryExec, which takes a third of the time.
-    enum class Part { All, Icon };
-
     /// `content` is that of the whole file. A file that is none reads as an entry without anything
     /// in it, and says so in `syntaxError`.
-    explicit DesktopEntry(const QByteArray& content, Part wanted = Part::All);
+    explicit DesktopEntry(QByteArray content) : m_group(std::move(content)) {}
 
     /// What is wrong with the file's syntax, in words for a log line; empty when nothing is.
-    const QString& syntaxError() const { return m_syntaxError; }
+    const QString& syntaxError() const { return m_group.syntaxError(); }
 
     QString text(const char* key) const;
 
@@ -39,7 +40,7 @@ public:
 
     /// The program to execute and its arguments (Exec), field codes included; empty when there is
     /// none or its quoting is broken.
-    const QStringList& command() const { return m_command; }
+    const QStringList& command() const;
 
     bool flag(const char* key) const;
 
@@ -50,22 +51,22 @@ public:
     /// separated by colons.
     bool isShownIn(const QByteArray& currentDesktops) const;
 
-    /// Whether a program is missing without which the entry is of no use: the one that it makes its
-    /// condition (TryExec), or the one to execute, unless a message on the session bus takes the
-    /// place of that.
-    bool lacksProgram() const;
+    /// Whether the program is missing that the entry makes its condition (TryExec).
+    bool lacksCondition(ProgramSearch& programs) const;
+
+    /// Whether a program is missing without which the entry is of no use: its condition, or the one
+    /// to execute, unless a message on the session bus takes the place of that.
+    bool lacksProgram(ProgramSearch& programs) const;
 
     /// An image file, or a name in the icon theme; null when the entry names no icon.
     Image icon() const;
 
 private:
-    bool has(const char* key) const;
-    QByteArray localizedKey(const char* key) const;
     bool lists(const char* key, const QByteArray& desktop) const;
 
-    GKeyFilePointer m_file;
-    QString m_syntaxError;
-    QStringList m_command;
+    MainGroup m_group;
+    /// Absent until it is asked for.
+    mutable std::optional<QStringList> m_command;
 };
 
 } // namespace quorvantel::platform

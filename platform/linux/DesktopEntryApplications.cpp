@@ -1,16 +1,21 @@
 #include "platform/linux/DesktopEntryApplications.h"
 
 #include "platform/PrivateFile.h"
+#include "platform/linux/ProgramSearch.h"
 #include "platform/linux/TypedNames.h"
 #include "platform/linux/XdgDirectories.h"
 
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 
+#include <dirent.h>
+#include <glib.h>
+#include <sys/stat.h>
+
 #include <chrono>
 #include <deque>
+#include <memory>
 #include <utility>
 
 namespace quorvantel::platform {
@@ -21,13 +26,24 @@ constexpr qint64 maximumEntrySize = qint64{1024} * 1024;
 constexpr int maximumFolderDepth = 10;
 constexpr int maximumNames = 10'000;
 constexpr std::chrono::milliseconds maximumTime{200};
-constexpr QLatin1StringView extension(".desktop");
+constexpr QByteArrayView extension(".desktop");
 constexpr const char* keywords = "Keywords";
 
-/// A desktop file and its desktop file ID without the extension.
-struct EntryFile {
+struct FolderDeleter {
+    void operator()(DIR* folder) const { ::closedir(folder); }
+};
+
+/// A folder that was entered, and the desktop files in it.
+struct EntryFolder {
     QString path;
-    QString identifier;
+    /// What the desktop file IDs of its files begin with.
+    QString prefix;
+    std::unique_ptr<DIR, FolderDeleter> folder;
+    /// In the encoding of the file system.
+    std::vector<QByteArray> files;
+
+    int descriptor() const { return ::dirfd(folder.get()); }
+    QString pathOf(const QByteArray& file) const { return path + u'/' + QFile::decodeName(file); }
 };
 
 /// Finds the desktop files in a folder and the folders in it, each of which is entered once, by the
@@ -46,51 +62,75 @@ public:
                !(isBegun && (m_seen >= maximumNames || m_timeTaken >= maximumTime));
     }
 
-    /// Enters the next folder and returns the files in it.
-    std::vector<EntryFile> takeFolder() {
+    /// Enters the next folder.
+    EntryFolder takeFolder() {
         const auto start = std::chrono::steady_clock::now();
-        const Folder folder = m_waiting.front();
+        const Waiting waiting = m_waiting.front();
         m_waiting.pop_front();
-        std::vector<EntryFile> files = enter(folder);
+        EntryFolder folder = enter(waiting);
         m_timeTaken += std::chrono::steady_clock::now() - start;
-        return files;
+        return folder;
     }
 
     /// Whether folders were left out, once there is none to enter.
     bool isCutShort() const { return !m_waiting.empty(); }
 
 private:
-    struct Folder {
+    struct Waiting {
         QString path;
         QString prefix;
         int depth;
     };
 
-    std::vector<EntryFile> enter(const Folder& folder) {
-        std::vector<EntryFile> files;
-        const QString canonical = QFileInfo(folder.path).canonicalFilePath();
+    EntryFolder enter(const Waiting& waiting) {
+        EntryFolder folder{waiting.path, waiting.prefix, nullptr, {}};
+        const QString canonical = QFileInfo(waiting.path).canonicalFilePath();
         if (canonical.isEmpty() || m_entered.contains(canonical)) {
-            return files;
+            return folder;
         }
         m_entered.insert(canonical);
-        QDirIterator entries(folder.path,
-                             QDir::Files | QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot);
-        while (entries.hasNext() && (folder.depth == 0 || m_seen < maximumNames)) {
-            entries.next();
-            m_seen += folder.depth > 0 ? 1 : 0;
-            const QString name = entries.fileName();
-            if (name.endsWith(extension) && !entries.fileInfo().isDir()) {
-                files.push_back(
-                    {entries.filePath(), folder.prefix + name.chopped(extension.size())});
-            } else if (folder.depth < maximumFolderDepth && entries.fileInfo().isDir()) {
-                m_waiting.push_back({entries.filePath(), folder.prefix + name + QLatin1Char('-'),
-                                     folder.depth + 1});
+        folder.folder.reset(::opendir(QFile::encodeName(waiting.path).constData()));
+        while (folder.folder && (waiting.depth == 0 || m_seen < maximumNames)) {
+            const dirent* const entry = ::readdir(folder.folder.get());
+            if (entry == nullptr) {
+                break;
             }
+            look(*entry, waiting, folder);
         }
-        return files;
+        return folder;
     }
 
-    std::deque<Folder> m_waiting;
+    void look(const dirent& entry, const Waiting& waiting, EntryFolder& folder) {
+        const QByteArrayView name(entry.d_name);
+        if (name == "." || name == "..") {
+            return;
+        }
+        m_seen += waiting.depth > 0 ? 1 : 0;
+        const auto type = typeOf(entry, folder.descriptor());
+        // A name that is no text could not be told to whoever is to open the file.
+        const bool isText = g_utf8_validate(entry.d_name, -1, nullptr) != FALSE;
+        if (type == DT_REG && name.endsWith(extension) && isText) {
+            folder.files.push_back(name.toByteArray());
+        } else if (type == DT_DIR && waiting.depth < maximumFolderDepth) {
+            const QString decoded = QFile::decodeName(entry.d_name);
+            m_waiting.push_back({waiting.path + u'/' + decoded,
+                                 waiting.prefix + decoded + QLatin1Char('-'), waiting.depth + 1});
+        }
+    }
+
+    /// The type that came with the name; of a link, and where none came, that of what is there.
+    static unsigned char typeOf(const dirent& entry, int folder) {
+        if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) {
+            return entry.d_type;
+        }
+        struct stat status {};
+        if (::fstatat(folder, entry.d_name, &status, 0) != 0) {
+            return DT_UNKNOWN;
+        }
+        return static_cast<unsigned char>(IFTODT(status.st_mode));
+    }
+
+    std::deque<Waiting> m_waiting;
     int m_seen = 0;
     std::chrono::steady_clock::duration m_timeTaken{};
     QSet<QString> m_entered;
@@ -136,25 +176,21 @@ QString descriptiveWords(const DesktopEntry& entry) {
     return words;
 }
 
-/// A program that is not installed is no fault: others that come later may do without it.
-bool isUsable(const DesktopEntry& entry) {
-    return isApplication(entry) && !entry.lacksProgram();
-}
-
-InstalledApplication application(const EntryFile& file, const DesktopEntry& entry,
-                                 const QByteArray& currentDesktops) {
+InstalledApplication application(const EntryFolder& folder, const QByteArray& file,
+                                 const DesktopEntry& entry, const QByteArray& currentDesktops) {
+    const QString name = QFile::decodeName(file.chopped(extension.size()));
     if (entry.isHidden() || !entry.isShownIn(currentDesktops)) {
         InstalledApplication hidden;
-        hidden.identifier = file.identifier;
+        hidden.identifier = folder.prefix + name;
         hidden.isBackgroundOnly = true;
         return hidden;
     }
     return {
-        .location = QUrl::fromLocalFile(file.path),
-        .identifier = file.identifier,
+        .location = QUrl::fromLocalFile(folder.pathOf(file)),
+        .identifier = folder.prefix + name,
         .localizedName = entry.localizedText(G_KEY_FILE_DESKTOP_KEY_NAME),
         .name = entry.text(G_KEY_FILE_DESKTOP_KEY_NAME),
-        .fileName = typedFileName(QFileInfo(file.path).fileName().chopped(extension.size())),
+        .fileName = typedFileName(name),
         .secondaryNames = {descriptiveWords(entry), typedProgram(entry.command())},
         .isBackgroundOnly = false,
         .icon = entry.icon(),
@@ -169,10 +205,10 @@ public:
 
     std::optional<std::vector<InstalledApplication>> next() override {
         std::vector<InstalledApplication> applications;
-        if (m_nextFile < m_files.size()) {
-            readFile(m_files[m_nextFile++], applications);
+        if (m_nextFile < m_folder.files.size()) {
+            readFile(m_folder.files[m_nextFile++], applications);
         } else if (m_finder && m_finder->hasFolder()) {
-            m_files = m_finder->takeFolder();
+            m_folder = m_finder->takeFolder();
             m_nextFile = 0;
         } else if (m_nextDirectory < m_owner.m_directories.size()) {
             endDirectory();
@@ -185,11 +221,26 @@ public:
     }
 
 private:
-    void readFile(const EntryFile& file, std::vector<InstalledApplication>& applications) const {
-        const std::optional<DesktopEntry> entry = m_owner.read(file.path);
-        if (entry && (entry->isHidden() || isUsable(*entry))) {
-            applications.push_back(application(file, *entry, m_currentDesktops));
+    void readFile(const QByteArray& file, std::vector<InstalledApplication>& applications) {
+        FileContent content =
+            readListedFile(m_folder.descriptor(), file.constData(), maximumEntrySize);
+        if (const auto* error = std::get_if<FileError>(&content)) {
+            report(file, describe(*error));
+            return;
         }
+        const DesktopEntry entry(std::get<QByteArray>(std::move(content)));
+        if (const QString problem = defect(entry); !problem.isEmpty()) {
+            report(file, problem);
+            return;
+        }
+        // A program that is not installed is no fault: others that come later may do without it.
+        if (entry.isHidden() || (isApplication(entry) && !entry.lacksProgram(m_programs))) {
+            applications.push_back(application(m_folder, file, entry, m_currentDesktops));
+        }
+    }
+
+    void report(const QByteArray& file, const QString& problem) const {
+        m_owner.reportOnce(m_folder.pathOf(file), problem);
     }
 
     void endDirectory() {
@@ -203,11 +254,12 @@ private:
 
     const DesktopEntryApplications& m_owner;
     QByteArray m_currentDesktops = qgetenv("XDG_CURRENT_DESKTOP");
+    ProgramSearch m_programs;
     qsizetype m_nextDirectory = 0;
     /// Of the directory that is being read.
     std::optional<EntryFinder> m_finder;
-    /// Of the folder that was entered last.
-    std::vector<EntryFile> m_files;
+    /// The one that was entered last.
+    EntryFolder m_folder;
     std::size_t m_nextFile = 0;
 };
 
@@ -233,21 +285,6 @@ DesktopEntryApplications::DesktopEntryApplications(QStringList directories)
 
 std::unique_ptr<InstalledApplications::Listing> DesktopEntryApplications::list() const {
     return std::make_unique<EntryListing>(*this);
-}
-
-std::optional<DesktopEntry> DesktopEntryApplications::read(const QString& path) const {
-    const FileContent content = readRegularFile(path, maximumEntrySize);
-    if (const auto* error = std::get_if<FileError>(&content)) {
-        reportOnce(path, describe(*error));
-        return std::nullopt;
-    }
-    DesktopEntry entry(std::get<QByteArray>(content));
-    const QString problem = defect(entry);
-    if (!problem.isEmpty()) {
-        reportOnce(path, problem);
-        return std::nullopt;
-    }
-    return entry;
 }
 
 void DesktopEntryApplications::reportOnce(const QString& path, const QString& problem) const {

@@ -6,8 +6,6 @@
 #include <QSet>
 #include <QStringList>
 
-#include <optional>
-
 namespace quorvantel::platform {
 
 /// The applications that have a desktop entry (Desktop Entry Specification).
@@ -32,7 +30,6 @@ public:
 private:
     class EntryListing;
 
-    std::optional<DesktopEntry> read(const QString& path) const;
     void reportOnce(const QString& path, const QString& problem) const;
 
     QStringList m_directories;

@@ -3,6 +3,7 @@
 #include "platform/PrivateFile.h"
 #include "platform/linux/DesktopEntry.h"
 #include "platform/linux/GLibPointers.h"
+#include "platform/linux/ProgramSearch.h"
 
 #include <QFile>
 
@@ -24,9 +25,11 @@ std::optional<DesktopEntry> readPanel(const QString& path) {
     if (bytes == nullptr) {
         return std::nullopt;
     }
-    DesktopEntry entry(*bytes, DesktopEntry::Part::Icon);
+    DesktopEntry entry(*bytes);
+    ProgramSearch programs;
     const bool isInstalled = entry.syntaxError().isEmpty() &&
-                             !entry.flag(G_KEY_FILE_DESKTOP_KEY_HIDDEN) && !entry.lacksProgram();
+                             !entry.flag(G_KEY_FILE_DESKTOP_KEY_HIDDEN) &&
+                             !entry.lacksCondition(programs);
     return isInstalled ? std::optional(std::move(entry)) : std::nullopt;
 }
 

@@ -1,24 +1,22 @@
 #include "platform/linux/GioWorkspace.h"
 
 #include "platform/PrivateFile.h"
-#include "platform/linux/ChildWatch.h"
 #include "platform/linux/DesktopEntry.h"
+#include "platform/linux/EntryCommand.h"
 #include "platform/linux/GLibPointers.h"
-#include "platform/linux/LaunchContext.h"
-#include "platform/linux/LaunchReport.h"
+#include "platform/linux/ProgramSearch.h"
+#include "platform/linux/ProgramStart.h"
+#include "platform/linux/TerminalEmulator.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
-#include <fcntl.h>
-#include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
-#include <unistd.h>
 
-#include <array>
+#include <algorithm>
 #include <chrono>
 #include <utility>
+#include <variant>
 
 namespace quorvantel::platform {
 
@@ -33,115 +31,79 @@ constexpr std::chrono::seconds panelPatience{2};
 /// Milliseconds that an application has to start and to answer.
 constexpr int activationTimeout = 25'000;
 
-/// What the program has in place of the launcher's standard input and output.
-class NullDevice {
-public:
-    NullDevice() : m_descriptor(open("/dev/null", O_RDWR | O_CLOEXEC)) {}
-    NullDevice(const NullDevice&) = delete;
-    NullDevice& operator=(const NullDevice&) = delete;
-    ~NullDevice() {
-        if (m_descriptor >= 0) {
-            close(m_descriptor);
-        }
-    }
-
-    int descriptor() const { return m_descriptor; }
-
-private:
-    int m_descriptor;
-};
-
-/// Hides the session bus from GIO, which would connect to it before it executes an entry's program
-/// and wait for it without a limit.
-class HiddenSessionBus {
-public:
-    HiddenSessionBus()
-        : m_address(qgetenv(variable)), m_isSet(qEnvironmentVariableIsSet(variable)) {
-        qputenv(variable, "disabled:");
-    }
-    HiddenSessionBus(const HiddenSessionBus&) = delete;
-    HiddenSessionBus& operator=(const HiddenSessionBus&) = delete;
-    ~HiddenSessionBus() {
-        if (m_isSet) {
-            qputenv(variable, m_address);
-        } else {
-            qunsetenv(variable);
-        }
-    }
-
-private:
-    static constexpr const char* variable = "DBUS_SESSION_BUS_ADDRESS";
-
-    QByteArray m_address;
-    bool m_isSet;
-};
-
-/// Runs in the new process before its program.
-void leaveSession(gpointer /*data*/) {
-    setsid();
-}
-
 QString takeMessage(GError* error) {
     return QString::fromUtf8(GErrorPointer(error)->message);
 }
 
-/// Says why GIO made nothing of a desktop entry.
-QString entryProblem(const QString& path) {
+/// An entry that can be opened, or why it cannot.
+using ReadEntry = std::variant<std::shared_ptr<const DesktopEntry>, QString>;
+
+ReadEntry readEntry(const QString& path) {
     const FileContent content = readRegularFile(path, maximumEntrySize);
     if (const auto* error = std::get_if<FileError>(&content)) {
         return describe(*error);
     }
-    const DesktopEntry entry(std::get<QByteArray>(content));
-    if (!entry.syntaxError().isEmpty()) {
-        return entry.syntaxError();
+    auto entry = std::make_shared<const DesktopEntry>(std::get<QByteArray>(content));
+    if (!entry->syntaxError().isEmpty()) {
+        return entry->syntaxError();
     }
-    const QString command = entry.text(G_KEY_FILE_DESKTOP_KEY_EXEC);
-    return command.isEmpty() ? QStringLiteral("not the entry of an application")
-                             : QStringLiteral("program not found: %1").arg(command);
+    if (entry->text(G_KEY_FILE_DESKTOP_KEY_TYPE) !=
+            QLatin1StringView(G_KEY_FILE_DESKTOP_TYPE_APPLICATION) ||
+        (entry->command().isEmpty() && !entry->flag(G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE))) {
+        return QStringLiteral("not the entry of an application");
+    }
+    ProgramSearch programs;
+    if (entry->lacksProgram(programs)) {
+        return QStringLiteral("program not found: ") + entry->text(G_KEY_FILE_DESKTOP_KEY_EXEC);
+    }
+    return entry;
 }
 
 /// Whether the entry wants a message on the session bus rather than its program executed.
-bool isActivatable(GDesktopAppInfo* entry, const QString& path) {
+bool isActivatable(const DesktopEntry& entry, const QString& path) {
     const QByteArray name = QFile::encodeName(QFileInfo(path).completeBaseName());
-    return g_desktop_app_info_get_boolean(entry, G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE) !=
-               FALSE &&
+    return entry.flag(G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE) &&
            g_dbus_is_name(name.constData()) != FALSE &&
            g_dbus_is_unique_name(name.constData()) == FALSE;
 }
 
-/// Reads an entry for GIO; null when it is of no use. `isBusThere` tells whether it can be
-/// activated.
-GObjectPointer<GDesktopAppInfo> readEntry(const QString& path, bool isBusThere) {
-    // GIO would wait for the writer of a FIFO.
-    if (!QFileInfo(path).isFile()) {
-        return nullptr;
-    }
-    const QByteArray file = QFile::encodeName(path);
-    GObjectPointer<GDesktopAppInfo> entry(g_desktop_app_info_new_from_filename(file.constData()));
-    const GKeyFilePointer keys(g_key_file_new());
-    if (entry || !isBusThere ||
-        !g_key_file_load_from_file(keys.get(), file.constData(), G_KEY_FILE_NONE, nullptr) ||
-        !g_key_file_get_boolean(keys.get(), G_KEY_FILE_DESKTOP_GROUP,
-                                G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE, nullptr)) {
-        return entry;
-    }
-    // GIO refuses an entry whose program is missing, also where a message takes its place.
-    g_key_file_remove_key(keys.get(), G_KEY_FILE_DESKTOP_GROUP, G_KEY_FILE_DESKTOP_KEY_EXEC,
-                          nullptr);
-    return GObjectPointer<GDesktopAppInfo>(g_desktop_app_info_new_from_keyfile(keys.get()));
-}
-
-bool announcesStart(GDesktopAppInfo* entry, bool unlessDenied) {
+bool announcesStart(const DesktopEntry& entry, bool unlessDenied) {
     constexpr const char* key = G_KEY_FILE_DESKTOP_KEY_STARTUP_NOTIFY;
-    return g_desktop_app_info_get_boolean(entry, key) != FALSE ||
-           (unlessDenied && g_desktop_app_info_has_key(entry, key) == FALSE);
+    return entry.flag(key) || (unlessDenied && entry.text(key).isEmpty());
 }
 
-void announce(StartupNotifier& notifier, GDesktopAppInfo* entry, const QString& path,
+void announce(StartupNotifier& notifier, const DesktopEntry& entry, const QString& path,
               StartupNotifier::Announced announced) {
-    const GText icon(g_desktop_app_info_get_string(entry, G_KEY_FILE_DESKTOP_KEY_ICON));
-    notifier.begin(g_app_info_get_display_name(G_APP_INFO(entry)),
-                   QFileInfo(path).fileName().toUtf8(), icon.get(), std::move(announced));
+    notifier.begin(entry.localizedText(G_KEY_FILE_DESKTOP_KEY_NAME).toUtf8(),
+                   QFileInfo(path).fileName().toUtf8(),
+                   entry.text(G_KEY_FILE_DESKTOP_KEY_ICON).toUtf8(), std::move(announced));
+}
+
+/// Has the program of an entry that is made for certain desktops alone (OnlyShowIn), and not for
+/// the running one, believe that it runs on its own: some settings programs end at once otherwise.
+void presentDesktop(const DesktopEntry& entry, LaunchEnvironment& environment) {
+    constexpr const char* variable = "XDG_CURRENT_DESKTOP";
+    const QStringList desktops = entry.texts(G_KEY_FILE_DESKTOP_KEY_ONLY_SHOW_IN);
+    const QStringList running =
+        QString::fromLocal8Bit(environment.value(variable)).split(QLatin1Char(':'));
+    const bool isRunning = std::ranges::any_of(
+        running, [&desktops](const QString& desktop) { return desktops.contains(desktop); });
+    if (!desktops.isEmpty() && !isRunning) {
+        environment.set(variable, desktops.front().toLocal8Bit().constData());
+    }
+}
+
+/// The ID is that of the Startup Notification Protocol; an empty one means that the start was not
+/// announced, and the program is not to take another's for its own.
+void presentStart(const QByteArray& startupId, LaunchEnvironment& environment) {
+    // Toolkits read the one name on X11 and the other one on Wayland.
+    for (const char* const variable : {"DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN"}) {
+        if (startupId.isEmpty()) {
+            environment.unset(variable);
+        } else {
+            environment.set(variable, startupId.constData());
+        }
+    }
 }
 
 /// Sends what the Desktop Entry Specification has an application be activated by.
@@ -164,9 +126,9 @@ void activate(GDBusConnection* bus, const QString& path, const QByteArray& start
             g_dbus_connection_call_finish(G_DBUS_CONNECTION(source), result, &error);
         if (reply != nullptr) {
             g_variant_unref(reply);
-            reported->succeed();
+            reported->finish({});
         } else {
-            reported->fail(takeMessage(error));
+            reported->finish(takeMessage(error));
         }
     };
     g_dbus_connection_call(bus, name.constData(), object.constData(), "org.freedesktop.Application",
@@ -175,32 +137,16 @@ void activate(GDBusConnection* bus, const QString& path, const QByteArray& start
                            new LaunchReport(std::move(report)));
 }
 
-void execute(GDesktopAppInfo* entry, const QByteArray& startupId, LaunchReport report) {
-    const auto started = [](GDesktopAppInfo* /*entry*/, GPid child, gpointer data) {
-        watchChild(child, *static_cast<LaunchReport*>(data));
-    };
-    // It takes the environment over as it is now, before the bus is hidden.
-    const auto context = makeLaunchContext(startupId);
-    presentDesktop(context.get(), entry);
-    const NullDevice null;
-    const HiddenSessionBus hiddenBus;
-    GError* error = nullptr;
-    const gboolean isStarted = g_desktop_app_info_launch_uris_as_manager_with_fds(
-        entry, nullptr, context.get(),
-        static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_DO_NOT_REAP_CHILD), leaveSession,
-        nullptr, started, &report, null.descriptor(), null.descriptor(), null.descriptor(), &error);
-    if (isStarted == FALSE) {
-        report.fail(takeMessage(error));
-    }
-}
-
 } // namespace
 
 GioWorkspace::GioWorkspace(const BundleReader& bundles, StartupNotifier* notifier,
-                           const DesktopSettingsPanels& settingsPanels)
+                           const DesktopSettingsPanels& settingsPanels,
+                           LaunchEnvironment environment, std::string busAddress)
     : m_bundles(bundles),
       m_notifier(notifier),
       m_settingsPanels(settingsPanels),
+      m_environment(std::move(environment)),
+      m_bus(std::move(busAddress)),
       m_alive(std::make_shared<char>()) {}
 
 void GioWorkspace::openApplication(const QUrl& location, Completion completion) {
@@ -240,11 +186,12 @@ void GioWorkspace::openPanel(QStringList entries) {
 }
 
 void GioWorkspace::openEntry(const QString& path, StartupNotice notice, Completion completion) {
-    const std::shared_ptr<GDesktopAppInfo> entry = readEntry(path, m_bus.get() != nullptr);
-    if (!entry) {
-        LaunchReport(m_alive, std::move(completion), nullptr, {}).fail(entryProblem(path));
+    ReadEntry read = readEntry(path);
+    if (const auto* problem = std::get_if<QString>(&read)) {
+        LaunchReport(m_alive, std::move(completion), nullptr, {}).finish(*problem);
         return;
     }
+    const auto entry = std::get<std::shared_ptr<const DesktopEntry>>(std::move(read));
     const auto start = [this, alive = std::weak_ptr(m_alive), entry, path,
                         completion = std::move(completion)](const QByteArray& startupId) {
         if (alive.expired()) {
@@ -252,18 +199,40 @@ void GioWorkspace::openEntry(const QString& path, StartupNotice notice, Completi
         }
         LaunchReport report(alive, completion, m_notifier, startupId);
         GDBusConnection* const bus = m_bus.get();
-        if (bus != nullptr && isActivatable(entry.get(), path)) {
+        if (bus != nullptr && isActivatable(*entry, path)) {
             activate(bus, path, startupId, std::move(report));
         } else {
-            execute(entry.get(), startupId, std::move(report));
+            execute(*entry, path, startupId, std::move(report));
         }
     };
-    const bool isAnnounced = announcesStart(entry.get(), notice == StartupNotice::UnlessDenied);
+    const bool isAnnounced = announcesStart(*entry, notice == StartupNotice::UnlessDenied);
     if (isAnnounced && m_notifier != nullptr) {
-        announce(*m_notifier, entry.get(), path, start);
+        announce(*m_notifier, *entry, path, start);
     } else {
         start({});
     }
+}
+
+void GioWorkspace::execute(const DesktopEntry& entry, const QString& path,
+                           const QByteArray& startupId, LaunchReport report) const {
+    QStringList command = entryCommand(entry, path);
+    if (command.isEmpty()) {
+        report.finish(QStringLiteral("no session bus, and no program to execute instead"));
+        return;
+    }
+    if (entry.flag(G_KEY_FILE_DESKTOP_KEY_TERMINAL)) {
+        const QStringList terminal = terminalCommand();
+        if (terminal.isEmpty()) {
+            report.finish(QStringLiteral("Unable to find terminal required for application"));
+            return;
+        }
+        command = terminal + command;
+    }
+    LaunchEnvironment environment = m_environment;
+    presentStart(startupId, environment);
+    presentDesktop(entry, environment);
+    report.finish(startProgram({std::move(command), entry.text(G_KEY_FILE_DESKTOP_KEY_PATH),
+                                std::move(environment), path}));
 }
 
 void GioWorkspace::openBundle(const QString& path, Completion completion) {
@@ -272,24 +241,13 @@ void GioWorkspace::openBundle(const QString& path, Completion completion) {
     const QString program =
         info ? info->value(QStringLiteral("CFBundleExecutable")).toString() : QString();
     if (program.isEmpty() || program.contains(QLatin1Char('/'))) {
-        report.fail(QStringLiteral("not the bundle of an application"));
+        report.finish(QStringLiteral("not the bundle of an application"));
         return;
     }
-    QByteArray file = QFile::encodeName(path + QStringLiteral("/Contents/MacOS/") + program);
-    std::array<gchar*, 2> arguments{file.data(), nullptr};
-    const auto context = makeLaunchContext({});
-    const GTextList environment(g_app_launch_context_get_environment(context.get()));
-    const NullDevice null;
-    GPid child = 0;
-    GError* error = nullptr;
-    if (g_spawn_async_with_fds(QFile::encodeName(QDir::homePath()).constData(), arguments.data(),
-                               environment.get(), G_SPAWN_DO_NOT_REAP_CHILD, leaveSession, nullptr,
-                               &child, null.descriptor(), null.descriptor(), null.descriptor(),
-                               &error) == FALSE) {
-        report.fail(takeMessage(error));
-        return;
-    }
-    watchChild(child, std::move(report));
+    LaunchEnvironment environment = m_environment;
+    presentStart({}, environment);
+    report.finish(startProgram(
+        {{path + QStringLiteral("/Contents/MacOS/") + program}, {}, std::move(environment), {}}));
 }
 
 } // namespace quorvantel::platform

@@ -3,25 +3,29 @@
 #include "platform/BundleReader.h"
 #include "platform/Workspace.h"
 #include "platform/linux/DesktopSettingsPanels.h"
+#include "platform/linux/LaunchEnvironment.h"
+#include "platform/linux/LaunchReport.h"
 #include "platform/linux/SessionBusConnection.h"
 #include "platform/linux/StartupNotifier.h"
 
 #include <memory>
+#include <string>
 
 namespace quorvantel::platform {
 
-/// Opens desktop entries through GIO, and bundles by executing the program in them. An entry that
-/// wants to be activated by D-Bus is, where there is a session bus; it is executed where there is
-/// none. Opening waits for no other process, the bus included.
+/// Opens desktop entries, and bundles by executing the program in them, by means of GLib. An entry
+/// that wants to be activated by D-Bus is, where there is a session bus; it is executed where there
+/// is none. Opening waits for no other process, the bus included, and leaves the environment of
+/// this one as it is; GIO's own way of opening an entry waits for the bus that it finds there.
 ///
-/// GIO's callbacks arrive in the GLib main context, which Qt's event loop on Linux runs. GIO starts
-/// an entry's program through a helper of its own, so that a program which cannot be executed shows
-/// when that helper ends.
+/// Callbacks arrive in the GLib main context, which Qt's event loop on Linux runs.
 class GioWorkspace final : public Workspace {
 public:
-    /// All outlive the workspace; `notifier` may be null.
+    /// The references outlive the workspace; `notifier` may be null. Programs get `environment` and
+    /// what is their own. `busAddress` is that of the session bus, empty when there is none.
     GioWorkspace(const BundleReader& bundles, StartupNotifier* notifier,
-                 const DesktopSettingsPanels& settingsPanels);
+                 const DesktopSettingsPanels& settingsPanels, LaunchEnvironment environment,
+                 std::string busAddress);
 
     /// `location` is the file URL of a desktop entry or of a bundle.
     void openApplication(const QUrl& location, Completion completion) override;
@@ -35,12 +39,15 @@ private:
     enum class StartupNotice { AsDeclared, UnlessDenied };
 
     void openEntry(const QString& path, StartupNotice notice, Completion completion);
+    void execute(const DesktopEntry& entry, const QString& path, const QByteArray& startupId,
+                 LaunchReport report) const;
     void openPanel(QStringList entries);
     void openBundle(const QString& path, Completion completion);
 
     const BundleReader& m_bundles;
     StartupNotifier* m_notifier;
     const DesktopSettingsPanels& m_settingsPanels;
+    LaunchEnvironment m_environment;
     SessionBusConnection m_bus;
     std::shared_ptr<const void> m_alive;
 };

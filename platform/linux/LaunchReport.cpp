@@ -11,20 +11,14 @@ LaunchReport::LaunchReport(std::weak_ptr<const void> owner, Workspace::Completio
       m_notifier(notifier),
       m_startupId(std::move(startupId)) {}
 
-void LaunchReport::succeed() {
-    complete({});
-}
-
-void LaunchReport::fail(const QString& error) {
-    if (!m_owner.expired() && m_notifier != nullptr && !m_startupId.isEmpty()) {
+void LaunchReport::finish(const QString& error) {
+    if (m_owner.expired()) {
+        return;
+    }
+    if (!error.isEmpty() && m_notifier != nullptr && !m_startupId.isEmpty()) {
         m_notifier->fail(std::exchange(m_startupId, {}));
     }
-    complete(error);
-}
-
-void LaunchReport::complete(const QString& error) {
-    const Workspace::Completion completion = std::exchange(m_completion, nullptr);
-    if (completion && !m_owner.expired()) {
+    if (const Workspace::Completion completion = std::exchange(m_completion, nullptr)) {
         completion(error);
     }
 }

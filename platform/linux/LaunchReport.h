@@ -12,7 +12,7 @@ namespace quorvantel::platform {
 
 /// Reports once how a start went, to whoever asked for it and to the desktop.
 ///
-/// GIO keeps the report until the start is over, which may be after its owner is gone; it then
+/// The report is kept until the session bus answers, which may be after its owner is gone; it then
 /// reports nothing.
 class LaunchReport {
 public:
@@ -22,14 +22,10 @@ public:
     LaunchReport(std::weak_ptr<const void> owner, Workspace::Completion completion,
                  StartupNotifier* notifier, QByteArray startupId);
 
-    void succeed();
-
-    /// `error` says in words why the program did not start.
-    void fail(const QString& error);
+    /// `error` says in words why the program did not start; empty when it did.
+    void finish(const QString& error);
 
 private:
-    void complete(const QString& error);
-
     std::weak_ptr<const void> m_owner;
     Workspace::Completion m_completion;
     StartupNotifier* m_notifier;

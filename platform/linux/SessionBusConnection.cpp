@@ -1,9 +1,7 @@
 #include "platform/linux/SessionBusConnection.h"
 
 #include "platform/linux/GLibPointers.h"
-#include "platform/linux/start/BusProbe.h"
 
-#include <string>
 #include <utility>
 
 namespace quorvantel::platform {
@@ -14,7 +12,8 @@ struct SessionBusConnection::State {
     GObjectPointer<GCancellable> cancellable{g_cancellable_new()};
 };
 
-SessionBusConnection::SessionBusConnection() : m_state(std::make_shared<State>()) {
+SessionBusConnection::SessionBusConnection(std::string address)
+    : m_address(std::move(address)), m_state(std::make_shared<State>()) {
     connect();
 }
 
@@ -33,9 +32,7 @@ GDBusConnection* SessionBusConnection::get() {
 }
 
 void SessionBusConnection::connect() {
-    // Read anew each time: a bus that was silent at the start is hidden until that is over.
-    const std::string address = sessionBusAddress();
-    if (address.empty() || m_state->isConnecting) {
+    if (m_address.empty() || m_state->isConnecting) {
         return;
     }
     m_state->isConnecting = true;
@@ -49,7 +46,7 @@ void SessionBusConnection::connect() {
         }
     };
     g_dbus_connection_new_for_address(
-        address.c_str(),
+        m_address.c_str(),
         static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                           G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
         nullptr, m_state->cancellable.get(), connected, new std::weak_ptr<State>(m_state));

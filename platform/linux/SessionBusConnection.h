@@ -3,6 +3,7 @@
 #include <gio/gio.h>
 
 #include <memory>
+#include <string>
 
 namespace quorvantel::platform {
 
@@ -13,7 +14,8 @@ namespace quorvantel::platform {
 /// Its replies arrive in the GLib main context.
 class SessionBusConnection {
 public:
-    SessionBusConnection();
+    /// `address` is that of the bus, empty when there is none.
+    explicit SessionBusConnection(std::string address);
     SessionBusConnection(const SessionBusConnection&) = delete;
     SessionBusConnection& operator=(const SessionBusConnection&) = delete;
     ~SessionBusConnection();
@@ -27,6 +29,7 @@ private:
 
     void connect();
 
+    std::string m_address;
     std::shared_ptr<State> m_state;
 };
 

@@ -97,8 +97,7 @@ TEST_F(DesktopEntryApplicationsTest, TellsImageFilesFromThemeNames) {
     EXPECT_EQ(icon("org.example.App"), Image::iconTheme(u"org.example.App"_s));
     EXPECT_EQ(icon("app.png"), Image::iconTheme(u"app"_s));
     EXPECT_TRUE(icon("").isNull());
-    EXPECT_EQ(DesktopEntry("\t[Desktop Entry]\nIcon=a\n", DesktopEntry::Part::Icon).icon(),
-              Image::iconTheme(u"a"_s));
+    EXPECT_EQ(DesktopEntry("\t[Desktop Entry]\nIcon=a\n").icon(), Image::iconTheme(u"a"_s));
 }
 
 TEST_F(DesktopEntryApplicationsTest, HidesWhatIsNotMeantToBeShown) {

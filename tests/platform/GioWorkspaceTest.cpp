@@ -12,6 +12,7 @@
 #include <QFileInfo>
 #include <QTimer>
 
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <gio/gio.h>
 #include <gtest/gtest.h>
@@ -21,6 +22,27 @@
 #include <future>
 #include <optional>
 #include <string>
+
+namespace {
+
+/// How often this program's environment was changed, by the libraries, too.
+int environmentChanges = 0;
+
+template <typename... Arguments>
+int changeEnvironment(const char* function, Arguments... arguments) {
+    ++environmentChanges;
+    return reinterpret_cast<int (*)(Arguments...)>(dlsym(RTLD_NEXT, function))(arguments...);
+}
+
+} // namespace
+
+extern "C" int setenv(const char* name, const char* value, int replaces) noexcept {
+    return changeEnvironment("setenv", name, value, replaces);
+}
+
+extern "C" int unsetenv(const char* name) noexcept {
+    return changeEnvironment("unsetenv", name);
+}
 
 namespace quorvantel::platform {
 namespace {
@@ -33,13 +55,15 @@ public:
     void begin(const QByteArray& applicationName, const QByteArray& desktopFileId,
                const QByteArray& iconName, Announced announced) override {
         begun.append(applicationName + '|' + desktopFileId + '|' + iconName);
-        const auto answer = [announced] { announced("startup-id_TIME7"); };
+        const auto answer = [announced, kept = kept] { announced("startup-id_TIME7"); };
         isLate ? QTimer::singleShot(1, answer) : answer();
     }
 
     void fail(const QByteArray& id) override { failed.append(id); }
 
     bool isLate = false;
+    /// Until the answer has been given.
+    std::shared_ptr<int> kept = std::make_shared<int>();
     QByteArrayList begun;
     QByteArrayList failed;
 };
@@ -63,11 +87,21 @@ GDBusMessage* answerActivation(GDBusConnection* service, GDBusMessage* message,
 
 class GioWorkspaceTest : public ::testing::Test {
 protected:
-    GioWorkspaceTest() { qputenv("DESKTOP_STARTUP_ID", "the-launcher's-own"); }
+    GioWorkspaceTest() { environment.set("DESKTOP_STARTUP_ID", "the-launcher's-own"); }
+
+    /// Begins anew with the environment as it is now.
+    void makeWorkspace(const QString& busAddress = {}) {
+        workspace.emplace(bundles, &notifier, panels, environment, busAddress.toStdString());
+    }
 
     void open(const QString& path) {
+        if (!workspace) {
+            makeWorkspace();
+        }
+        const int changesBefore = environmentChanges;
         workspace->openApplication(QUrl::fromLocalFile(path),
                                    [this](const QString& text) { errors.append(text); });
+        EXPECT_EQ(environmentChanges, changesBefore) << "which other threads may be reading";
     }
 
     QString writeEntry(const QByteArray& exec, const QByteArray& more = {}) {
@@ -89,6 +123,11 @@ protected:
         return waitUntil([this] { return !errors.isEmpty(); });
     }
 
+    /// Waits for the program that writes down how it was started.
+    bool hasRun() const {
+        return hasReported() && waitUntil([] { return QFile::exists(inHome(u"record/done"_s)); });
+    }
+
     /// The start of a line "Exec=" for the program that writes down how it was started.
     QByteArray recorder() const {
         writeProgram(inHome(u"program"_s), recordingScript);
@@ -100,14 +139,14 @@ protected:
     void expectRunsApart(const QString& path, const QString& program) {
         const int leaked = ::open("/dev/zero", O_RDONLY);
         open(path);
-        ASSERT_TRUE(hasReported());
+        ASSERT_TRUE(hasRun());
         ::close(leaked);
         EXPECT_EQ(errors, QStringList{QString()});
         EXPECT_NE(record(u"session"_s).value(0).toInt(), getsid(0));
         QByteArrayList files = record(u"descriptors"_s);
         files.removeAll(QFile::encodeName(program));
         EXPECT_EQ(files, (QByteArrayList{"/dev/null", "/dev/null", "/dev/null"}));
-        EXPECT_FALSE(hasChildren());
+        EXPECT_TRUE(waitUntil([] { return !hasChildren(); }));
     }
 
     QByteArrayList record(const QString& name, char separator = '\n') const {
@@ -124,8 +163,9 @@ protected:
 
     PropertyListBundleReader bundles;
     RecordingNotifier notifier;
-    const DesktopSettingsPanels panels{{}, {}};
-    std::optional<GioWorkspace> workspace{std::in_place, bundles, &notifier, panels};
+    DesktopSettingsPanels panels{{}, {}};
+    LaunchEnvironment environment;
+    std::optional<GioWorkspace> workspace;
     QStringList errors;
 };
 
@@ -158,7 +198,7 @@ TEST_F(GioWorkspaceTest, RunsTheProgramOfABundleApartFromTheLauncher) {
 TEST_F(GioWorkspaceTest, AnnouncesTheStartOfAnEntryThatWantsIt) {
     notifier.isLate = true;
     open(writeEntry(recorder(), "StartupNotify=true"));
-    ASSERT_TRUE(hasReported());
+    ASSERT_TRUE(hasRun());
     EXPECT_EQ(notifier.begun, QByteArrayList{"Entry|entry.desktop|entry"});
     EXPECT_TRUE(record(u"environment"_s, '\0').contains("DESKTOP_STARTUP_ID=startup-id_TIME7"));
     EXPECT_TRUE(record(u"environment"_s, '\0').contains("XDG_ACTIVATION_TOKEN=startup-id_TIME7"));
@@ -203,7 +243,7 @@ TEST_F(GioWorkspaceTest, RunsATerminalProgramInATerminal) {
                  "#!/bin/sh\necho \"$1\" >\"$HOME/terminal\"\nshift\nexec \"$@\"\n");
     qputenv("PATH", QFile::encodeName(inHome(u"bin"_s)));
     open(writeEntry(recorder() + " \"a b\"", "Terminal=true"));
-    ASSERT_TRUE(hasReported());
+    ASSERT_TRUE(hasRun());
     EXPECT_EQ(errors, QStringList{QString()});
     EXPECT_EQ(readFile(inHome(u"terminal"_s)), "-e\n");
     EXPECT_EQ(record(u"arguments"_s), QByteArrayList{"a b"});
@@ -214,10 +254,13 @@ TEST_F(GioWorkspaceTest, RunsATerminalProgramInATerminal) {
 }
 
 TEST_F(GioWorkspaceTest, ReportsNothingOnceItIsGone) {
-    open(writeEntry(recorder()));
+    notifier.isLate = true;
+    open(writeEntry(recorder(), "StartupNotify=true"));
     workspace.reset();
-    EXPECT_TRUE(waitUntil([] { return !hasChildren(); }));
-    EXPECT_TRUE(QFile::exists(inHome(u"record/done"_s)));
+    const std::weak_ptr<int> kept = notifier.kept;
+    notifier.kept.reset();
+    EXPECT_TRUE(waitUntil([&kept] { return kept.expired(); }));
+    EXPECT_FALSE(QFile::exists(inHome(u"record"_s)));
     EXPECT_TRUE(errors.isEmpty());
 }
 
@@ -225,11 +268,10 @@ TEST_F(GioWorkspaceTest, ActivatesAnEntryByTheSessionBus) {
     writeFile(inHome(u".local/share/dbus-1/services/org.example.Silent.service"_s),
               "[D-BUS Service]\nName=org.example.Silent\nExec=/usr/bin/env STATUS=1 " + recorder() +
                   " activated\n");
-    const SessionBus bus(inHome({}));
-    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/none");
-    workspace.emplace(bundles, &notifier, panels);
+    makeWorkspace(u"unix:path="_s + inHome(u"bus"_s));
     // The launcher finds a bus that comes later, or that it passed over at its start.
-    qputenv("DBUS_SESSION_BUS_ADDRESS", bus.address().toUtf8());
+    const SessionBus bus(inHome({}));
+    QFile::link(bus.address().section(u',', 0, 0).section(u'=', 1), inHome(u"bus"_s));
     for (const QString& name : {u"org.example.Silent"_s, u"org.example.Missing"_s}) {
         const QString path = inHome(name + u".desktop"_s);
         QFile::copy(writeEntry("sh -c 'exit 0'", "DBusActivatable=true"), path);
@@ -271,11 +313,12 @@ TEST_F(GioWorkspaceTest, ExecutesAnActivatableEntryWhereNoBusAnswers) {
     const QString path = inHome(u"org.example.App.desktop"_s);
     QFile::rename(writeEntry(recorder(), "DBusActivatable=true"), path);
     for (const QByteArray& address : {stopped.address().toUtf8(), QByteArray("unix:path=/none")}) {
-        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
-        workspace.emplace(bundles, &notifier, panels);
+        environment.set("DBUS_SESSION_BUS_ADDRESS", address.constData());
+        makeWorkspace(QString::fromUtf8(address));
+        QDir(inHome(u"record"_s)).removeRecursively();
         errors.clear();
         open(path);
-        ASSERT_TRUE(hasReported());
+        ASSERT_TRUE(hasRun());
         EXPECT_EQ(errors, QStringList{QString()});
         EXPECT_NE(record(u"session"_s).value(0).toInt(), getsid(0));
         EXPECT_TRUE(record(u"environment"_s, '\0').contains("DBUS_SESSION_BUS_ADDRESS=" + address));
@@ -315,14 +358,13 @@ protected:
 
     /// Opens the pane of the displays and waits for the end of its program.
     bool openDisplays(const QByteArray& currentDesktops) {
-        qputenv("XDG_CURRENT_DESKTOP", currentDesktops);
-        installed.emplace(QStringList{inHome(u"panels"_s)}, currentDesktops);
-        workspace.emplace(bundles, &notifier, *installed);
+        environment.set("XDG_CURRENT_DESKTOP", currentDesktops.constData());
+        panels = DesktopSettingsPanels({inHome(u"panels"_s)}, currentDesktops);
+        makeWorkspace();
         const QUrl url(u"x-apple.systempreferences:com.apple.Displays-Settings.extension"_s);
         return workspace->openSettings(url) && waitUntil([] { return !hasChildren(); });
     }
 
-    std::optional<DesktopSettingsPanels> installed;
     LogLines log{u"Quorvantel: "_s};
 };
 
@@ -353,13 +395,12 @@ TEST_F(SettingsPanelTest, PassesOverWhatCannotShowThePane) {
 
     install(u"arandr"_s, "arandr\nHidden=true");
     install(u"systemsettings"_s, "systemsettings\nOnlyShowIn=KDE;\nStartupNotify=false");
-    qputenv("STATUS", "3");
+    environment.set("STATUS", "3");
     EXPECT_TRUE(openDisplays("GNOME"));
     EXPECT_TRUE(record(u"environment"_s, '\0').contains("XDG_CURRENT_DESKTOP=KDE"));
     EXPECT_EQ(notifier.begun.size(), 0)
         << "the only entry with a program does not report its start";
     EXPECT_EQ(log.lines().size(), 3) << "the program failed at once";
-    qunsetenv("STATUS");
 }
 
 } // namespace

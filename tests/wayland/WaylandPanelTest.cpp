@@ -72,6 +72,7 @@ private:
 struct Desktop {
     explicit Desktop(const WaylandCompositor::Options& options) : compositor(options) {
         compositor.enter();
+        platform::WaylandPanelHost::prepareToolkit();
         static int argumentCount = 1;
         static char name[] = "wayland_tests";
         static char* arguments[] = {name, nullptr};

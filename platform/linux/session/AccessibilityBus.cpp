@@ -89,13 +89,6 @@ AccessibilityBus::Address AccessibilityBus::holdBack() {
 
 AccessibilityBus::AccessibilityBus(const Address& address)
     : m_watcher(service, QDBusConnection::sessionBus(), QDBusServiceWatcher::WatchForRegistration) {
-    // The bridge has read the variable once it is there.
-    bridgeConnection();
-    if (address) {
-        qputenv(variable, *address);
-    } else {
-        qunsetenv(variable);
-    }
     if (address && !address->isEmpty()) {
         connectWhenProven(QString::fromLocal8Bit(*address));
         return;

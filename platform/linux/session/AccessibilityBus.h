@@ -23,12 +23,12 @@ public:
     /// The environment variable that names the bus to all toolkits, as the user has set it.
     using Address = std::optional<QByteArray>;
 
-    /// Keeps the toolkit's bridge idle. To be called before there is an application object; returns
-    /// what the variable was.
+    /// Keeps the toolkit's bridge idle, by a variable that launched programs must not inherit. To
+    /// be called before there is an application object; returns what the variable was.
     static Address holdBack();
 
-    /// Looks for the bus from now on. `address` is what `holdBack` returned, and the variable is
-    /// that again. To be constructed after the application object.
+    /// Looks for the bus from now on. `address` is what `holdBack` returned. To be constructed
+    /// after the application object.
     explicit AccessibilityBus(const Address& address);
 
 private:

@@ -15,10 +15,10 @@ std::span<const DisplayBackend> displayBackends() {
     static const std::vector<DisplayBackend> backends{
 #ifdef QUORVANTEL_WAYLAND
         {DisplayProtocol::Wayland, "wayland", WaylandDisplayServer::reach,
-         WaylandDisplayServer::connect},
+         WaylandPanelHost::prepareToolkit, WaylandDisplayServer::connect},
 #endif
 #ifdef QUORVANTEL_X11
-        {DisplayProtocol::X11, "xcb", X11DisplayServer::reach, X11DisplayServer::connect},
+        {DisplayProtocol::X11, "xcb", X11DisplayServer::reach, [] {}, X11DisplayServer::connect},
 #endif
     };
     return backends;

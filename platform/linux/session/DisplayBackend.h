@@ -17,6 +17,9 @@ struct DisplayBackend {
     /// there is none to be had, in which case the application object would end the program. To be
     /// kept until that object is there: an X server starts anew when its only client leaves.
     std::shared_ptr<const void> (*reach)();
+    /// Tells the toolkit by the environment what it asks there. To be called before the application
+    /// object exists, and not for launched programs to inherit.
+    void (*prepareToolkit)();
     /// The server that the toolkit is connected to. The application object must exist.
     std::unique_ptr<DisplayServer> (*connect)();
 };

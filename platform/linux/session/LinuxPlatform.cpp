@@ -23,7 +23,8 @@ void tellAndLog(const QString& text) {
 LinuxPlatform::LinuxPlatform(DisplayServer& server, StartContext& start)
     : m_server(server),
       m_accessibilityBus(start.accessibilityBus),
-      m_workspace(m_bundleReader, &server.startupNotifier(), m_settingsPanels),
+      m_workspace(m_bundleReader, &server.startupNotifier(), m_settingsPanels, start.environment,
+                  start.busAddress),
       m_systemAppearance(m_portalSettings, server.settingsManager(), m_paletteAppearance),
       m_imageLoader([this] { return iconTheme(); }),
       m_requests(start, server.callerActivation()),

@@ -6,7 +6,6 @@
 namespace quorvantel::platform {
 
 SessionApplication::SessionApplication(int& argc, char** argv) : QApplication(argc, argv) {
-    qunsetenv("DESKTOP_AUTOSTART_ID");
     const auto forbidRestart = [](QSessionManager& manager) {
         manager.setRestartHint(QSessionManager::RestartNever);
     };

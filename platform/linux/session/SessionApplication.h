@@ -14,8 +14,7 @@ class SessionApplication : public QApplication {
     Q_OBJECT
 
 public:
-    /// `argc` and `argv` must outlive the object. The identity that an autostarted program has in
-    /// its session is taken from the environment, for it is not that of the programs launched.
+    /// `argc` and `argv` must outlive the object.
     SessionApplication(int& argc, char** argv);
 
 protected:

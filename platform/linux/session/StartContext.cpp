@@ -8,7 +8,6 @@ namespace quorvantel::platform {
 
 namespace {
 
-constexpr auto busVariable = "DBUS_SESSION_BUS_ADDRESS";
 constexpr std::chrono::milliseconds busPatience{500};
 
 } // namespace
@@ -17,28 +16,18 @@ StartContext StartContext::take() {
     StartContext start;
     start.instance = FirstInstance::takeOver();
     start.request = StartRequest::fromEnvironment();
-    for (const char* const variable : {"DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN"}) {
+    // The last one would be the session manager's name for the programs that are launched, too.
+    for (const char* const variable :
+         {"DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN", "DESKTOP_AUTOSTART_ID"}) {
         qunsetenv(variable);
     }
-    if (isBusSilent(sessionBusAddress(), busPatience)) {
-        // A null text for a variable that was not set.
-        start.silentBus =
-            qEnvironmentVariableIsSet(busVariable) ? qgetenv(busVariable) : QByteArray();
-        qputenv(busVariable, "unix:path=/dev/null");
+    start.environment = LaunchEnvironment();
+    start.busAddress = sessionBusAddress();
+    if (isBusSilent(start.busAddress, busPatience)) {
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/dev/null");
     }
     start.accessibilityBus = AccessibilityBus::holdBack();
     return start;
-}
-
-void restoreBusAddress(const StartContext& start) {
-    if (!start.silentBus) {
-        return;
-    }
-    if (start.silentBus->isNull()) {
-        qunsetenv(busVariable);
-    } else {
-        qputenv(busVariable, *start.silentBus);
-    }
 }
 
 } // namespace quorvantel::platform

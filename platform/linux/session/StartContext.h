@@ -1,12 +1,11 @@
 #pragma once
 
+#include "platform/linux/LaunchEnvironment.h"
 #include "platform/linux/session/AccessibilityBus.h"
 #include "platform/linux/start/FirstInstance.h"
 #include "platform/linux/start/StartRequest.h"
 
-#include <QByteArray>
-
-#include <optional>
+#include <string>
 
 namespace quorvantel::platform {
 
@@ -15,18 +14,16 @@ struct StartContext {
     FirstInstance instance;
     /// As the environment had it. Nobody asked for a window where the tokens are empty.
     StartRequest request;
-    /// DBUS_SESSION_BUS_ADDRESS as it was, when the bus is silent. The variable then names no bus,
-    /// so that the toolkit does not wait for it.
-    std::optional<QByteArray> silentBus;
+    /// The user's, without what was meant for this process alone.
+    LaunchEnvironment environment;
+    /// That of the session bus, also when it is silent; empty when there is none.
+    std::string busAddress;
     AccessibilityBus::Address accessibilityBus;
 
-    /// Takes it, so that neither the toolkit nor a launched program does. To be called once, before
-    /// the application object exists.
+    /// Takes it, so that neither the toolkit nor a launched program does, and keeps the toolkit
+    /// from buses that it would wait for. To be called once, before the application object exists:
+    /// as long as there is one thread, the environment can be changed.
     static StartContext take();
 };
-
-/// Gives launched programs the session bus that the launcher itself does without. To be called once
-/// the toolkit has looked for it.
-void restoreBusAddress(const StartContext& start);
 
 } // namespace quorvantel::platform

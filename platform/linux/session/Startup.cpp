@@ -52,7 +52,6 @@ Reached reachDisplay() {
 int runOn(DisplayServer& server, StartContext& start, const std::function<int(Platform&)>& run) {
     const DisplayLossReport lossReport([&server] { return server.isGone(); });
     LinuxPlatform platform(server, start);
-    restoreBusAddress(start);
     const TerminationSignals signals([] { QCoreApplication::quit(); });
     return run(platform);
 }
@@ -67,6 +66,7 @@ int runApplication(int argc, char** argv, const std::function<int(Platform&)>& r
     if (reached.backend == nullptr) {
         return EXIT_FAILURE;
     }
+    reached.backend->prepareToolkit();
     // As an argument, unlike as a variable, the choice is not handed on to launched programs.
     std::array<char, 10> platformOption{"-platform"};
     QByteArray toolkitPlugin(reached.backend->toolkitPlugin);

@@ -13,13 +13,16 @@ constexpr WaylandGlobals::Versions shellVersions{2, 4};
 
 } // namespace
 
-WaylandPanelHost::WaylandPanelHost(const WaylandConnection& connection) : m_connection(connection) {
+void WaylandPanelHost::prepareToolkit() {
     // Qt leaves the role of windows with the flag Qt::BypassWindowManagerHint to others only when
     // told so, and ceases to draw a window whose frames the compositor does not ask for, as it does
     // not for those of a hidden panel; the panel's first frame would come too late.
     qputenv("QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT", "1");
     qputenv("QT_WAYLAND_FRAME_CALLBACK_TIMEOUT", "0");
 }
+
+WaylandPanelHost::WaylandPanelHost(const WaylandConnection& connection)
+    : m_connection(connection) {}
 
 Qt::WindowFlags WaylandPanelHost::windowFlags() const {
     const Qt::WindowFlags flags = Qt::Window | Qt::FramelessWindowHint;

@@ -8,6 +8,10 @@ namespace quorvantel::platform {
 /// Hosts the panel in a layer surface or, where the compositor has none, in a toplevel.
 class WaylandPanelHost : public PanelHost {
 public:
+    /// Has the toolkit let the panel's window be, by its environment variables. To be called before
+    /// the application object exists.
+    static void prepareToolkit();
+
     /// `connection` must outlive the host.
     explicit WaylandPanelHost(const WaylandConnection& connection);
 
