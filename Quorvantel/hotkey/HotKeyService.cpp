@@ -4,6 +4,14 @@
 
 namespace quorvantel {
 
+namespace {
+
+bool isUnavailable(const platform::GlobalHotKeys::Registration& hotKey) {
+    return std::holds_alternative<platform::HotKeyUnavailable>(hotKey.state());
+}
+
+} // namespace
+
 HotKeyService::HotKeyService(platform::GlobalHotKeys& hotKeys, QObject* parent)
     : QObject(parent), m_hotKeys(hotKeys) {}
 
@@ -20,6 +28,7 @@ void HotKeyService::registerHotKey(const HotKeyBinding& binding, Handler handler
         m_handler = std::move(handler);
         request(binding);
     } else {
+        m_isRefusedAtOnce = false;
         m_failure = HotKeyError::invalidModifiers();
         Q_EMIT failed(*m_failure);
         if (substitute) {
@@ -31,8 +40,25 @@ void HotKeyService::registerHotKey(const HotKeyBinding& binding, Handler handler
     publish();
 }
 
+void HotKeyService::askAgain(Handler handler) {
+    if (!m_isRefusedAtOnce) {
+        return;
+    }
+    Registration hotKey = ask(*m_wanted);
+    if (isUnavailable(*hotKey)) {
+        return;
+    }
+    // Only now does the substitute go.
+    release();
+    m_handler = std::move(handler);
+    listen();
+    adopt(*m_wanted, std::move(hotKey));
+    publish();
+}
+
 void HotKeyService::unregister() {
     release();
+    m_isRefusedAtOnce = false;
     m_wanted.reset();
     m_failure.reset();
     publish();
@@ -40,16 +66,31 @@ void HotKeyService::unregister() {
 
 void HotKeyService::request(const HotKeyBinding& binding) {
     m_hotKey.reset();
+    listen();
+    adopt(binding, ask(binding));
+}
+
+void HotKeyService::listen() {
     m_eventHandler.reset();
     m_eventHandler = m_hotKeys.installHandler(
         [this](platform::HotKeyIdentity pressedIdentity) { pressed(pressedIdentity); });
+}
+
+void HotKeyService::adopt(const HotKeyBinding& binding, Registration hotKey) {
     m_registered = binding;
     m_hasWorked = false;
-    m_hotKey = m_hotKeys.registerHotKey(binding.keyCode, binding.modifiers, identity, [this] {
+    m_hotKey = std::move(hotKey);
+    if (isWantedRegistered()) {
+        m_isRefusedAtOnce = isUnavailable(*m_hotKey);
+    }
+    follow();
+}
+
+HotKeyService::Registration HotKeyService::ask(const HotKeyBinding& binding) {
+    return m_hotKeys.registerHotKey(binding.keyCode, binding.modifiers, identity, [this] {
         follow();
         publish();
     });
-    follow();
 }
 
 void HotKeyService::follow() {

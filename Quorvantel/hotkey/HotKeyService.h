@@ -40,6 +40,11 @@ public:
     void registerHotKey(const HotKeyBinding& binding, Handler handler,
                         const std::optional<HotKeyBinding>& substitute = std::nullopt);
 
+    /// Asks once more for a binding that the system refused without having to think about it, as
+    /// when another application had it then; another refusal changes nothing and goes without
+    /// saying. Harmless in any other state. Presses run `handler` from then on.
+    void askAgain(Handler handler);
+
     /// Removes the registration and the handler; harmless when there is none.
     void unregister();
 
@@ -58,8 +63,13 @@ Q_SIGNALS:
     void failed(const HotKeyError& error);
 
 private:
+    using Registration = std::unique_ptr<platform::GlobalHotKeys::Registration>;
+
     bool isWantedRegistered() const { return m_registered == m_wanted; }
     void request(const HotKeyBinding& binding);
+    void listen();
+    Registration ask(const HotKeyBinding& binding);
+    void adopt(const HotKeyBinding& binding, Registration hotKey);
     void follow();
     void handleRefusal(const HotKeyError& error);
     void handleLoss(const HotKeyError& error);
@@ -70,7 +80,7 @@ private:
     platform::GlobalHotKeys& m_hotKeys;
     // In the order of acquisition: members are released in reverse, the hotkey before its handler.
     std::unique_ptr<platform::GlobalHotKeys::Token> m_eventHandler;
-    std::unique_ptr<platform::GlobalHotKeys::Registration> m_hotKey;
+    Registration m_hotKey;
     Handler m_handler;
     /// What was asked for last.
     std::optional<HotKeyBinding> m_wanted;
@@ -82,6 +92,8 @@ private:
     std::optional<HotKeyBinding> m_substitute;
     /// Why `m_wanted` does not work.
     std::optional<HotKeyError> m_failure;
+    /// Whether the system refused `m_wanted` at once, so that to ask again bothers nobody.
+    bool m_isRefusedAtOnce = false;
     SummonHotKey m_state;
 };
 

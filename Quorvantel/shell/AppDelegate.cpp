@@ -152,6 +152,9 @@ void AppDelegate::togglePanel() {
         return;
     }
     m_panelController->show();
+    // Summoned by other means, the user may have closed meanwhile what had the combination.
+    m_panelController->runAfterFirstFrame(
+        [this] { m_hotKeyService.askAgain([this] { togglePanel(); }); });
     reindexIfNeeded(false);
 }
 

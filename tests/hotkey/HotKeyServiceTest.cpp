@@ -80,16 +80,31 @@ TEST_F(HotKeyServiceTest, ARefusalLeavesNothingRegistered) {
     hotKeys.refused = {u"768+40"_s};
     service.registerHotKey({40, 0x0300}, count);
     expectNothing();
+    service.askAgain(count);
+    expectNothing();
     hotKeys.refused.clear();
     hotKeys.answer = platform::HotKeyPending{};
     service.registerHotKey({40, 0x0300}, count);
     EXPECT_TRUE(service.state().isPending);
     hotKeys.turn(testing::FakeHotKeys::refusal);
     expectNothing();
+    service.askAgain(count);
+    EXPECT_EQ(hotKeys.registered, QStringList()) << "who thought about it may have asked the user";
     EXPECT_EQ(failures, QStringList(2, u"RegisterEventHotKey failed with OSStatus 10."_s));
     service.unregister();
     service.unregister();
     EXPECT_EQ(service.state(), SummonHotKey());
+}
+
+TEST_F(HotKeyServiceTest, ARefusedOneComesInPlaceOfItsSubstituteOnceItIsFree) {
+    hotKeys.refused = {u"768+40"_s};
+    service.registerHotKey({40, 0x0300}, count, HotKeyBinding::defaultBinding());
+    hotKeys.refused.clear();
+    service.askAgain(count);
+    EXPECT_EQ(service.state(), standing(HotKeyBinding{40, 0x0300}));
+    EXPECT_EQ(hotKeys.registered, (QStringList{u"768+40"_s, u"handler"_s}));
+    press();
+    EXPECT_EQ(presses, 1);
 }
 
 TEST_F(HotKeyServiceTest, TheSubstituteTakesThePlaceOfWhatIsRefusedNowOrLater) {
