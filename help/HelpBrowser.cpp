@@ -94,6 +94,16 @@ void HelpBrowser::addShortcut(const QList<QKeySequence>& keys,
     }
 }
 
+void HelpBrowser::rest() {
+    leavePlace();
+    m_view->showDocument(std::make_unique<QTextDocument>());
+}
+
+void HelpBrowser::resume() {
+    showTopic(*m_current);
+    m_view->verticalScrollBar()->setValue(m_history.current().scrollPosition);
+}
+
 void HelpBrowser::visit(const Place& place) {
     leavePlace();
     m_history.visit(place);

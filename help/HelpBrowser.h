@@ -36,6 +36,12 @@ public:
     /// The colours from now on; nothing scrolls and no selection is lost.
     void setStyle(const HelpStyle& style);
 
+    /// Lets go of the topic's document, whose pictures take megabytes, until `resume` shows it
+    /// again as the reader left it, but for a selection. Meanwhile nothing is to be asked of this
+    /// object.
+    void rest();
+    void resume();
+
     HelpTopic currentTopic() const { return m_content.topics[*m_current]; }
 
     TopicSidebar& sidebar() const { return *m_sidebar; }

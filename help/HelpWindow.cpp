@@ -64,6 +64,29 @@ void HelpWindow::setStyle(const HelpStyle& style) {
     }
 }
 
+void HelpWindow::closeEvent(QCloseEvent* event) {
+    QMainWindow::closeEvent(event);
+    if (m_browser != nullptr && !std::exchange(m_isResting, true)) {
+        m_browser->rest();
+    }
+    // The system's window holds its picture; it can go once it is hidden, and comes anew.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (isHidden()) {
+                destroy();
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+void HelpWindow::showEvent(QShowEvent* event) {
+    if (m_browser != nullptr && std::exchange(m_isResting, false)) {
+        m_browser->resume();
+    }
+    QMainWindow::showEvent(event);
+}
+
 void HelpWindow::paintEvent(QPaintEvent* /*event*/) {
     QPainter(this).fillRect(rect(), m_style.background);
 }

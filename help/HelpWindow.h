@@ -14,7 +14,8 @@
 
 namespace quorvantel::help {
 
-/// The help window: a browser of the topics, or that there are none. Nothing is kept on disk.
+/// The help window: a browser of the topics, or that there are none. Nothing is kept on disk, and
+/// little in memory while it is closed.
 class HelpWindow : public QMainWindow {
     Q_OBJECT
 
@@ -36,6 +37,8 @@ public:
     HelpBrowser* browser() const { return m_browser; }
 
 protected:
+    void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
@@ -44,6 +47,7 @@ private:
 
     HelpStyle m_style;
     HelpBrowser* m_browser = nullptr;
+    bool m_isResting = false;
 };
 
 } // namespace quorvantel::help

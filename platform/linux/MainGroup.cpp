@@ -84,17 +84,30 @@ void MainGroup::read(const Languages& languages) {
         if (isInGroup && line.front() == '[') {
             return;
         }
-        if (isInGroup) {
-            readKey(line, languages);
-        } else if (isHead(line)) {
-            isInGroup = true;
-        } else {
+        if (!isInGroup && !isHead(line)) {
             break;
         }
+        if (!std::exchange(isInGroup, true) || isForeign(line, languages)) {
+            continue;
+        }
+        readKey(line, languages);
     }
     if (!isInGroup) {
         m_syntaxError = QStringLiteral("does not begin with \"[Desktop Entry]\"");
     }
+}
+
+/// Whether a line translates the key before it into another language. Most lines of a file do.
+bool MainGroup::isForeign(std::string_view line, const Languages& languages) const {
+    const std::string_view key = m_lines.empty() ? std::string_view() : m_lines.back().key;
+    if (key.empty() || line.size() <= key.size() || line[key.size()] != '[' ||
+        !line.starts_with(key)) {
+        return false;
+    }
+    const std::string_view rest = line.substr(key.size() + 1);
+    return std::ranges::none_of(languages, [rest](std::string_view language) {
+        return rest.starts_with(language) && rest.substr(language.size()).starts_with(']');
+    });
 }
 
 void MainGroup::readKey(std::string_view line, const Languages& languages) {

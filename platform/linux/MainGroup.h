@@ -14,7 +14,8 @@ namespace quorvantel::platform {
 ///
 /// GLib reads such files as well, but takes a dozen allocations for each key of dozens that a
 /// launcher does not ask for. Every file is read anew whenever the panel is shown, and here nothing
-/// is copied before it is asked for. What GLib refuses is refused, and what it reads is the same.
+/// is copied before it is asked for. What GLib reads is read, and is the same; what it refuses is
+/// refused, unless it is a translation that does not matter.
 class MainGroup {
 public:
     /// `content` is that of the whole file.
@@ -42,6 +43,7 @@ private:
     };
 
     void read(const Languages& languages);
+    bool isForeign(std::string_view line, const Languages& languages) const;
     void readKey(std::string_view line, const Languages& languages);
 
     QByteArray m_content;

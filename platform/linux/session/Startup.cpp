@@ -13,6 +13,8 @@
 #include <QDebug>
 #include <QDir>
 
+#include <malloc.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdlib>
@@ -56,11 +58,24 @@ int runOn(DisplayServer& server, StartContext& start, const std::function<int(Pl
     return run(platform);
 }
 
+/// Has memory that was taken for once, such as for the pictures of the help, go back to the system
+/// as it is freed. Left to itself, the library of C keeps the more of it the more was ever freed at
+/// a time. Blocks of this size are not among those that a summons or a letter takes.
+void returnFreedMemory() {
+#ifdef __GLIBC__
+    constexpr int largeBlock = 256 * 1024;
+    constexpr int idleMemory = 1024 * 1024;
+    ::mallopt(M_MMAP_THRESHOLD, largeBlock);
+    ::mallopt(M_TRIM_THRESHOLD, idleMemory);
+#endif
+}
+
 } // namespace
 
 int runApplication(int argc, char** argv, const std::function<int(Platform&)>& run) {
     logToStandardError();
     outlastTerminalStops();
+    returnFreedMemory();
     StartContext start = StartContext::take();
     Reached reached = reachDisplay();
     if (reached.backend == nullptr) {
