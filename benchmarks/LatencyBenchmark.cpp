@@ -20,6 +20,7 @@
 #include <functional>
 #include <optional>
 #include <stdexcept>
+#include <string>
 #include <string_view>
 #include <thread>
 #include <utility>
@@ -109,6 +110,26 @@ void measureBareWindow(const QString& self, int rounds) {
     times.print("a bare shown window that changes its colour");
 }
 
+/// From the hotkey to the panel.
+Milliseconds timeToShow(LauncherSession& session, const QRect& corner) {
+    session.keyboard().hold(XK_Alt_L);
+    session.keyboard().hold(XK_Super_L);
+    const Milliseconds time =
+        timeToChange(session.desktop(), corner, [&] { session.keyboard().hold(XK_space); });
+    session.keyboard().release(XK_space);
+    session.keyboard().release(XK_Super_L);
+    session.keyboard().release(XK_Alt_L);
+    return time;
+}
+
+/// From a letter to the list, where that is in `strip`.
+Milliseconds timeToList(LauncherSession& session, const QRect& strip, xcb_keysym_t letter) {
+    const Milliseconds time =
+        timeToChange(session.desktop(), strip, [&] { session.keyboard().hold(letter); });
+    session.keyboard().release(letter);
+    return time;
+}
+
 /// A part of the first three rows' icons and names, where nothing is shown before the first
 /// keystroke.
 QRect listStrip(const QRect& panel) {
@@ -168,22 +189,14 @@ void measureLauncher(int rounds) {
     for (int round = 0; round < rounds; ++round) {
         // So that every third showing or so scans the folders again, as in use.
         std::this_thread::sleep_for(1s);
-        session.keyboard().hold(XK_Alt_L);
-        session.keyboard().hold(XK_Super_L);
-        showing.add(
-            timeToChange(session.desktop(), corner, [&] { session.keyboard().hold(XK_space); }));
-        session.keyboard().release(XK_space);
-        session.keyboard().release(XK_Super_L);
-        session.keyboard().release(XK_Alt_L);
+        showing.add(timeToShow(session, corner));
 
         // The second letter leaves other names in front.
         const xcb_keysym_t initial = XK_a + static_cast<xcb_keysym_t>(round % 26);
         for (const auto& [letter, times] :
              {std::pair(initial, &firstLetters), std::pair(xcb_keysym_t{XK_b}, &secondLetters)}) {
             std::this_thread::sleep_for(100ms);
-            times->add(timeToChange(session.desktop(), listStrip(place),
-                                    [&, key = letter] { session.keyboard().hold(key); }));
-            session.keyboard().release(letter);
+            times->add(timeToList(session, listStrip(place), letter));
         }
         session.keyboard().press({XK_Escape});
         session.waitForDismissal();
@@ -195,10 +208,46 @@ void measureLauncher(int rounds) {
     measurePeer(session, rounds);
 }
 
+/// A letter while many applications are being scanned, and the same one soon after, when they are
+/// not scanned again.
+void measureScan(int count, int rounds) {
+    constexpr auto betweenScans = 3100ms;
+    constexpr int moments = 40;
+    LauncherSession session;
+    addApplications(session, count);
+    session.start();
+    session.waitForRest();
+    session.summon();
+    const QRect place = session.panel().value();
+    session.keyboard().press({XK_Escape});
+    session.waitForDismissal();
+    const QRect corner(place.center(), QSize(4, 4));
+    Series during;
+    Series after;
+    for (int round = 0; round < rounds; ++round) {
+        std::this_thread::sleep_for(betweenScans);
+        for (Series* const times : {&during, &after}) {
+            timeToShow(session, corner);
+            // At another moment of the scan each time.
+            std::this_thread::sleep_for(std::chrono::milliseconds(round % moments));
+            times->add(timeToList(session, listStrip(place), XK_b));
+            session.keyboard().press({XK_Escape});
+            session.keyboard().press({XK_Escape});
+            session.waitForDismissal();
+            session.waitForRest();
+        }
+    }
+    const std::string applications = std::to_string(count) + " applications";
+    during.print(("a letter during a scan of " + applications).c_str());
+    after.print(("a letter with " + applications + " and no scan").c_str());
+}
+
 int measure(const QString& self, int rounds) {
     try {
         measureBareWindow(self, rounds);
         measureLauncher(rounds);
+        measureScan(2'000, (rounds + 3) / 4);
+        measureScan(10'000, (rounds + 3) / 4);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());
         return EXIT_FAILURE;

@@ -7,8 +7,9 @@ namespace quorvantel {
 
 namespace {
 
-/// How long a scan may go on before it looks for events.
-constexpr std::chrono::milliseconds turnLength{2};
+/// How long a scan may go on before it looks for events. A letter waits for several turns: between
+/// it and its list the display server is heard several times.
+constexpr std::chrono::microseconds turnLength{500};
 
 } // namespace
 

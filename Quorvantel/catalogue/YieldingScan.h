@@ -11,7 +11,7 @@
 namespace quorvantel {
 
 /// Scans the applications between the events of the calling thread's loop: no event waits for
-/// longer than a quarter of a frame and the reading of one entry.
+/// longer than half a millisecond and the reading of one entry.
 class YieldingScan {
 public:
     using Completion = std::function<void(std::vector<LaunchTarget>)>;
