@@ -25,11 +25,12 @@ QString textOf(const GText& text) {
                                                             : QString();
 }
 
-/// GLib's reader of the same format, which is slower, says the same of a file with one group.
+/// GLib's reader of the same format, which is slower, says the same of a text with one group.
 void compareWithGLib(const QByteArray& content) {
     constexpr const char* group = G_KEY_FILE_DESKTOP_GROUP;
     const GKeyFilePointer file(g_key_file_new());
-    if (content.contains('\0') || content.count('[') - content.count("[C]") > 1 ||
+    if (content.contains('\0') || !content.isValidUtf8() ||
+        content.count('[') - content.count("[C]") > 1 ||
         !g_key_file_load_from_data(file.get(), content.constData(),
                                    static_cast<gsize>(content.size()), G_KEY_FILE_NONE, nullptr) ||
         textOf(GText(g_key_file_get_start_group(file.get()))) != QLatin1StringView(group)) {

@@ -42,44 +42,59 @@ std::optional<char> escaped(char character) {
     }
 }
 
+struct Texts {
+    std::vector<std::string> texts = std::vector<std::string>(1);
+    /// Whether each backslash begins an escape.
+    bool isSound = true;
+};
+
 /// The texts of a value, which `separator` separates, and which may end with one.
-std::vector<std::string> splitTexts(std::string_view value, std::optional<char> separator) {
-    std::vector<std::string> texts(1);
+Texts splitTexts(std::string_view value, std::optional<char> separator) {
+    Texts split;
     for (std::size_t i = 0; i < value.size(); ++i) {
-        const bool isEscape = value[i] == '\\';
+        std::string& text = split.texts.back();
         if (value[i] == separator) {
-            texts.emplace_back();
-        } else if (!isEscape) {
-            texts.back() += value[i];
-        } else if (++i < value.size()) {
-            const auto character = value[i] == separator ? separator : escaped(value[i]);
-            // What is no escape stays as it is.
-            texts.back() += character ? std::string(1, *character) : std::string{'\\', value[i]};
+            split.texts.emplace_back();
+        } else if (value[i] != '\\') {
+            text += value[i];
+        } else if (++i == value.size()) {
+            split.isSound = false;
+        } else if (value[i] == separator) {
+            text += value[i];
+        } else if (const auto character = escaped(value[i])) {
+            text += *character;
+        } else {
+            split.isSound = false;
+            text += {'\\', value[i]};
         }
     }
-    return texts;
+    return split;
 }
 
+/// What is no escape stays as it is.
 QString text(Value value) {
     if (!value) {
         return {};
     }
     return decoded(value->find('\\') == std::string_view::npos
                        ? *value
-                       : std::string_view(splitTexts(*value, std::nullopt).front()));
+                       : std::string_view(splitTexts(*value, std::nullopt).texts.front()));
 }
 
+/// None where something is no escape.
 QStringList texts(Value value) {
     QStringList list;
-    if (value && g_utf8_validate_len(value->data(), value->size(), nullptr) != FALSE) {
-        for (const std::string& text : splitTexts(*value, ';')) {
-            list.append(QString::fromStdString(text));
-        }
-        if (list.back().isEmpty()) {
-            list.removeLast();
-        }
+    if (!value || g_utf8_validate_len(value->data(), value->size(), nullptr) == FALSE) {
+        return list;
     }
-    return list;
+    const Texts split = splitTexts(*value, ';');
+    for (const std::string& text : split.texts) {
+        list.append(QString::fromStdString(text));
+    }
+    if (list.back().isEmpty()) {
+        list.removeLast();
+    }
+    return split.isSound ? list : QStringList();
 }
 
 QStringList textList(const GTextList& texts) {
@@ -134,9 +149,11 @@ const QStringList& DesktopEntry::command() const {
 }
 
 bool DesktopEntry::flag(const char* key) const {
-    const Value value = m_group.value(key);
-    const QByteArrayView trimmed = value ? QByteArrayView(*value).trimmed() : QByteArrayView();
-    return trimmed == "true" || trimmed == "1";
+    std::string_view value = m_group.value(key).value_or("");
+    while (!value.empty() && g_ascii_isspace(value.back())) {
+        value.remove_suffix(1);
+    }
+    return value == "true" || value == "1";
 }
 
 bool DesktopEntry::isHidden() const {
