@@ -139,7 +139,8 @@ TEST_F(InstanceTest, AKilledLauncherIsNotInTheWayAndAStoppedOneKeepsItsFiles) {
 TEST_F(InstanceTest, GoesOnWithoutABusThatIsAbsentOrSilent) {
     SessionBus silent(QString::fromLocal8Bit(qgetenv("XDG_RUNTIME_DIR")));
     silent.signal(SIGSTOP);
-    for (const QString& address : {silent.address(), QStringLiteral("unix:path=/absent")}) {
+    for (const QString& address :
+         {silent.address(), QStringLiteral("unix:path=/absent"), QString()}) {
         session.start(withoutBus, {{QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), address}});
         EXPECT_EQ(session.output().count('\n'), 2) << session.output().toStdString();
         EXPECT_EQ(startAgain(), 0);

@@ -2,13 +2,21 @@
 
 #include "platform/linux/start/BusProbe.h"
 
-#include <QtGlobal>
+#include <QFile>
 
 namespace quorvantel::platform {
 
 namespace {
 
+constexpr auto busVariable = "DBUS_SESSION_BUS_ADDRESS";
 constexpr std::chrono::milliseconds busPatience{500};
+
+/// Whether nothing says where a bus is. The library for D-Bus would have a program start one, which
+/// stays behind, and wait for it.
+bool isBusUnknown() {
+    return qEnvironmentVariableIsEmpty(busVariable) &&
+           !QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
+}
 
 } // namespace
 
@@ -23,8 +31,8 @@ StartContext StartContext::take() {
     }
     start.environment = LaunchEnvironment();
     start.busAddress = sessionBusAddress();
-    if (isBusSilent(start.busAddress, busPatience)) {
-        qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/dev/null");
+    if (isBusUnknown() || isBusSilent(start.busAddress, busPatience)) {
+        qputenv(busVariable, "unix:path=/dev/null");
     }
     start.accessibilityBus = AccessibilityBus::holdBack();
     return start;
