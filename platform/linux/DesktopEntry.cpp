@@ -59,13 +59,10 @@ Texts splitTexts(std::string_view value, std::optional<char> separator) {
             text += value[i];
         } else if (++i == value.size()) {
             split.isSound = false;
-        } else if (value[i] == separator) {
-            text += value[i];
-        } else if (const auto character = escaped(value[i])) {
-            text += *character;
         } else {
-            split.isSound = false;
-            text += {'\\', value[i]};
+            const auto character = value[i] == separator ? separator : escaped(value[i]);
+            split.isSound = split.isSound && character.has_value();
+            text += character ? std::string(1, *character) : std::string{'\\', value[i]};
         }
     }
     return split;
