@@ -105,8 +105,10 @@ bool MainGroup::isForeign(std::string_view line, const Languages& languages) con
         return false;
     }
     const std::string_view rest = line.substr(key.size() + 1);
+    // The first letters alone tell most languages apart.
     return std::ranges::none_of(languages, [rest](std::string_view language) {
-        return rest.starts_with(language) && rest.substr(language.size()).starts_with(']');
+        return rest.starts_with(language.front()) && rest.starts_with(language) &&
+               rest.substr(language.size()).starts_with(']');
     });
 }
 
