@@ -20,12 +20,15 @@ void append(QStringView word, QString& key) {
         key += u' ';
     }
     key += separator;
-    for (const QChar unit : word) {
-        key += unit;
-        if (endsWord(unit)) {
+    qsizetype start = 0;
+    for (qsizetype i = 0; i < word.size(); ++i) {
+        if (endsWord(word[i])) {
+            key += word.sliced(start, i + 1 - start);
             key += separator;
+            start = i + 1;
         }
     }
+    key += word.sliced(start);
 }
 
 } // namespace
