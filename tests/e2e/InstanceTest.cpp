@@ -141,7 +141,9 @@ TEST_F(InstanceTest, GoesOnWithoutABusThatIsAbsentOrSilent) {
     silent.signal(SIGSTOP);
     for (const QString& address :
          {silent.address(), QStringLiteral("unix:path=/absent"), QString()}) {
-        session.start(withoutBus, {{QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), address}});
+        session.start("Quorvantel: press ",
+                      {{QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), address}});
+        EXPECT_TRUE(session.output().startsWith(withoutBus)) << session.output().toStdString();
         EXPECT_EQ(session.output().count('\n'), 2) << session.output().toStdString();
         EXPECT_EQ(startAgain(), 0);
         EXPECT_TRUE(waitForPanel());
