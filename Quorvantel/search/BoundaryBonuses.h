@@ -1,5 +1,7 @@
 #pragma once
 
+#include "search/CharacterCase.h"
+
 #include <array>
 #include <cstdint>
 #include <string_view>
@@ -26,7 +28,21 @@ constexpr double valueOf(BoundaryBonus bonus) {
 
 /// The bonus of a scalar that is not the first, by the one before it. Both are as written, since
 /// folding destroys their case.
-BoundaryBonus bonusAfter(char32_t previous, char32_t scalar);
+inline BoundaryBonus bonusAfter(char32_t previous, char32_t scalar) {
+    switch (previous) {
+    case U' ':
+    case U'-':
+    case U'_':
+        return BoundaryBonus::Word;
+    case U'.':
+        return BoundaryBonus::AfterDot;
+    case U'/':
+        return BoundaryBonus::AfterSlash;
+    default:
+        return isLowercase(previous) && isUppercase(scalar) ? BoundaryBonus::CamelCase
+                                                            : BoundaryBonus::None;
+    }
+}
 
 /// The bonus of each scalar of a search key. `unfolded` is the key as written; `count` is the
 /// number of bonuses wanted, the length of the folded key. Where folding made the key longer, there

@@ -36,10 +36,6 @@ constexpr std::array<Range, 5> otherUppercase{{
     {U'\U0001F170', U'\U0001F189'},
 }};
 
-bool isAscii(char32_t scalar) {
-    return scalar < 0x80;
-}
-
 template <size_t Size>
 bool contains(const std::array<Range, Size>& ranges, char32_t scalar) {
     return std::any_of(ranges.begin(), ranges.end(), [scalar](const Range& range) {
@@ -49,17 +45,11 @@ bool contains(const std::array<Range, Size>& ranges, char32_t scalar) {
 
 } // namespace
 
-bool isLowercase(char32_t scalar) {
-    if (isAscii(scalar)) {
-        return scalar >= U'a' && scalar <= U'z';
-    }
+bool isLowercaseBeyondAscii(char32_t scalar) {
     return QChar::category(scalar) == QChar::Letter_Lowercase || contains(otherLowercase, scalar);
 }
 
-bool isUppercase(char32_t scalar) {
-    if (isAscii(scalar)) {
-        return scalar >= U'A' && scalar <= U'Z';
-    }
+bool isUppercaseBeyondAscii(char32_t scalar) {
     return QChar::category(scalar) == QChar::Letter_Uppercase || contains(otherUppercase, scalar);
 }
 

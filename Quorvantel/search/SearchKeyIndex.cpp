@@ -7,8 +7,21 @@
 #include "text/Ascii.h"
 
 #include <algorithm>
+#include <array>
 
 namespace quorvantel {
+
+namespace {
+
+constexpr auto asciiLetterBits = [] {
+    std::array<std::uint64_t, 0x80> bits{};
+    for (char32_t letter = 0; letter < bits.size(); ++letter) {
+        bits[letter] = letterBit(letter);
+    }
+    return bits;
+}();
+
+} // namespace
 
 SearchKeyIndex::SearchKeyIndex(const std::vector<LaunchTarget>& catalogue)
     : m_targets(nameOrder(catalogue)) {
@@ -72,7 +85,7 @@ void SearchKeyIndex::appendAscii(const QString& key, std::uint32_t place) {
     for (std::size_t i = 0; i < length; ++i) {
         const char16_t unit = key[static_cast<qsizetype>(i)].unicode();
         const char16_t letter = asciiLowercase(unit);
-        mask |= letterBit(letter);
+        mask |= asciiLetterBits[letter];
         m_latin1Letters[start + i] = static_cast<std::uint8_t>(letter);
         m_latin1Bonuses[start + i] = i == 0 ? BoundaryBonus::First : bonusAfter(previous, unit);
         previous = unit;
