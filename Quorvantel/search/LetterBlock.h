@@ -30,8 +30,8 @@ struct PortableLetterSearch {
     static std::uint64_t find(const std::uint8_t* letters, const LetterBlock& wanted) {
         static_assert(std::endian::native == std::endian::little);
         constexpr std::uint64_t lowBits = 0x7F7F7F7F7F7F7F7F;
-        std::uint64_t word;
-        std::uint64_t wantedWord;
+        std::uint64_t word = 0;
+        std::uint64_t wantedWord = 0;
         std::memcpy(&word, letters, sizeof word);
         std::memcpy(&wantedWord, wanted.bytes.data(), sizeof wantedWord);
         const std::uint64_t different = word ^ wantedWord;

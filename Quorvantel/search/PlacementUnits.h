@@ -13,7 +13,7 @@ namespace quorvantel {
 inline constexpr double placementUnit = 0.005;
 
 constexpr int unitsOf(double value) {
-    return static_cast<int>(value / placementUnit + 0.5);
+    return static_cast<int>((value + placementUnit / 2) / placementUnit);
 }
 
 inline constexpr int leadingGapUnits = unitsOf(leadingGapCost);
