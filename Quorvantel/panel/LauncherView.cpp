@@ -8,8 +8,8 @@
 
 #include <QKeyEvent>
 #include <QPainter>
-#include <QTimer>
 
+#include <chrono>
 #include <utility>
 
 namespace quorvantel {
@@ -17,6 +17,7 @@ namespace quorvantel {
 namespace {
 
 using namespace LauncherLayout;
+using namespace std::chrono_literals;
 
 constexpr int horizontalPadding = 18;
 /// The search row continues the columns of the rows below: the symbol is centred above their icons,
@@ -30,6 +31,8 @@ constexpr int buttonSize = 28;
 constexpr int emptyStateFontSize = 13;
 constexpr int emptyStateSymbolSize = 14;
 constexpr int emptyStateSpacing = 8;
+/// Longer than a desktop takes to tell that the list has grown under the mouse.
+constexpr auto growth = 150ms;
 
 /// On Linux, Qt's "control" is the Control key and its "meta" the Super key; both stand for Command
 /// here. On macOS, Qt's "control" is Command itself.
@@ -74,6 +77,8 @@ LauncherView::LauncherView(SearchEngine& engine, const ThemedRoot& theme, IconCa
             [this] { m_list.refreshResults(m_engine.results()); });
     connect(&engine, &SearchEngine::resetTokenChanged, this, &LauncherView::resetSelection);
     connect(&theme, &ThemedRoot::themeChanged, this, &LauncherView::applyTheme);
+    m_restCheck.setSingleShot(true);
+    connect(&m_restCheck, &QTimer::timeout, this, &LauncherView::noteRest);
     applyTheme();
     focusSearchField();
 }
@@ -133,11 +138,16 @@ void LauncherView::resetSelection() {
     m_selection.reset();
     applySelection();
     // Once the new list has been drawn.
-    QTimer::singleShot(0, this, [this] {
-        if (const auto mouse = mousePosition()) {
-            m_selection.rest(*mouse);
-        }
-    });
+    m_restCheck.start(0ms);
+}
+
+void LauncherView::noteRest() {
+    const auto mouse = mousePosition();
+    if (!mouse && m_restCheck.intervalAsDuration() == 0ms) {
+        m_restCheck.start(growth);
+        return;
+    }
+    m_selection.rest(mouse);
 }
 
 void LauncherView::applySelection() {

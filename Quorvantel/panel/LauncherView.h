@@ -10,6 +10,7 @@
 #include "theme/ThemedRoot.h"
 
 #include <QPointF>
+#include <QTimer>
 #include <QWidget>
 
 #include <functional>
@@ -78,6 +79,7 @@ private:
     void showResults();
     void showListOrEmptyState();
     void resetSelection();
+    void noteRest();
     void applyTheme();
     void applySelection();
     void launchRow(int row);
@@ -92,6 +94,7 @@ private:
     const ThemedRoot& m_theme;
     IconCache& m_icons;
     ResultSelection m_selection;
+    QTimer m_restCheck;
     bool m_isBlurAvailable = false;
     bool m_isComposited = true;
     std::function<void()> m_onSettings;

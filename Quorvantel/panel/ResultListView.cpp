@@ -97,6 +97,13 @@ QRect ResultListView::rowRect(int row) const {
     return {listPadding, rowTop(row) - m_scrollOffset, width() - 2 * listPadding, rowHeight};
 }
 
+void ResultListView::enterEvent(QEnterEvent* event) {
+    // Nothing is said to be hovered yet, for it may be the list that came to a mouse at rest.
+    if (const int row = rowAt(event->position().toPoint()); row >= 0) {
+        Q_EMIT rowEntered(row);
+    }
+}
+
 void ResultListView::leaveEvent(QEvent* /*event*/) {
     m_pointer.reset();
     m_enteredRow = -1;

@@ -53,13 +53,14 @@ Q_SIGNALS:
     void resultsChanged();
     /// Another row is selected, or what is selected may be another result.
     void selectionChanged();
-    /// The mouse moved onto another row, or moved for the first time since the list was scrolled
-    /// and another row came under it.
+    /// The mouse moved onto another row, came to be in the list, or moved for the first time since
+    /// the list was scrolled and another row came under it.
     void rowEntered(int row);
     /// The user opens the row, by a click or through assistive technology.
     void rowClicked(int row);
 
 protected:
+    void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;

@@ -1,6 +1,7 @@
 #include "panel/ResultSelection.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace quorvantel {
@@ -45,9 +46,10 @@ bool ResultSelection::reset() {
     return std::exchange(m_selectedIndex, 0) != 0;
 }
 
-void ResultSelection::rest(QPointF mouse) {
+void ResultSelection::rest(std::optional<QPointF> mouse) {
+    constexpr double nowhere = std::numeric_limits<double>::quiet_NaN();
     if (!m_hoverBaseline) {
-        m_hoverBaseline = mouse;
+        m_hoverBaseline = mouse.value_or(QPointF(nowhere, nowhere));
     }
 }
 

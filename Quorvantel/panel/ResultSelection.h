@@ -28,10 +28,11 @@ public:
     /// be told soon. Returns whether the selection changed.
     bool reset();
 
-    /// Where the mouse was found after the list had changed. Asking for it takes a round trip to
-    /// the display server, which the new list need not wait for. A row that is hovered before that
-    /// tells the place, too.
-    void rest(QPointF mouse);
+    /// Where the mouse was found after the list had changed; absent when it is not over the panel
+    /// and nothing more is known, so that it has moved when it comes to a row. Asking for it takes
+    /// a round trip to the display server, which the new list need not wait for. A row that is
+    /// hovered before that tells the place, too.
+    void rest(std::optional<QPointF> mouse);
 
     /// The row that Return opens; absent when there are no results.
     std::optional<int> rowToOpen(int resultCount) const;
@@ -39,7 +40,8 @@ public:
 private:
     int m_selectedIndex = 0;
     bool m_navigatingByKeyboard = false;
-    /// Where the mouse rests; absent between a reset and the news about it.
+    /// Where the mouse rests, no number for somewhere else; absent between a reset and the news
+    /// about it.
     std::optional<QPointF> m_hoverBaseline = QPointF();
 };
 

@@ -156,7 +156,10 @@ TEST_F(LauncherViewTest, OnlyAMovingMouseSelects) {
     mouse.reset();
     field.backspace();
     QCoreApplication::processEvents();
-    moveMouseToRow(3, {300, 300});
+    mouse = {300, 300};
+    const QPointF place(200, 170);
+    QEnterEvent entrance(place, place, list.mapToGlobal(place));
+    QCoreApplication::sendEvent(&list, &entrance);
     EXPECT_EQ(view.selectedIndex(), 0);
     moveMouseToRow(3, {300, 301});
     EXPECT_EQ(view.selectedIndex(), 3);

@@ -8,7 +8,7 @@ namespace {
 TEST(ResultSelectionTest, ARestingMouseSelectsNothing) {
     ResultSelection selection;
     selection.reset();
-    selection.rest({100, 200});
+    selection.rest(QPointF(100, 200));
     EXPECT_FALSE(selection.hover(3, {100, 200}));
     EXPECT_TRUE(selection.hover(3, {100, 201}));
     EXPECT_EQ(selection.selectedIndex(), 3);
@@ -16,8 +16,12 @@ TEST(ResultSelectionTest, ARestingMouseSelectsNothing) {
     EXPECT_EQ(selection.selectedIndex(), 0);
     // The list comes to lie under the mouse before its place was asked for.
     EXPECT_FALSE(selection.hover(3, {100, 201}));
-    selection.rest({150, 150});
+    selection.rest(QPointF(150, 150));
     EXPECT_FALSE(selection.hover(3, {100, 201}));
+    EXPECT_TRUE(selection.hover(3, {101, 201}));
+    // It was elsewhere.
+    selection.reset();
+    selection.rest(std::nullopt);
     EXPECT_TRUE(selection.hover(3, {101, 201}));
 }
 
