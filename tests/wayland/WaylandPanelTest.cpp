@@ -13,6 +13,7 @@
 #include <QWindow>
 
 #include <gtest/gtest.h>
+#include <linux/input-event-codes.h>
 
 namespace quorvantel::testing {
 namespace {
@@ -78,7 +79,8 @@ struct Desktop {
         static char* arguments[] = {name, nullptr};
         application = std::make_unique<QApplication>(argumentCount, arguments);
         connection = platform::WaylandConnection::ofToolkit();
-        host = std::make_unique<platform::WaylandPanelHost>(*connection);
+        keyboard = std::make_unique<platform::WaylandKeyboard>(*connection);
+        host = std::make_unique<platform::WaylandPanelHost>(*connection, *keyboard);
         content = std::make_unique<Content>(*host);
     }
 
@@ -97,6 +99,7 @@ struct Desktop {
     WaylandClient client{compositor};
     std::unique_ptr<QApplication> application;
     std::unique_ptr<platform::WaylandConnection> connection;
+    std::unique_ptr<platform::WaylandKeyboard> keyboard;
     std::unique_ptr<platform::WaylandPanelHost> host;
     std::unique_ptr<Content> content;
 };
@@ -111,16 +114,21 @@ TEST_P(WaylandPanelTest, TakesTypingWhileItIsShownAndReturnsIt) {
     Content& panel = *desktop.content;
     EXPECT_TRUE(desktop.client.isActive());
     for (int showing = 1; showing <= 3; ++showing) {
+        // Before the panel has the keyboard.
+        desktop.input.setKeyDown(KEY_Q, true);
         panel.summon();
         ASSERT_TRUE(waitUntil([&] { return panel.isActiveWindow(); }));
+        desktop.input.setKeyDown(KEY_Q, false);
         desktop.input.type("fire");
-        EXPECT_TRUE(waitUntil([&] { return panel.text() == QStringLiteral("fire"); }));
+        EXPECT_TRUE(waitUntil([&] { return panel.text() == QStringLiteral("qfire"); }))
+            << panel.text().toStdString();
         EXPECT_TRUE(desktop.showsPanelAt(inPanel));
         panel.surface().hide();
         ASSERT_TRUE(
             waitUntil([&] { return desktop.client.isActive() && !panel.isActiveWindow(); }));
         desktop.input.type("x");
-        EXPECT_TRUE(waitUntil([&] { return desktop.client.typed() == QByteArray(showing, 'x'); }));
+        EXPECT_TRUE(waitUntil(
+            [&] { return desktop.client.typed() == QByteArray("qx").repeated(showing); }));
         EXPECT_NE(desktop.pixel(inPanel), panelColor);
     }
 }

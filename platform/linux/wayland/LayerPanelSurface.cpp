@@ -29,8 +29,9 @@ wl_output* outputOf(const ScreenId& id) {
 
 LayerPanelSurface::LayerPanelSurface(const PanelContent& content,
                                      const WaylandConnection& connection,
+                                     const WaylandKeyboard& keyboard,
                                      WaylandPointer<zwlr_layer_shell_v1> shell)
-    : WaylandPanelSurface(content, connection),
+    : WaylandPanelSurface(content, connection, keyboard),
       m_size(content.largestSize.grownBy(PanelShadow::margins())),
       m_cornerRadius(content.cornerRadius),
       m_connection(connection),

@@ -27,9 +27,9 @@ class LayerPanelSurface : public WaylandPanelSurface {
     Q_OBJECT
 
 public:
-    /// `connection` must outlive the surface.
+    /// `connection` must outlive the surface, and `keyboard` its making.
     LayerPanelSurface(const PanelContent& content, const WaylandConnection& connection,
-                      WaylandPointer<zwlr_layer_shell_v1> shell);
+                      const WaylandKeyboard& keyboard, WaylandPointer<zwlr_layer_shell_v1> shell);
     ~LayerPanelSurface() override;
 
     void setPlace(const PanelPlace& place) override;

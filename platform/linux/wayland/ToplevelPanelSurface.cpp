@@ -9,8 +9,9 @@
 namespace quorvantel::platform {
 
 ToplevelPanelSurface::ToplevelPanelSurface(const PanelContent& content,
-                                           const WaylandConnection& connection)
-    : WaylandPanelSurface(content, connection), m_outputs(connection) {
+                                           const WaylandConnection& connection,
+                                           const WaylandKeyboard& keyboard)
+    : WaylandPanelSurface(content, connection, keyboard), m_outputs(connection) {
     content.window.installEventFilter(this);
     connect(&content.window, &QWindow::widthChanged, this, &PanelSurface::geometryChanged);
     connect(&content.window, &QWindow::heightChanged, this, &PanelSurface::geometryChanged);

@@ -16,8 +16,9 @@ class ToplevelPanelSurface : public WaylandPanelSurface {
     Q_OBJECT
 
 public:
-    /// `connection` must outlive the surface.
-    ToplevelPanelSurface(const PanelContent& content, const WaylandConnection& connection);
+    /// `connection` must outlive the surface, and `keyboard` its making.
+    ToplevelPanelSurface(const PanelContent& content, const WaylandConnection& connection,
+                         const WaylandKeyboard& keyboard);
     ~ToplevelPanelSurface() override;
 
     void setPlace(const PanelPlace& place) override;

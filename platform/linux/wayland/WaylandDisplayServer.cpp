@@ -44,7 +44,7 @@ WaylandDisplayServer::WaylandDisplayServer(std::unique_ptr<WaylandConnection> co
       m_userSerial(*m_connection),
       m_activation(*m_connection, m_userSerial),
       m_windowActivator(m_activation),
-      m_panelHost(*m_connection),
+      m_panelHost(*m_connection, m_keyboard),
       m_screens(*m_connection) {
     QObject::connect(&m_keyboard, &WaylandKeyboard::keymapChanged, &m_keyboard,
                      [this] { m_hotKeys.setKeymap(*m_keyboard.keymap()); });

@@ -9,7 +9,9 @@
 #include <wayland-client-protocol.h>
 
 #include <algorithm>
+#include <span>
 #include <string>
+#include <utility>
 
 namespace quorvantel::platform {
 
@@ -17,6 +19,9 @@ namespace {
 
 /// Real key maps have some ten kilobytes.
 constexpr std::uint32_t maximumSize = 4U << 20U;
+
+/// By which the numbers of XKB are greater than the kernel's.
+constexpr std::uint32_t keyOffset = 8;
 
 /// The text in a file that another process may write to; empty when it cannot be read.
 std::string contents(int file, std::uint32_t size) {
@@ -28,6 +33,12 @@ std::string contents(int file, std::uint32_t size) {
     std::string text(begin, std::find(begin, begin + size, '\0'));
     ::munmap(memory, size);
     return text;
+}
+
+/// What a key types by itself, if that is a letter or a digit.
+QString letterOf(const Keymap& keymap, xkb_keycode_t key, unsigned int layout) {
+    const char32_t character = xkb_keysym_to_utf32(keymap.symbol(key, layout, false));
+    return QChar::isLetterOrNumber(character) ? QString::fromUcs4(&character, 1) : QString();
 }
 
 } // namespace
@@ -64,21 +75,42 @@ void WaylandKeyboard::setPresent(bool isPresent) {
                std::uint32_t size) {
                 static_cast<WaylandKeyboard*>(self)->read(format, file, size);
             },
-        .enter = [](void* /*self*/, wl_keyboard* /*keyboard*/, std::uint32_t /*serial*/,
-                    wl_surface* /*surface*/, wl_array* /*keys*/) {},
-        .leave = [](void* /*self*/, wl_keyboard* /*keyboard*/, std::uint32_t /*serial*/,
-                    wl_surface* /*surface*/) {},
+        .enter =
+            [](void* self, wl_keyboard* /*keyboard*/, std::uint32_t /*serial*/, wl_surface* surface,
+               wl_array* keys) {
+                const std::span held(static_cast<const std::uint32_t*>(keys->data),
+                                     keys->size / sizeof(std::uint32_t));
+                auto& keyboard = *static_cast<WaylandKeyboard*>(self);
+                keyboard.m_focus = surface;
+                keyboard.m_heldKeys.emplace(held.begin(), held.end());
+            },
+        .leave =
+            [](void* self, wl_keyboard* /*keyboard*/, std::uint32_t /*serial*/,
+               wl_surface* /*surface*/) { static_cast<WaylandKeyboard*>(self)->m_focus = nullptr; },
         .key = [](void* /*self*/, wl_keyboard* /*keyboard*/, std::uint32_t /*serial*/,
                   std::uint32_t /*time*/, std::uint32_t /*key*/, std::uint32_t /*state*/) {},
         .modifiers =
             [](void* self, wl_keyboard* /*keyboard*/, std::uint32_t /*serial*/,
                std::uint32_t /*depressed*/, std::uint32_t /*latched*/, std::uint32_t /*locked*/,
-               std::uint32_t layout) { static_cast<WaylandKeyboard*>(self)->m_layout = layout; },
+               std::uint32_t layout) { static_cast<WaylandKeyboard*>(self)->setLayout(layout); },
         .repeat_info = [](void* /*self*/, wl_keyboard* /*keyboard*/, std::int32_t /*rate*/,
                           std::int32_t /*delay*/) {},
     };
     m_keyboard.reset(wl_seat_get_keyboard(m_seat.get()));
     wl_keyboard_add_listener(m_keyboard.get(), &listener, this);
+}
+
+void WaylandKeyboard::setLayout(unsigned int layout) {
+    m_layout = layout;
+    const auto keys = std::exchange(m_heldKeys, std::nullopt);
+    if (!keys || !m_keymap) {
+        return;
+    }
+    QString held;
+    for (const std::uint32_t key : *keys) {
+        held += letterOf(*m_keymap, key + keyOffset, layout);
+    }
+    Q_EMIT entered(held);
 }
 
 void WaylandKeyboard::read(std::uint32_t format, int file, std::uint32_t size) {

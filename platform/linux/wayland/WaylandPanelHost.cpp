@@ -21,8 +21,9 @@ void WaylandPanelHost::prepareToolkit() {
     qputenv("QT_WAYLAND_FRAME_CALLBACK_TIMEOUT", "0");
 }
 
-WaylandPanelHost::WaylandPanelHost(const WaylandConnection& connection)
-    : m_connection(connection) {}
+WaylandPanelHost::WaylandPanelHost(const WaylandConnection& connection,
+                                   const WaylandKeyboard& keyboard)
+    : m_connection(connection), m_keyboard(keyboard) {}
 
 Qt::WindowFlags WaylandPanelHost::windowFlags() const {
     const Qt::WindowFlags flags = Qt::Window | Qt::FramelessWindowHint;
@@ -31,10 +32,10 @@ Qt::WindowFlags WaylandPanelHost::windowFlags() const {
 
 std::unique_ptr<PanelSurface> WaylandPanelHost::makeSurface(const PanelContent& content) {
     if (!hasLayers()) {
-        return std::make_unique<ToplevelPanelSurface>(content, m_connection);
+        return std::make_unique<ToplevelPanelSurface>(content, m_connection, m_keyboard);
     }
     return std::make_unique<LayerPanelSurface>(
-        content, m_connection,
+        content, m_connection, m_keyboard,
         WaylandPointer<zwlr_layer_shell_v1>(m_connection.globals().bind<zwlr_layer_shell_v1>(
             zwlr_layer_shell_v1_interface, shellVersions)));
 }

@@ -2,6 +2,7 @@
 
 #include "platform/PanelHost.h"
 #include "platform/linux/wayland/WaylandConnection.h"
+#include "platform/linux/wayland/WaylandKeyboard.h"
 
 namespace quorvantel::platform {
 
@@ -12,8 +13,8 @@ public:
     /// the application object exists.
     static void prepareToolkit();
 
-    /// `connection` must outlive the host.
-    explicit WaylandPanelHost(const WaylandConnection& connection);
+    /// Both must outlive the host.
+    WaylandPanelHost(const WaylandConnection& connection, const WaylandKeyboard& keyboard);
 
     Qt::WindowFlags windowFlags() const override;
     std::unique_ptr<PanelSurface> makeSurface(const PanelContent& content) override;
@@ -22,6 +23,7 @@ private:
     bool hasLayers() const;
 
     const WaylandConnection& m_connection;
+    const WaylandKeyboard& m_keyboard;
 };
 
 } // namespace quorvantel::platform

@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWindow>
+#include <qpa/qwindowsysteminterface.h>
 
 #include <chrono>
 #include <utility>
@@ -19,7 +20,8 @@ constexpr auto menuClosing = 300ms;
 } // namespace
 
 WaylandPanelSurface::WaylandPanelSurface(const PanelContent& content,
-                                         const WaylandConnection& connection)
+                                         const WaylandConnection& connection,
+                                         const WaylandKeyboard& keyboard)
     : m_content(content.window),
       m_shadow(content.cornerRadius),
       m_mouse(content.window, connection) {
@@ -28,6 +30,12 @@ WaylandPanelSurface::WaylandPanelSurface(const PanelContent& content,
     m_focusCheck.setSingleShot(true);
     connect(&m_focusCheck, &QTimer::timeout, this, &WaylandPanelSurface::checkFocus);
     connect(&m_content, &QWindow::screenChanged, this, &WaylandPanelSurface::tellScreen);
+    connect(&keyboard, &WaylandKeyboard::entered, this, [this, &keyboard](const QString& held) {
+        if (keyboard.focus() == WaylandConnection::surfaceOf(m_content) &&
+            std::exchange(m_awaitsKeyboard, false)) {
+            typeHeld(held);
+        }
+    });
 }
 
 void WaylandPanelSurface::paintAround(QPainter& painter) {
@@ -37,11 +45,13 @@ void WaylandPanelSurface::paintAround(QPainter& painter) {
 
 void WaylandPanelSurface::begin() {
     m_awaitsFirstFrame = m_awaitsFirstFrame || !m_isVisible;
+    m_awaitsKeyboard = m_awaitsKeyboard || !m_isVisible;
     m_isVisible = true;
 }
 
 void WaylandPanelSurface::end() {
     m_isVisible = false;
+    m_awaitsKeyboard = false;
     forgetKeyboard();
     endFirstFrame();
 }
@@ -55,6 +65,16 @@ void WaylandPanelSurface::loseKeyboard() {
 void WaylandPanelSurface::tellScreen() {
     if (const QScreen* const screen = m_content.screen(); screen != nullptr && m_isVisible) {
         Q_EMIT screenChosen({screen->name()});
+    }
+}
+
+void WaylandPanelSurface::typeHeld(const QString& letters) {
+    // Of itself a key that is down when a surface gets the keyboard types nothing there. But what
+    // is typed between the hotkey and the panel's first frame is meant for the panel, and is down
+    // for longer than that takes. In the window system's queue it comes before all later keys.
+    for (const QChar letter : letters) {
+        QWindowSystemInterface::handleKeyEvent(&m_content, QEvent::KeyPress,
+                                               letter.toUpper().unicode(), Qt::NoModifier, letter);
     }
 }
 

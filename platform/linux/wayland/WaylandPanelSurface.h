@@ -4,6 +4,7 @@
 #include "platform/PanelSurface.h"
 #include "platform/linux/gui/PanelShadow.h"
 #include "platform/linux/wayland/SurfaceMouse.h"
+#include "platform/linux/wayland/WaylandKeyboard.h"
 
 #include <QTimer>
 
@@ -16,8 +17,9 @@ class WaylandPanelSurface : public PanelSurface {
     Q_OBJECT
 
 public:
-    /// `connection` must outlive the surface.
-    WaylandPanelSurface(const PanelContent& content, const WaylandConnection& connection);
+    /// `connection` must outlive the surface, and `keyboard` its making.
+    WaylandPanelSurface(const PanelContent& content, const WaylandConnection& connection,
+                        const WaylandKeyboard& keyboard);
 
     bool isVisible() const final { return m_isVisible; }
     bool awaitsFirstFrame() const final { return m_awaitsFirstFrame; }
@@ -47,6 +49,7 @@ protected:
 
 private:
     void tellScreen();
+    void typeHeld(const QString& letters);
     void endFirstFrame();
     void focusChanged(const QWindow* focused);
     void checkFocus();
@@ -56,6 +59,8 @@ private:
     SurfaceMouse m_mouse;
     bool m_isVisible = false;
     bool m_awaitsFirstFrame = false;
+    /// Has not got the keyboard since it was shown.
+    bool m_awaitsKeyboard = false;
     /// Has got the keyboard since it was shown, and neither given it back nor lost it.
     bool m_hasKeyboard = false;
     /// Whether it was a menu that last got the focus.
