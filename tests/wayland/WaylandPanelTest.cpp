@@ -150,6 +150,17 @@ TEST_P(WaylandPanelTest, LosesTheKeyboardToAClickElsewhereThatReachesItsTarget) 
     panel.surface().hide();
     EXPECT_TRUE(waitUntil([&] { return desktop.client.isActive(); }));
     EXPECT_EQ(lost.count(), 1);
+
+    // On the bare desktop.
+    if (program() == QStringLiteral("sway")) {
+        desktop.compositor.command(QStringLiteral("workspace 2"));
+    }
+    panel.summon();
+    ASSERT_TRUE(waitUntil([&] { return panel.isActiveWindow(); }));
+    EXPECT_TRUE(waitUntil([&] {
+        desktop.input.click({20, 580});
+        return lost.count() == 2;
+    }));
 }
 
 TEST_P(WaylandPanelTest, GrowsAndMovesWithItsTopEdgeExactAtEveryScale) {

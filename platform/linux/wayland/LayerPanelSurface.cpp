@@ -37,11 +37,16 @@ LayerPanelSurface::LayerPanelSurface(const PanelContent& content,
       m_connection(connection),
       m_shell(std::move(shell)),
       m_toplevels(connection.globals()),
+      m_desktopClicks(connection, *m_shell),
       m_blur(connection),
       m_popups(*this, connection, [this](wl_surface& popup) { return makeRole(popup); }) {
     // Compositors of sway's kind are known by it.
     mouse().setFixedWhilePressed(m_toplevels.isAvailable());
     connect(&m_toplevels, &ForeignToplevels::activated, this, [this] { loseKeyboard(); });
+    connect(&m_desktopClicks, &DesktopClicks::clicked, this, [this] { loseKeyboard(); });
+    // After the panel, which is not to wait for what it takes.
+    connect(this, &PanelSurface::firstFrameDrawn, this, &LayerPanelSurface::watchDesktop,
+            Qt::QueuedConnection);
     connect(&m_popups, &PanelPopups::changed, this, [this] {
         if (isVisible() && m_role) {
             fitLayer();
@@ -99,6 +104,7 @@ void LayerPanelSurface::hide() {
     } else {
         dropRole();
     }
+    m_desktopClicks.end();
     end();
 }
 
@@ -109,6 +115,12 @@ void LayerPanelSurface::releaseKeyboard() {
         commit();
     } else {
         dropRole();
+    }
+}
+
+void LayerPanelSurface::watchDesktop() {
+    if (isVisible()) {
+        m_desktopClicks.begin();
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/wayland/DesktopClicks.h"
 #include "platform/linux/wayland/ForeignToplevels.h"
 #include "platform/linux/wayland/LayerSurface.h"
 #include "platform/linux/wayland/PanelPopups.h"
@@ -44,6 +45,7 @@ protected:
     QRect panelRect() const override;
 
 private:
+    void watchDesktop();
     bool takeRole();
     std::unique_ptr<LayerSurface> makeRole(wl_surface& surface) const;
     void dropRole();
@@ -66,6 +68,7 @@ private:
     const WaylandConnection& m_connection;
     WaylandPointer<zwlr_layer_shell_v1> m_shell;
     ForeignToplevels m_toplevels;
+    DesktopClicks m_desktopClicks;
     WaylandBlur m_blur;
     PanelPopups m_popups;
     std::unique_ptr<LayerSurface> m_role;

@@ -73,6 +73,7 @@ bool LayerSurface::awaitConfigure(wl_display& display, std::chrono::milliseconds
 void LayerSurface::configure(std::uint32_t serial) {
     m_isConfigured = true;
     zwlr_layer_surface_v1_ack_configure(m_role.get(), serial);
+    Q_EMIT configured();
 }
 
 void LayerSurface::close() {

@@ -50,6 +50,9 @@ public:
     bool awaitConfigure(wl_display& display, std::chrono::milliseconds timeout = configureTimeout);
 
 Q_SIGNALS:
+    /// The compositor lets the surface be drawn, for the first time or with another size.
+    void configured();
+
     /// The compositor shows the surface no longer, because its output is gone for instance.
     void closed();
 

@@ -2,6 +2,7 @@
 
 #include "blur-client-protocol.h"
 #include "keyboard-shortcuts-inhibit-unstable-v1-client-protocol.h"
+#include "viewporter-client-protocol.h"
 #include "wlr-foreign-toplevel-management-unstable-v1-client-protocol.h"
 #include "wlr-layer-shell-unstable-v1-client-protocol.h"
 #include "xdg-activation-v1-client-protocol.h"
@@ -16,6 +17,10 @@ void WaylandDeleter::operator()(org_kde_kwin_blur* object) const {
 
 void WaylandDeleter::operator()(org_kde_kwin_blur_manager* object) const {
     org_kde_kwin_blur_manager_destroy(object);
+}
+
+void WaylandDeleter::operator()(wl_buffer* object) const {
+    wl_buffer_destroy(object);
 }
 
 void WaylandDeleter::operator()(wl_callback* object) const {
@@ -67,6 +72,22 @@ void WaylandDeleter::operator()(wl_seat* object) const {
     } else {
         wl_seat_destroy(object);
     }
+}
+
+void WaylandDeleter::operator()(wl_shm* object) const {
+    wl_shm_destroy(object);
+}
+
+void WaylandDeleter::operator()(wl_shm_pool* object) const {
+    wl_shm_pool_destroy(object);
+}
+
+void WaylandDeleter::operator()(wp_viewport* object) const {
+    wp_viewport_destroy(object);
+}
+
+void WaylandDeleter::operator()(wp_viewporter* object) const {
+    wp_viewporter_destroy(object);
 }
 
 void WaylandDeleter::operator()(xdg_activation_token_v1* object) const {

@@ -4,6 +4,7 @@
 
 struct org_kde_kwin_blur;
 struct org_kde_kwin_blur_manager;
+struct wl_buffer;
 struct wl_callback;
 struct wl_compositor;
 struct wl_display;
@@ -14,6 +15,10 @@ struct wl_pointer;
 struct wl_region;
 struct wl_registry;
 struct wl_seat;
+struct wl_shm;
+struct wl_shm_pool;
+struct wp_viewport;
+struct wp_viewporter;
 struct xdg_activation_token_v1;
 struct xdg_activation_v1;
 struct zwlr_foreign_toplevel_handle_v1;
@@ -29,6 +34,7 @@ namespace quorvantel::platform {
 struct WaylandDeleter {
     void operator()(org_kde_kwin_blur* object) const;
     void operator()(org_kde_kwin_blur_manager* object) const;
+    void operator()(wl_buffer* object) const;
     void operator()(wl_callback* object) const;
     void operator()(wl_compositor* object) const;
     void operator()(wl_event_queue* object) const;
@@ -38,6 +44,10 @@ struct WaylandDeleter {
     void operator()(wl_region* object) const;
     void operator()(wl_registry* object) const;
     void operator()(wl_seat* object) const;
+    void operator()(wl_shm* object) const;
+    void operator()(wl_shm_pool* object) const;
+    void operator()(wp_viewport* object) const;
+    void operator()(wp_viewporter* object) const;
     void operator()(xdg_activation_token_v1* object) const;
     void operator()(xdg_activation_v1* object) const;
     void operator()(zwlr_foreign_toplevel_handle_v1* object) const;
