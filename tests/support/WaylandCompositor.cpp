@@ -178,14 +178,21 @@ ChildProcess::Launch WaylandCompositor::launch() const {
         return launch;
     }
     if (m_options.program == u"sway"_s) {
-        writeFile(m_folder.filePath(u"config"_s),
-                  u"xwayland disable\nfocus_follows_mouse no\ndefault_border none\n"
-                  "output * resolution %1x%2 scale %3\n"_s.arg(m_options.pixels.width())
-                      .arg(m_options.pixels.height())
-                      .arg(m_options.scale));
+        QString config = u"xwayland disable\nfocus_follows_mouse no\ndefault_border none\n"_s;
+        if (m_options.host == nullptr) {
+            config += u"output * resolution %1x%2 scale %3\n"_s.arg(m_options.pixels.width())
+                          .arg(m_options.pixels.height())
+                          .arg(m_options.scale);
+            launch.environment.insert(u"WLR_BACKENDS"_s, u"headless"_s);
+        } else {
+            launch.environment.insert(u"WLR_BACKENDS"_s, u"wayland"_s);
+            launch.environment.insert(u"WAYLAND_DISPLAY"_s, m_options.host->display());
+        }
+        writeFile(m_folder.filePath(u"config"_s), config);
         launch.arguments = {u"--config"_s, m_folder.filePath(u"config"_s)};
-        launch.environment.insert(u"WLR_BACKENDS"_s, u"headless"_s);
-        launch.environment.insert(u"WLR_HEADLESS_OUTPUTS"_s, QString::number(m_options.outputs));
+        for (const QString& outputs : {u"WLR_HEADLESS_OUTPUTS"_s, u"WLR_WL_OUTPUTS"_s}) {
+            launch.environment.insert(outputs, QString::number(m_options.outputs));
+        }
         launch.environment.insert(u"WLR_LIBINPUT_NO_DEVICES"_s, u"1"_s);
         launch.environment.insert(u"WLR_RENDERER"_s, u"pixman"_s);
         return launch;

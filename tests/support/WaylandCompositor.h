@@ -20,6 +20,8 @@ public:
         QSize pixels = {1280, 800};               ///< Of each output.
         double scale = 1;                         ///< A whole number with GNOME.
         int outputs = 1;                          ///< Side by side.
+        /// In whose windows sway shows its outputs, if not nowhere.
+        const WaylandCompositor* host = nullptr;
     };
 
     /// Returns once the compositor accepts clients. Throws std::runtime_error when it does not.

@@ -207,6 +207,32 @@ TEST_P(WaylandPanelTest, IsShownOnTheOutputThatTheCompositorPicksOrOnThatOfItsPl
     EXPECT_GE(chosen.count(), 2);
 }
 
+TEST(WaylandPanelOnSwayTest, OutlivesItsOutput) {
+    const WaylandCompositor host({.pixels = {1280, 800}});
+    Desktop desktop({.pixels = {640, 800}, .outputs = 2, .host = &host});
+    Content& panel = *desktop.content;
+    QSignalSpy closings(&panel.surface(), &PanelSurface::closeRequested);
+    for (const auto& name : {QStringLiteral("WL-1"), QStringLiteral("WL-2")}) {
+        panel.place({{{name}}, panelFrame});
+        panel.summon();
+        ASSERT_TRUE(waitUntil([&] { return panel.isActiveWindow(); }));
+        host.command(QStringLiteral("[title=\"%1\"] kill").arg(name));
+        EXPECT_TRUE(closings.wait()) << name.toStdString();
+        panel.surface().hide();
+    }
+    panel.place({{}, panelFrame});
+    panel.summon();
+    EXPECT_FALSE(panel.surface().isVisible());
+    desktop.compositor.command(QStringLiteral("create_output"));
+    EXPECT_TRUE(waitUntil([&] {
+        panel.summon();
+        return panel.surface().isVisible();
+    }));
+    ASSERT_TRUE(waitUntil([&] { return panel.isActiveWindow(); }));
+    desktop.input.type("a");
+    EXPECT_TRUE(waitUntil([&] { return panel.text() == QStringLiteral("a"); }));
+}
+
 TEST(WaylandPanelOnKWinTest, DoesWithoutACompositorThatDoesNotAnswer) {
     Desktop desktop({.program = QStringLiteral("kwin_wayland"), .pixels = output});
     Content& panel = *desktop.content;

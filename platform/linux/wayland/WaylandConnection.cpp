@@ -5,6 +5,7 @@
 #include <QScreen>
 #include <QWindow>
 #include <qpa/qplatformnativeinterface.h>
+#include <qpa/qplatformscreen.h>
 
 #include <wayland-client-protocol.h>
 
@@ -40,6 +41,10 @@ wl_surface* WaylandConnection::surfaceOf(QWindow& window) {
 }
 
 wl_output* WaylandConnection::outputOf(QScreen& screen) {
+    // While the compositor has no outputs, Qt makes a screen up.
+    if (screen.handle()->isPlaceholder()) {
+        return nullptr;
+    }
     return static_cast<wl_output*>(
         toolkit().nativeResourceForScreen(QByteArrayLiteral("output"), &screen));
 }

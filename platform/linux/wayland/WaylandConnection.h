@@ -27,6 +27,7 @@ public:
 
     /// The surface of a window; null while the window has none.
     static wl_surface* surfaceOf(QWindow& window);
+    /// Null for a screen that stands in for none.
     static wl_output* outputOf(QScreen& screen);
 
     WaylandPointer<wl_region> makeRegion(const QRegion& region) const;
