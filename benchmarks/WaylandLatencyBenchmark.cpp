@@ -37,27 +37,33 @@ std::uint32_t now() {
         duration_cast<microseconds>(system_clock::now().time_since_epoch()).count());
 }
 
-/// When the compositor asked for the next frame after the one that was committed first after
-/// `trigger`, as the log of the launcher's connection has it, as a time after `trigger`.
+/// When the compositor called back for the first picture of the panel after `trigger`, as the log
+/// of the launcher's connection has it, as a time after `trigger`.
 Milliseconds timeToFrame(const QByteArray& log, std::uint32_t trigger) {
     static const QRegularExpression line(u"^\\[ *(\\d+)\\.(\\d+)\\] (.*)$"_s);
-    // The callback of a frame has the time in milliseconds, that of a synchronization a small
-    // number.
-    static const QRegularExpression frame(u"^wl_callback@\\d+\\.done\\(\\d{6,}\\)$"_s);
+    static const QRegularExpression question(
+        u"^ -> (wl_surface@\\d+)\\.frame\\(new id (wl_callback@\\d+)\\)$"_s);
+    static const QRegularExpression picture(u"^ -> (wl_surface@\\d+)\\.attach\\(wl_buffer"_s);
     bool isShowing = false;
-    bool isDrawn = false;
-    bool isCommitted = false;
+    // The toolkit asks for the callback of a picture before it attaches it, or has one to come for
+    // an earlier picture that was not seen.
+    QHash<QString, QString> callbacks;
+    QString answer;
     for (const QByteArray& text : log.split('\n')) {
         const auto match = line.match(QString::fromUtf8(text));
         const std::uint32_t stamp = match.captured(1).toUInt() * 1000 + match.captured(2).toUInt();
         const QString message = match.captured(3);
+        if (const auto asked = question.match(message); asked.hasMatch()) {
+            callbacks.insert(asked.captured(1), asked.captured(2));
+        }
         if (!match.hasMatch() || static_cast<std::int32_t>(stamp - trigger) < 0) {
             continue;
         }
         isShowing = isShowing || message.contains(u".set_keyboard_interactivity(1)"_s);
-        isDrawn = isDrawn || (isShowing && message.contains(u".attach(wl_buffer"_s));
-        isCommitted = isCommitted || (isDrawn && message.endsWith(u".commit()"_s));
-        if (isCommitted && frame.match(message).hasMatch()) {
+        if (const auto drawn = picture.match(message);
+            isShowing && answer.isEmpty() && drawn.hasMatch()) {
+            answer = callbacks.value(drawn.captured(1)) + u".done("_s;
+        } else if (!answer.isEmpty() && message.startsWith(answer)) {
             return std::chrono::microseconds(stamp - trigger);
         }
     }
