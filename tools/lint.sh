@@ -37,7 +37,7 @@ elif ((${#sources[@]} == 0)); then
     mapfile -t sources < <(git ls-files '*.cpp' | linted)
 fi
 status=0
-shellcheck -x .ci/run tools/*.sh || status=1
+shellcheck -x .ci/run tools/*.sh tools/tour/*.sh || status=1
 if ((${#sources[@]} > 0)); then
     printf '%s\0' "${sources[@]}" |
         xargs -0 -P "$(nproc)" -n 4 clang-tidy --quiet -p build/lint || status=1

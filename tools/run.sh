@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds the launcher and starts it. Without a display it gives a tour of it instead: on an X server
-# of its own, with real key presses, leaving pictures in build/tour/.
+# of its own and in a sway of its own, with real key presses, leaving pictures in build/tour/.
 #
 #   tools/run.sh
 set -euo pipefail
@@ -15,5 +15,6 @@ fi
 
 echo "No display here, so this is a tour."
 tools/install-packages.sh build run test
-build release OFF quorvantel
-exec tools/tour.sh build/release/bin/quorvantel
+build release ON quorvantel wayland_input
+tools/tour.sh x11
+tools/tour.sh sway

@@ -1,21 +1,26 @@
 #!/usr/bin/env bash
-# Shows the launcher at work where there is no display: starts the real program on an X server of
-# its own and uses it with real key presses. Every step is checked by what it did; the first that
-# did not do it ends the tour.
+# Shows the launcher at work where there is no display: starts the real program on a desktop of its
+# own, an X server or sway, and uses it with real key presses. Every step is checked by what it did;
+# the first that did not do it ends the tour.
 #
-#   tools/tour.sh [program]        build/release/bin/quorvantel by default
+#   tools/tour.sh [x11|sway] [program]        build/release/bin/quorvantel on X11 by default
 #
-# Leaves pictures and a log in build/tour/. Exits with 0 only when every step held.
+# Leaves pictures and a log in build/tour/x11/ or build/tour/sway/. Exits with 0 only when every step
+# held.
 set -euo pipefail
 # shellcheck source=tools/common.sh
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
+desktop=x11
+if [[ ${1:-} == x11 || ${1:-} == sway ]]; then
+    desktop=$1
+    shift
+fi
 program="$(realpath "${1:-build/release/bin/quorvantel}")"
-output="$PWD/build/tour"
+output="$PWD/build/tour/$desktop"
 stage="$(mktemp -d)"
 processes=()
 launcher=
-panel=
 picture_number=0
 
 # Ends what this script started, the last first, and nothing else.
@@ -62,7 +67,7 @@ picture() {
     file="$output/$(printf '%02d' "$picture_number")-$1.png"
     # What was just changed is drawn a moment later.
     sleep 0.3
-    import -silent -window root "$file"
+    take_picture "$file"
     say "    picture: ${file#"$PWD/"}"
 }
 
@@ -70,16 +75,9 @@ start_desktop() {
     export HOME="$stage/home" XDG_RUNTIME_DIR="$stage/run"
     export XDG_DATA_HOME="$HOME/.local/share" XDG_CONFIG_HOME="$HOME/.config"
     export XDG_CACHE_HOME="$HOME/.cache" XDG_DATA_DIRS="$stage/share" LC_ALL=C.UTF-8
-    unset WAYLAND_DISPLAY XDG_CURRENT_DESKTOP QT_QPA_PLATFORM
+    unset DISPLAY WAYLAND_DISPLAY XDG_CURRENT_DESKTOP QT_QPA_PLATFORM
     mkdir -p "$XDG_DATA_HOME/applications" "$XDG_CONFIG_HOME" "$stage/proofs" "$XDG_DATA_DIRS"
     mkdir -m 700 "$XDG_RUNTIME_DIR"
-
-    Xvfb -displayfd 3 -screen 0 1280x800x24 -dpi 96 -noreset -nolisten tcp \
-        3>"$stage/display" 2>"$output/xserver.log" &
-    processes+=($!)
-    until_true "The X server does not start" test -s "$stage/display"
-    DISPLAY=":$(<"$stage/display")"
-    export DISPLAY
 
     dbus-daemon --session --nofork --nopidfile --address="unix:dir=$XDG_RUNTIME_DIR" \
         --print-address=3 3>"$stage/bus" 2>"$output/bus.log" &
@@ -87,15 +85,7 @@ start_desktop() {
     until_true "The session bus does not start" test -s "$stage/bus"
     DBUS_SESSION_BUS_ADDRESS="$(<"$stage/bus")"
     export DBUS_SESSION_BUS_ADDRESS
-
-    XDG_DATA_DIRS=/usr/share openbox --sm-disable >"$output/openbox.log" 2>&1 &
-    processes+=($!)
-    until_true "The window manager does not start" window_manager_runs
-    xsetroot -solid '#3b4252'
-}
-
-window_manager_runs() {
-    xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'
+    start_display
 }
 
 # add_application ID NAME COLOUR: an application that proves each of its runs by a line in a file.
@@ -132,9 +122,7 @@ start_launcher() {
     "$program" 2>>"$output/launcher.log" &
     launcher=$!
     processes+=("$launcher")
-    until_true "The launcher does not say how to summon it" \
-        grep -q '^Quorvantel: press ' "$output/launcher.log"
-    say "    $(grep -m 1 '^Quorvantel: press ' "$output/launcher.log")"
+    until_true "The launcher does not say how to summon it" bind_hotkey
 }
 
 stop_launcher() {
@@ -156,30 +144,12 @@ has_run_times() {
     (($(runs_of "$1") == $2))
 }
 
-# Sets `panel` to the launcher's visible window.
-panel_is_shown() {
-    panel="$(xdotool search --onlyvisible --pid "$launcher" 2>/dev/null | head -n 1)"
-    [[ -n $panel ]]
-}
-
 panel_is_hidden() {
     ! panel_is_shown
 }
 
-panel_height() {
-    xdotool getwindowgeometry --shell "$panel" | sed -n 's/^HEIGHT=//p'
-}
-
-panel_lists_results() {
-    (($(panel_height) > 56))
-}
-
-panel_is_empty() {
-    (($(panel_height) == 56))
-}
-
 summon() {
-    xdotool key alt+super+space
+    press alt super space
     until_true "The hotkey does not summon the panel" panel_is_shown
     until_true "The panel does not start empty" panel_is_empty
     # The panel takes the keyboard right after it is shown.
@@ -187,7 +157,7 @@ summon() {
 }
 
 search() {
-    xdotool type --delay 60 "$1"
+    type_text "$1"
     until_true "Typing '$1' lists nothing" panel_lists_results
 }
 
@@ -195,7 +165,7 @@ search() {
 launches() {
     local before
     before="$(runs_of "$1")"
-    xdotool key Return
+    press Return
     until_true "Return does not launch $1" has_run_times "$1" $((before + 1))
     until_true "The panel stays after a launch" panel_is_hidden
     say "    launched: $(tail -n 1 "$stage/proofs/$1")"
@@ -219,13 +189,13 @@ tour() {
     say "• Summon it again, move the selection down, launch Castle Attack"
     summon
     search calc
-    xdotool key Down
+    press Down
     picture second-result
     launches castle-attack
     say "• Once more: it is still the second"
     summon
     search calc
-    xdotool key Down
+    press Down
     launches castle-attack
 
     say "• It has learned: 'calc' now finds Castle Attack first"
@@ -238,7 +208,7 @@ tour() {
     summon
     search ca
     picture other-search
-    xdotool key Escape
+    press Escape
     until_true "Escape does not dismiss the panel" panel_is_hidden
     picture dismissed
 
@@ -260,6 +230,8 @@ tour() {
     echo "There is no program at $program" >&2
     exit 1
 }
+# shellcheck source=tools/tour/x11.sh
+source "tools/tour/$desktop.sh"
 rm -rf "$output"
 mkdir -p "$output"
 start_desktop

@@ -56,7 +56,7 @@ cp "$package" "$root/opt/try/quorvantel.deb"
 
 step "Installing the package" "$out/install.log" \
     within apt-get install -y --no-install-recommends /opt/try/quorvantel.deb
-step "Taking the tour" "$out/tour.log" within bash /opt/try/tools/tour.sh /usr/bin/quorvantel
+step "Taking the tour" "$out/tour.log" within bash /opt/try/tools/tour.sh x11 /usr/bin/quorvantel
 rm -rf "$out/tour"
 cp -r "$root/opt/try/build/tour" "$out/"
 
