@@ -65,6 +65,16 @@ TEST(KeymapTest, TranslatesEveryKeyOfAnyLayoutButTheModifiers) {
     }
 }
 
+TEST(KeymapTest, ReadsTextOfAnySizeThatIsAKeyMapAndNoOther) {
+    const std::string text = "xkb_keymap { xkb_keycodes { <AC01> = 38; }; xkb_types {}; "
+                             "xkb_compatibility {}; xkb_symbols { key <AC01> { [ a ] }; }; };";
+    EXPECT_EQ(Keymap::fromText(std::string(1U << 20U, ' ') + text).value().symbol(38, 0, false),
+              XKB_KEY_a);
+    for (const auto& broken : {text.substr(0, 90), std::string(1U << 20U, '{'), std::string()}) {
+        EXPECT_EQ(Keymap::fromText(broken), std::nullopt);
+    }
+}
+
 TEST(KeymapTest, KnowsTheBitsOfTheModifiersAndLeavesOutTheLocks) {
     const KeyModifiers modifiers = keymapOf("us").modifiers();
     EXPECT_EQ(modifiers.bitsOf(HotKeyModifier::command | HotKeyModifier::option), 0x48);
