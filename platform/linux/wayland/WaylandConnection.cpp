@@ -1,5 +1,7 @@
 #include "platform/linux/wayland/WaylandConnection.h"
 
+#include "platform/linux/wayland/WaylandQueue.h"
+
 #include <QGuiApplication>
 #include <QRegion>
 #include <QScreen>
@@ -12,6 +14,9 @@
 namespace quorvantel::platform {
 
 namespace {
+
+/// Enough for a compositor that is busy.
+constexpr std::chrono::milliseconds patience{500};
 
 QPlatformNativeInterface& toolkit() {
     return *QGuiApplication::platformNativeInterface();
@@ -32,6 +37,17 @@ WaylandConnection::WaylandConnection(wl_display& display)
     : m_display(display),
       m_globals(display),
       m_compositor(m_globals.bind<wl_compositor>(wl_compositor_interface, {1, 4})) {}
+
+WaylandConnection::~WaylandConnection() {
+    // A thread of the toolkit's reads what comes, as soon as the main thread has announced that to
+    // the library. Ended between the two, Qt 6.4 never takes the announcement back, and its other
+    // thread waits for it for ever. To read an answer here is to wait for both.
+    bool isAnswered = false;
+    const std::function<void()> noteAnswer = [&isAnswered] { isAnswered = true; };
+    const auto answer = afterRequests(noteAnswer);
+    WaylandQueue queue(m_display, *reinterpret_cast<wl_proxy*>(answer.get()));
+    queue.dispatchUntil([&isAnswered] { return isAnswered; }, patience);
+}
 
 wl_surface* WaylandConnection::surfaceOf(QWindow& window) {
     // Qt would make a window that has none yet.

@@ -22,6 +22,13 @@ public:
     /// the application does not run on Wayland.
     static std::unique_ptr<WaylandConnection> ofToolkit();
 
+    WaylandConnection(const WaylandConnection&) = delete;
+    WaylandConnection& operator=(const WaylandConnection&) = delete;
+
+    /// Leaves the toolkit's connection as it is to be when the application object ends, before
+    /// which no events may be handled any more.
+    ~WaylandConnection();
+
     wl_display& display() const { return m_display; }
     const WaylandGlobals& globals() const { return m_globals; }
 
