@@ -99,6 +99,7 @@ void LayerPanelSurface::show() {
 }
 
 void LayerPanelSurface::hide() {
+    forgetKeyboard();
     if (m_role && isParkable()) {
         park();
     } else {

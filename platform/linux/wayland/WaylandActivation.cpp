@@ -14,7 +14,7 @@ namespace quorvantel::platform {
 namespace {
 
 /// A compositor that takes longer for a token is not worth waiting for.
-constexpr std::chrono::milliseconds patience{200};
+constexpr std::chrono::milliseconds patience{500};
 
 /// Runs something once, as soon as the window has been drawn on the screen.
 class WhenShown : public QObject {
@@ -49,11 +49,15 @@ private:
 /// A token that the compositor has been asked for.
 class WaylandActivation::Request {
 public:
-    Request(xdg_activation_token_v1* token, Announced announced)
-        : m_token(token), m_announced(std::move(announced)) {
+    explicit Request(xdg_activation_token_v1* token) : m_token(token) {
         xdg_activation_token_v1_add_listener(token, &listener, this);
         m_timeout.setSingleShot(true);
         m_timeout.callOnTimeout([this] { answer({}); });
+    }
+
+    /// To be called before the answer can come.
+    void announceTo(Announced announced) {
+        m_announced = std::move(announced);
         m_timeout.start(patience);
     }
 
@@ -96,6 +100,28 @@ void WaylandActivation::begin(const QByteArray& /*applicationName*/,
         return;
     }
     m_requests.remove_if([](const Request& request) { return request.isAnswered(); });
+    if (m_prepared.empty()) {
+        constexpr const char* suffix = ".desktop";
+        ask(m_prepared, desktopFileId.endsWith(suffix)
+                            ? desktopFileId.chopped(static_cast<qsizetype>(qstrlen(suffix)))
+                            : desktopFileId);
+    }
+    m_requests.splice(m_requests.end(), m_prepared);
+    m_requests.back().announceTo(std::move(announced));
+}
+
+void WaylandActivation::prepare() {
+    if (!m_activation) {
+        return;
+    }
+    m_prepared.clear();
+    ask(m_prepared, {});
+    // Those who want it ask for it before the event loop is reached, and with it the answer.
+    QMetaObject::invokeMethod(
+        this, [this] { m_prepared.clear(); }, Qt::QueuedConnection);
+}
+
+void WaylandActivation::ask(std::list<Request>& requests, const QByteArray& application) const {
     xdg_activation_token_v1* const token =
         xdg_activation_v1_get_activation_token(m_activation.get());
     if (m_serial.seat() != nullptr && m_serial.last() != 0) {
@@ -106,13 +132,10 @@ void WaylandActivation::begin(const QByteArray& /*applicationName*/,
             xdg_activation_token_v1_set_surface(token, surface);
         }
     }
-    constexpr const char* suffix = ".desktop";
-    const QByteArray application =
-        desktopFileId.endsWith(suffix)
-            ? desktopFileId.chopped(static_cast<qsizetype>(qstrlen(suffix)))
-            : desktopFileId;
-    xdg_activation_token_v1_set_app_id(token, application.constData());
-    m_requests.emplace_back(token, std::move(announced));
+    if (!application.isEmpty()) {
+        xdg_activation_token_v1_set_app_id(token, application.constData());
+    }
+    requests.emplace_back(token);
     xdg_activation_token_v1_commit(token);
     m_connection.flush();
 }

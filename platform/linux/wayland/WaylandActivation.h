@@ -35,6 +35,10 @@ public:
 
     void during(const CallerToken& token, const std::function<void()>& task) override;
 
+    /// Asks for a token while the launcher still has the keyboard, for what `begin` is called for
+    /// before the event loop is next reached.
+    void prepare();
+
     /// Brings a window to the front as soon as it is on the screen, with the caller's token or,
     /// when nobody called, with one for the user's last deed in the launcher.
     void activate(QWindow& window);
@@ -42,12 +46,15 @@ public:
 private:
     class Request;
 
+    void ask(std::list<Request>& requests, const QByteArray& application) const;
     void use(const QByteArray& token, QWindow& window);
 
     const WaylandConnection& m_connection;
     const WaylandUserSerial& m_serial;
     WaylandPointer<xdg_activation_v1> m_activation;
     std::list<Request> m_requests;
+    /// The one that `prepare` made, until it is used or given up.
+    std::list<Request> m_prepared;
     QByteArray m_callerToken;
 };
 

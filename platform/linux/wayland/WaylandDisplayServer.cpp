@@ -48,6 +48,8 @@ WaylandDisplayServer::WaylandDisplayServer(std::unique_ptr<WaylandConnection> co
       m_screens(*m_connection) {
     QObject::connect(&m_keyboard, &WaylandKeyboard::keymapChanged, &m_keyboard,
                      [this] { m_hotKeys.setKeymap(*m_keyboard.keymap()); });
+    // Without the keyboard the launcher has no right to bring another window to the front.
+    m_panelHost.beforeKeyboardReturns = [this] { m_activation.prepare(); };
 }
 
 bool WaylandDisplayServer::isGone() const {

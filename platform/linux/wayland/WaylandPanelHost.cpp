@@ -31,6 +31,16 @@ Qt::WindowFlags WaylandPanelHost::windowFlags() const {
 }
 
 std::unique_ptr<PanelSurface> WaylandPanelHost::makeSurface(const PanelContent& content) {
+    auto surface = makeKind(content);
+    QObject::connect(surface.get(), &WaylandPanelSurface::keyboardReturning, surface.get(), [this] {
+        if (beforeKeyboardReturns) {
+            beforeKeyboardReturns();
+        }
+    });
+    return surface;
+}
+
+std::unique_ptr<WaylandPanelSurface> WaylandPanelHost::makeKind(const PanelContent& content) const {
     if (!hasLayers()) {
         return std::make_unique<ToplevelPanelSurface>(content, m_connection, m_keyboard);
     }

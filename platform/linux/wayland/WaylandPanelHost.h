@@ -3,6 +3,9 @@
 #include "platform/PanelHost.h"
 #include "platform/linux/wayland/WaylandConnection.h"
 #include "platform/linux/wayland/WaylandKeyboard.h"
+#include "platform/linux/wayland/WaylandPanelSurface.h"
+
+#include <functional>
 
 namespace quorvantel::platform {
 
@@ -16,10 +19,14 @@ public:
     /// Both must outlive the host.
     WaylandPanelHost(const WaylandConnection& connection, const WaylandKeyboard& keyboard);
 
+    /// Called before the panel gives the keyboard back of itself.
+    std::function<void()> beforeKeyboardReturns;
+
     Qt::WindowFlags windowFlags() const override;
     std::unique_ptr<PanelSurface> makeSurface(const PanelContent& content) override;
 
 private:
+    std::unique_ptr<WaylandPanelSurface> makeKind(const PanelContent& content) const;
     bool hasLayers() const;
 
     const WaylandConnection& m_connection;

@@ -56,6 +56,12 @@ void WaylandPanelSurface::end() {
     endFirstFrame();
 }
 
+void WaylandPanelSurface::forgetKeyboard() {
+    if (std::exchange(m_hasKeyboard, false)) {
+        Q_EMIT keyboardReturning();
+    }
+}
+
 void WaylandPanelSurface::loseKeyboard() {
     if (std::exchange(m_hasKeyboard, false)) {
         Q_EMIT keyboardLost();

@@ -28,6 +28,10 @@ public:
     QPointF position(const QMouseEvent& event) const final { return m_mouse.position(event); }
     std::optional<QPointF> mousePosition() const final { return m_mouse.lastPosition(); }
 
+Q_SIGNALS:
+    /// The panel is about to give the keyboard back of itself.
+    void keyboardReturning();
+
 protected:
     QWindow& content() const { return m_content; }
     SurfaceMouse& mouse() { return m_mouse; }
@@ -42,7 +46,7 @@ protected:
     void end();
 
     /// The panel gives the keyboard back of itself.
-    void forgetKeyboard() { m_hasKeyboard = false; }
+    void forgetKeyboard();
 
     /// Says that the user turned to something else, if the panel has the keyboard.
     void loseKeyboard();
