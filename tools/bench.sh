@@ -23,8 +23,9 @@ fzy_repetitions=100
 write_package_list() {
     apt-cache dumpavail | awk '
         /^Package: / { name = $2 }
-        /^Description(-en)?: / { sub(/^[^:]*: /, ""); if (!seen[name]++) print name, $0 }' |
-        head -n 51000 >"$folder/packages"
+        /^Description(-en)?: / { sub(/^[^:]*: /, "")
+                                 if (!seen[name]++ && ++count <= 51000) print name, $0 }' \
+        >"$folder/packages"
     local count
     count=$(wc -l <"$folder/packages")
     awk -v step="$((count / 300 + 1))" 'NR % step == 1' "$folder/packages" >"$folder/sample"
