@@ -12,7 +12,6 @@ void drawFocusRing(QPainter& painter, const QRectF& frame, double cornerRadius,
                    const ThemeColor& color) {
     constexpr double width = 2;
     painter.save();
-    painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(color.toQColor(), width));
     painter.drawPath(continuousRoundedRect(
         frame.adjusted(width / 2, width / 2, -width / 2, -width / 2), cornerRadius));

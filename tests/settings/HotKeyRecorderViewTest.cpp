@@ -5,8 +5,11 @@
 #include "support/FakeLook.h"
 #include "support/ScriptedKeyCapture.h"
 #include "support/WithoutMotion.h"
+#include "theme/ControlColors.h"
+#include "theme/ControlPalette.h"
 
 #include <QAccessible>
+#include <QEnterEvent>
 #include <QLineEdit>
 #include <QTest>
 #include <QVBoxLayout>
@@ -76,7 +79,56 @@ TEST_F(HotKeyRecorderViewTest, ItsLightPulsesUnlessNothingIsToMove) {
     const testing::WithoutMotion still;
     startRecording();
     EXPECT_FALSE(isPulsing());
-    EXPECT_EQ(recorder.findChild<QVariantAnimation*>()->currentValue(), 1.0);
+    auto& light = *recorder.findChild<QVariantAnimation*>();
+    EXPECT_EQ(light.currentValue(), 1.0);
+    EXPECT_EQ(light.endValue(), 0.25);
+    EXPECT_EQ(light.duration(), 1400);
+    light.setCurrentTime(350);
+    EXPECT_GT(light.currentValue().toDouble(), 0.9) << "it does not set out slowly";
+}
+
+TEST_F(HotKeyRecorderViewTest, ItsFieldLightAndSymbolShowItsState) {
+    const ResolvedTheme& theme = look.theme.theme();
+    const ControlColors colors = controlColors(theme);
+    const testing::WithoutMotion still;
+    window.setPalette(controlPalette(theme));
+    const auto expect = [&](ThemeColor fill, double tint, const ThemeColor& border) {
+        fill.opacity = tint;
+        const QImage picture =
+            window.grab(QRect(recorder.mapTo(&window, QPoint()), QSize(240, 34))).toImage();
+        const QColor ground = testing::painted(theme.primaryBackground, fill);
+        EXPECT_EQ(picture.pixelColor(120, 3), ground) << tint;
+        const auto mark = [](const QImage& image, int x) { return image.pixelColor(x, 17); };
+        const auto solid = [&](const ThemeColor& color) {
+            return testing::painted(theme.primaryBackground, color);
+        };
+        EXPECT_EQ(mark(picture, 0), solid(border)) << tint;
+        EXPECT_EQ(mark(picture, 239), solid(border)) << tint;
+        for (const int x : {1, 11, 238}) {
+            EXPECT_EQ(mark(picture, x), ground) << x;
+        }
+        if (recorder.state().isRecording()) {
+            EXPECT_EQ(mark(picture, 13), solid(colors.accent));
+            EXPECT_EQ(mark(picture, 18), solid(colors.accent));
+            EXPECT_EQ(mark(picture, 20), ground);
+        }
+        const testing::DrawnTexts drawn(recorder);
+        EXPECT_EQ(drawn.pictures().at(0), QRectF(215, 11, 13, 13));
+        EXPECT_EQ(drawn.texts().at(0).start.x(), recorder.state().isRecording() ? 28 : 12);
+        EXPECT_EQ(drawn.texts()[0].size, 13);
+        EXPECT_EQ(
+            drawn.texts()[0].color,
+            (recorder.state().isRecording() ? colors.secondary : theme.primaryText).toQColor());
+    };
+    ASSERT_EQ(recorder.sizeHint(), QSize(240, 34));
+    expect(theme.primaryText, 0.06, colors.outline);
+    startRecording();
+    expect(theme.accent, 0.1, colors.accent);
+    keyboard.press({40, 0});
+    expect(theme.primaryText, 0.06, colors.warning);
+    QEnterEvent enter({5, 5}, {5, 5}, {5, 5});
+    QCoreApplication::sendEvent(&recorder, &enter);
+    expect(theme.primaryText, 0.08, colors.warning);
 }
 
 TEST_F(HotKeyRecorderViewTest, StoresTheNextCombination) {

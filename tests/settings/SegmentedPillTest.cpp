@@ -1,8 +1,10 @@
 #include "settings/SegmentedPill.h"
 
+#include "support/DrawnTexts.h"
 #include "support/FakeLook.h"
 #include "support/WaitUntil.h"
 #include "support/WithoutMotion.h"
+#include "theme/InterfaceFont.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -80,6 +82,39 @@ TEST_F(SegmentedPillTest, LabelsFitAndSegmentsFillThePill) {
         EXPECT_EQ(segment(1)->geometry().left(), segment(0)->geometry().right() + 1);
         EXPECT_EQ(segment(2)->geometry().right(), width - 3);
     }
+}
+
+TEST_F(SegmentedPillTest, TheSelectedSegmentStandsOutFromTheOthers) {
+    pill.setSelection(1);
+    const ResolvedTheme& theme = look.theme.theme();
+    const QImage picture = pill.grab().toImage();
+    const auto color = [&](const QPoint& place) { return picture.pixelColor(place); };
+    const QRect frame = segmentFrame().toRect();
+    EXPECT_EQ(frame.top(), 2);
+    EXPECT_EQ(frame.bottom(), pill.height() - 3);
+    const int middle = frame.center().y();
+    for (const int inside : {frame.left(), frame.right()}) {
+        EXPECT_EQ(color({inside, middle}), theme.accent.toQColor());
+    }
+    for (const QPoint outside :
+         {QPoint(frame.left() - 1, middle), QPoint(frame.right() + 1, middle),
+          QPoint(frame.center().x(), 1)}) {
+        EXPECT_EQ(color(outside), theme.elevatedBackground.toQColor());
+    }
+    const testing::DrawnTexts drawn(pill);
+    ASSERT_EQ(drawn.texts().size(), 3U);
+    for (int index = 0; index < 3; ++index) {
+        const auto& text = drawn.texts()[static_cast<std::size_t>(index)];
+        const bool isSelected = index == 1;
+        EXPECT_EQ(text.size, 13);
+        EXPECT_EQ(text.color,
+                  (isSelected ? look.theme.textOnAccent() : theme.secondaryText).toQColor());
+        const QFontMetrics metrics(interfaceFont(13, QFont::DemiBold));
+        EXPECT_EQ(segment(index)->sizeHint(),
+                  QSize(metrics.horizontalAdvance(text.text) + 24, metrics.height() + 8));
+    }
+    QTest::mouseClick(segment(0), Qt::LeftButton, {}, {0, 0});
+    EXPECT_EQ(pill.selection(), 0) << "a click beside its text counts";
 }
 
 TEST_F(SegmentedPillTest, IsAGroupOfRadioButtonsOfWhichTheTabKeyReachesTheSelectedOne) {

@@ -1,87 +1,15 @@
-#include "settings/CopyableText.h"
-#include "settings/FCPToolbarButtonStyle.h"
-#include "settings/HotKeyRecorderView.h"
-#include "settings/PlainButton.h"
-#include "settings/SegmentedPill.h"
-#include "settings/SettingsText.h"
-#include "settings/SettingsWindowController.h"
+#include "settings/SettingsWindowFixture.h"
 #include "support/DrawnTexts.h"
-#include "support/FakeHotKeys.h"
-#include "support/FakeLook.h"
-#include "support/FakeScreens.h"
-#include "support/FakeWindowActivator.h"
-#include "support/FakeWindowFrame.h"
-#include "support/ScriptedKeyCapture.h"
 
 #include <QAccessible>
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QMessageBox>
-#include <QTemporaryDir>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <functional>
 
 namespace quorvantel {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-class SettingsWindowTest : public ::testing::Test {
-protected:
-    SettingsView& show() {
-        controller.show(learned);
-        EXPECT_TRUE(QTest::qWaitForWindowActive(controller.window()));
-        return *controller.window();
-    }
-
-    template <typename Button>
-    Button* button(const QString& text) {
-        const auto buttons = controller.window()->findChildren<Button*>();
-        const auto found = std::ranges::find(buttons, text, &Button::text);
-        return found == buttons.end() ? nullptr : *found;
-    }
-
-    HotKeyRecorderView& recorder() {
-        return *controller.window()->findChild<HotKeyRecorderView*>();
-    }
-
-    PlainButton* resetButton() { return button<PlainButton>(u"Reset to default (⌃⌥⌘Space)"_s); }
-
-    bool shows(const QString& text) {
-        const auto texts = controller.window()->findChildren<SettingsText*>();
-        return std::ranges::any_of(texts, [&text](const SettingsText* candidate) {
-            return candidate->isVisible() && candidate->text() == text;
-        });
-    }
-
-    QMessageBox* confirmation() { return controller.window()->findChild<QMessageBox*>(); }
-
-    void askForReset() {
-        show().select(SettingsSection::Advanced);
-        QTest::mouseClick(button<PlainButton>(u"Reset learned abbreviations"_s), Qt::LeftButton);
-        ASSERT_NE(confirmation(), nullptr);
-    }
-
-    QTemporaryDir directory;
-    LearnedAbbreviationStore learned{directory.path()};
-    testing::FakeLook look;
-    AppSettings settings{look.defaults};
-    testing::FakeHotKeys hotKeys;
-    HotKeyService hotKey{hotKeys};
-    testing::ScriptedKeyCapture keyboard;
-    testing::FakeWindowActivator activator;
-    testing::FakeWindowFrame frame;
-    testing::FakeScreens screens;
-    int retries = 0;
-    int helpRequests = 0;
-    SettingsWindowController controller{{settings, hotKey, look.manager, look.theme, look.icons,
-                                         keyboard, activator, frame, screens, [this] { ++retries; },
-                                         [this] { ++helpRequests; }}};
-};
+using SettingsWindowTest = testing::SettingsWindowFixture;
 
 TEST_F(SettingsWindowTest, EveryRequestShowsTheSameWindowCentredAndInFront) {
     EXPECT_EQ(controller.window(), nullptr);

@@ -1,0 +1,170 @@
+#include "settings/SettingsWindowFixture.h"
+#include "support/ShownPicture.h"
+#include "support/WithoutMotion.h"
+#include "theme/ControlColors.h"
+
+#include <QEnterEvent>
+#include <QSet>
+
+#include <map>
+
+namespace quorvantel {
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::isUpToDate;
+
+class SettingsLookTest : public testing::SettingsWindowFixture {
+protected:
+    SettingsLookTest() {
+        // With every control that there is.
+        hotKeys.answer = platform::HotKeyLeftToUser{u"Put this there:"_s, u"bind x"_s};
+        hotKey.registerHotKey(settings.hotKeyBinding(), [] {});
+    }
+
+    /// What has the focus: of a list its current row.
+    static QRect focusFrame(const QWidget& control, const QWidget& window) {
+        if (const auto* const list = qobject_cast<const SettingsSidebar*>(&control)) {
+            const QRect row = list->visualRect(list->currentIndex()).adjusted(0, 0, 0, -2);
+            return row.translated(list->viewport()->mapTo(&window, QPoint()));
+        }
+        return {control.mapTo(&window, QPoint()), control.size()};
+    }
+
+    /// The columns of a frame's middle line in which two pictures differ, and how much they do
+    /// there.
+    static std::map<int, double> differences(const QImage& one, const QImage& other, QRect frame) {
+        std::map<int, double> found;
+        for (int x = 0; x < frame.width(); ++x) {
+            const QPoint place(frame.left() + x, frame.center().y());
+            if (one.pixel(place) != other.pixel(place)) {
+                found[x] = testing::contrast(one.pixelColor(place), other.pixelColor(place));
+            }
+        }
+        return found;
+    }
+};
+
+TEST_F(SettingsLookTest, WhatHasTheFocusIsMarkedWhileTheKeyboardMovesIt) {
+    const testing::WithoutMotion still;
+    SettingsView& window = show();
+    for (const auto appearance :
+         {ThemeManager::Appearance::Light, ThemeManager::Appearance::Dark}) {
+        look.manager.setAppearance(appearance);
+        QSet<QByteArray> kinds;
+        for (const SettingsSection section : allSettingsSections) {
+            window.select(section);
+            QCoreApplication::processEvents();
+            for (auto* const control : window.findChildren<QWidget*>()) {
+                if (!control->isVisible() || (control->focusPolicy() & Qt::ClickFocus) == 0) {
+                    continue;
+                }
+                const QByteArray kind = control->metaObject()->className();
+                SCOPED_TRACE(kind.toStdString());
+                control->setFocus();
+                window.setAttribute(Qt::WA_KeyboardFocusChange, false);
+                const QImage plain = window.grab().toImage();
+                window.setAttribute(Qt::WA_KeyboardFocusChange);
+                const QImage marked = window.grab().toImage();
+                const QRect frame = focusFrame(*control, window);
+                const auto columns = differences(plain, marked, frame);
+                kinds << kind;
+                if (qobject_cast<PlainButton*>(control)) {
+                    EXPECT_GT(columns.size(), 0U) << "it is filled";
+                    continue;
+                }
+                // A ring of two points.
+                const int right = frame.width() - 1;
+                std::vector<int> changed;
+                double most = 1;
+                for (const auto& [column, contrast] : columns) {
+                    changed.push_back(column);
+                    most = std::max(most, contrast);
+                }
+                EXPECT_EQ(changed, (std::vector{0, 1, right - 1, right}));
+                EXPECT_GE(most, 3);
+            }
+        }
+        EXPECT_EQ(kinds.size(), 6) << kinds.values().join(' ').toStdString();
+    }
+}
+
+TEST_F(SettingsLookTest, TheScreenShowsEveryChange) {
+    SettingsView& window = show();
+    EXPECT_TRUE(isUpToDate(window));
+    const auto help = [this] { return button<FCPToolbarButtonStyle>(u"Quorvantel Help"_s); };
+    const auto segment = [this](int index) {
+        return controller.window()->findChild<SegmentedPill*>()->findChildren<PillSegment*>().at(
+            index);
+    };
+    const std::pair<SettingsSection, std::vector<std::function<void()>>> changes[] = {
+        {SettingsSection::Hotkey,
+         {
+             [this] {
+                 QEnterEvent enter({5, 5}, {5, 5}, {5, 5});
+                 QCoreApplication::sendEvent(&recorder(), &enter);
+             },
+             [this] {
+                 QEvent leave(QEvent::Leave);
+                 QCoreApplication::sendEvent(&recorder(), &leave);
+             },
+             // clang-format off
+             [this] { settings.setHotKeyBinding({40, 0x1000}); },
+             [this] { recorder().click(); },
+             [this] { EXPECT_TRUE(recorder().state().isRecording()) << "its light pulses"; },
+             [this] { keyboard.press({40, 0}); },
+             // clang-format on
+             [this] { hotKeys.turn(platform::HotKeyPending{}); },
+             [this] { look.manager.setPreset(ThemePreset::Teal); },
+             [this] { look.manager.setAppearance(ThemeManager::Appearance::Dark); },
+         }},
+        {SettingsSection::General,
+         {
+             [&] { QTest::mousePress(help(), Qt::LeftButton); },
+             [&] { QTest::mouseRelease(help(), Qt::LeftButton); },
+             [&] { help()->setOn(true); },
+             [this] { look.manager.setPreset(ThemePreset::Graphite); },
+         }},
+        {SettingsSection::Appearance,
+         {
+             [&] { QTest::mouseClick(segment(0), Qt::LeftButton); },
+             [&] { QTest::keyClick(segment(0), Qt::Key_Right); },
+         }},
+    };
+    for (const auto& [section, steps] : changes) {
+        window.select(section);
+        for (std::size_t step = 0; step < steps.size(); ++step) {
+            SCOPED_TRACE(rawValue(section).toStdString() + " " + std::to_string(step));
+            EXPECT_TRUE(recorder().state().isRecording() || isUpToDate(window));
+            const QImage before = testing::shownPicture(window);
+            steps[step]();
+            EXPECT_TRUE(QTest::qWaitFor([&] { return testing::shownPicture(window) != before; }));
+            EXPECT_TRUE(recorder().state().isRecording() || isUpToDate(window));
+        }
+    }
+}
+
+TEST_F(SettingsLookTest, HasItsMeasures) {
+    SettingsView& window = show();
+    EXPECT_EQ(window.size(), QSize(645, 360));
+    const auto& sidebar = *window.findChild<SettingsSidebar*>();
+    EXPECT_EQ(sidebar.width(), 184);
+    EXPECT_EQ(sidebar.viewport()->geometry(), QRect(10, 10, 164, 340));
+    window.select(SettingsSection::Appearance);
+    QCoreApplication::processEvents();
+    QRect above;
+    for (const auto* const pill : window.findChildren<SegmentedPill*>()) {
+        const QRect frame(pill->mapTo(&window, QPoint()), pill->size());
+        EXPECT_EQ(frame.left(), 185 + 32);
+        EXPECT_EQ(frame.width(), 320);
+        const auto texts = pill->parentWidget()->findChildren<SettingsText*>();
+        const auto top = [&](int index) { return texts[index]->mapTo(&window, QPoint()).y(); };
+        EXPECT_EQ(top(0), above.isNull() ? 32 : above.bottom() + 1 + 24);
+        EXPECT_EQ(frame.top(), top(0) + texts[0]->height() + 10);
+        EXPECT_EQ(top(1), frame.bottom() + 1 + 10);
+        above = {texts[1]->mapTo(&window, QPoint()), texts[1]->size()};
+    }
+}
+
+} // namespace
+} // namespace quorvantel
