@@ -11,10 +11,16 @@ namespace quorvantel::testing {
 class FakeListing : public platform::InstalledApplications::Listing {
 public:
     static constexpr bool never = false;
+    inline static int alive = 0;
 
     explicit FakeListing(std::vector<platform::InstalledApplication> applications,
                          const bool& isEndless = never)
-        : m_applications(std::move(applications)), m_isEndless(isEndless) {}
+        : m_applications(std::move(applications)), m_isEndless(isEndless) {
+        ++alive;
+    }
+    FakeListing(const FakeListing&) = delete;
+    FakeListing& operator=(const FakeListing&) = delete;
+    ~FakeListing() override { --alive; }
 
     std::optional<std::vector<platform::InstalledApplication>> next() override {
         if (m_isEndless) {

@@ -116,7 +116,9 @@ TEST_F(LauncherPanelTest, GoesToTheScreenThatTheSystemPicksAndStaysThere) {
     EXPECT_EQ(host.surface->place.frame, QRect(400, 180, 640, 167));
 
     controller.hide();
+    view->focusProxy()->clearFocus();
     controller.show();
+    EXPECT_EQ(view->window()->focusWidget(), view->focusProxy()) << "it is to get the keys";
     EXPECT_EQ(host.surface->place.screen, std::nullopt) << "the next choice is the system's again";
     screens.screens.clear();
     Q_EMIT screens.changed();
@@ -137,6 +139,8 @@ TEST_F(LauncherPanelTest, GoesWithTheKeyboardAndWhenTheSystemSaysSo) {
     Q_EMIT host.surface->closeRequested();
     EXPECT_EQ(closings, 1);
     EXPECT_EQ(dismissals, 2);
+    EXPECT_TRUE(view->window()->testAttribute(Qt::WA_ShowWithoutActivating))
+        << "the application in front stays active";
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "platform/linux/PropertyListBundleReader.h"
 
 #include "platform/linux/PropertyList.h"
+#include "platform/linux/PropertyListGuard.h"
 #include "support/TestFiles.h"
 
 #include <QDir>
@@ -57,6 +58,13 @@ QByteArray nestedBinaryList(int depth, int references) {
         objects.append(object);
     }
     return binaryList(objects << QByteArray("\x09"));
+}
+
+/// A list after its table of two offsets, with what follows its marker: the reference to a boolean.
+/// The trailer begins with what looks like one.
+QByteArray listAtTheEnd(const QByteArray& reference) {
+    return "bplist00\x0B\x0A\x09\xA1" + reference + bigEndian(1, 1) + bigEndian(0x0101, 7) +
+           bigEndian(2, 8) + bigEndian(0, 8) + bigEndian(8, 8);
 }
 
 QByteArray toBinary(const QByteArray& xml) {
@@ -128,13 +136,19 @@ TEST_F(PropertyListBundleReaderTest, FindsNoDictionaryInDamagedLists) {
 }
 
 TEST_F(PropertyListBundleReaderTest, SurvivesListsThatAreNestedBeyondReason) {
-    const int depth = 60'000;
-    EXPECT_FALSE(read(xmlList("<dict><key>a</key>" + QByteArray("<array>").repeated(depth) +
-                              QByteArray("</array>").repeated(depth) + "</dict>")));
+    const int levels = 60'000;
+    EXPECT_FALSE(read(xmlList("<dict><key>a</key>" + QByteArray("<array>").repeated(levels) +
+                              QByteArray("</array>").repeated(levels) + "</dict>")));
     EXPECT_FALSE(read(QByteArray("<plist>") + QByteArray("<array>").repeated(100'000)));
     EXPECT_FALSE(PropertyList::parse(nestedBinaryList(100'000, 1)));
     EXPECT_TRUE(PropertyList::parse(nestedBinaryList(10, 2)));
     EXPECT_FALSE(PropertyList::parse(nestedBinaryList(100, 2)));
+    QVariant value = PropertyList::parse(nestedBinaryList(200, 1))->toVariant();
+    int depth = 0;
+    for (; value.typeId() == QMetaType::QVariantList; ++depth) {
+        value = value.toList().value(0);
+    }
+    EXPECT_EQ(depth, 100) << "what is deeper is left out";
 }
 
 TEST_F(PropertyListBundleReaderTest, SurvivesBinaryListsThatLie) {
@@ -147,6 +161,8 @@ TEST_F(PropertyListBundleReaderTest, SurvivesBinaryListsThatLie) {
     EXPECT_FALSE(read(binaryList({pair, QByteArray("\x61\0\0", 3)})));
     const QByteArray hugeCount = QByteArray("\xAF\x13") + QByteArray(8, '\xFF');
     EXPECT_FALSE(PropertyList::parse(binaryList({hugeCount})));
+    EXPECT_TRUE(isHarmlessBinaryList(listAtTheEnd(bigEndian(1, 1))));
+    EXPECT_FALSE(isHarmlessBinaryList(listAtTheEnd({})));
     const QByteArray longText = QByteArray("\x5F\x12") + bigEndian(500'000, 4);
     QByteArray many = QByteArray("\xAF\x11") + bigEndian(10'000, 2);
     many += bigEndian(1, 4).repeated(10'000);

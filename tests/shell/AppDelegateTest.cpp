@@ -66,6 +66,7 @@ TEST_F(AppDelegateTest, StartsHiddenWithTheApplicationsBeforeThePanes) {
     EXPECT_EQ(delegate.engine().targets().size(), 38U);
     QCoreApplication::processEvents();
     ASSERT_EQ(delegate.engine().targets().size(), 40U);
+    EXPECT_EQ(testing::FakeListing::alive, 0) << "a listing holds files open";
     EXPECT_EQ(delegate.engine().targets()[1].displayName(), QStringLiteral("Mail"));
     EXPECT_EQ(delegate.engine().targets()[2].displayName(), QStringLiteral("Wi-Fi"));
     EXPECT_FALSE(delegate.isPanelVisible());
@@ -325,17 +326,21 @@ TEST_F(AppDelegateTest, RequestsFromOutsideToggleButADoubleClickDoesNotUndoItsel
 }
 
 TEST_F(AppDelegateTest, TheEndReleasesTheHotKeyAndTheKeyboard) {
-    {
-        AppDelegate ending(platform, settings, themeManager, directory.path());
-        ending.applicationDidFinishLaunching();
-        ending.togglePanel();
-        EXPECT_TRUE(platform.host.hasKeyboard);
-        ending.applicationWillTerminate();
-        settings.setHotKeyBinding({40, 0x1000});
-        EXPECT_EQ(platform.hotKeys.registered, QStringList());
-        ending.applicationWillTerminate();
+    for (const bool isAnnounced : {true, false}) {
+        {
+            AppDelegate ending(platform, settings, themeManager, directory.path());
+            ending.applicationDidFinishLaunching();
+            ending.togglePanel();
+            EXPECT_TRUE(platform.host.hasKeyboard);
+            if (isAnnounced) {
+                ending.applicationWillTerminate();
+                settings.setHotKeyBinding({40, 0x1000});
+                EXPECT_EQ(platform.hotKeys.registered, QStringList());
+            }
+        }
+        EXPECT_FALSE(settings.onHotKeyChange) << "nobody is there to hear of it";
+        EXPECT_FALSE(platform.host.hasKeyboard);
     }
-    EXPECT_FALSE(platform.host.hasKeyboard);
 }
 
 } // namespace

@@ -16,6 +16,8 @@ TEST(ContrastTest, IsTheRatioOfTheGuidelines) {
     EXPECT_DOUBLE_EQ(contrastRatio(white, white), 1);
     // The lightest grey on white that small text may have.
     EXPECT_NEAR(contrastRatio(colorFromHex(QStringLiteral("#767676")), white), 4.54, 0.005);
+    const ThemeColor grey = colorFromHex(QStringLiteral("#949494"));
+    EXPECT_EQ(legible(grey, {white}, contrastRatio(grey, white)), grey) << "it is just enough";
     EXPECT_EQ(mostLegible({white, black}, colorFromHex(QStringLiteral("#14B8A6"))), black);
     EXPECT_EQ(mostLegible({white, black}, colorFromHex(QStringLiteral("#0B5F58"))), white);
 }
