@@ -1,12 +1,12 @@
 #include "settings/SettingsWindowFixture.h"
+#include "support/DrawnTexts.h"
 #include "support/ShownPicture.h"
 #include "support/WithoutMotion.h"
 #include "theme/ControlColors.h"
+#include "theme/InterfaceFont.h"
 
 #include <QEnterEvent>
 #include <QSet>
-
-#include <map>
 
 namespace quorvantel {
 namespace {
@@ -31,14 +31,12 @@ protected:
         return {control.mapTo(&window, QPoint()), control.size()};
     }
 
-    /// The columns of a frame's middle line in which two pictures differ, and how much they do
-    /// there.
-    static std::map<int, double> differences(const QImage& one, const QImage& other, QRect frame) {
-        std::map<int, double> found;
-        for (int x = 0; x < frame.width(); ++x) {
-            const QPoint place(frame.left() + x, frame.center().y());
-            if (one.pixel(place) != other.pixel(place)) {
-                found[x] = testing::contrast(one.pixelColor(place), other.pixelColor(place));
+    /// The columns of a frame's middle line in which two pictures differ.
+    static std::vector<int> differences(const QImage& one, const QImage& other, QRect frame) {
+        std::vector<int> found;
+        for (int x = frame.left(); x <= frame.right(); ++x) {
+            if (one.pixel(x, frame.center().y()) != other.pixel(x, frame.center().y())) {
+                found.push_back(x - frame.left());
             }
         }
         return found;
@@ -67,22 +65,18 @@ TEST_F(SettingsLookTest, WhatHasTheFocusIsMarkedWhileTheKeyboardMovesIt) {
                 window.setAttribute(Qt::WA_KeyboardFocusChange);
                 const QImage marked = window.grab().toImage();
                 const QRect frame = focusFrame(*control, window);
-                const auto columns = differences(plain, marked, frame);
+                const std::vector<int> columns = differences(plain, marked, frame);
                 kinds << kind;
                 if (qobject_cast<PlainButton*>(control)) {
                     EXPECT_GT(columns.size(), 0U) << "it is filled";
                     continue;
                 }
-                // A ring of two points.
                 const int right = frame.width() - 1;
-                std::vector<int> changed;
-                double most = 1;
-                for (const auto& [column, contrast] : columns) {
-                    changed.push_back(column);
-                    most = std::max(most, contrast);
-                }
-                EXPECT_EQ(changed, (std::vector{0, 1, right - 1, right}));
-                EXPECT_GE(most, 3);
+                EXPECT_EQ(columns, (std::vector{0, 1, right - 1, right})) << "a ring of two points";
+                const auto color = [&](int column) {
+                    return marked.pixelColor(frame.left() + column, frame.center().y());
+                };
+                EXPECT_GE(testing::contrast(color(1), color(2)), 3);
             }
         }
         EXPECT_EQ(kinds.size(), 6) << kinds.values().join(' ').toStdString();
@@ -142,6 +136,56 @@ TEST_F(SettingsLookTest, TheScreenShowsEveryChange) {
             EXPECT_TRUE(recorder().state().isRecording() || isUpToDate(window));
         }
     }
+}
+
+TEST_F(SettingsLookTest, TextsHaveTheSizesAndColoursOfTheirKind) {
+    hotKey.registerHotKey({49, 0}, [] {});
+    SettingsView& window = show();
+    const ThemeColor primary = look.theme.theme().primaryText;
+    const ControlColors colors = controlColors(look.theme.theme());
+    QSet<SettingsText::Style> styles;
+    for (const SettingsSection section : allSettingsSections) {
+        window.select(section);
+        QCoreApplication::processEvents();
+        const auto expect = [](QWidget& widget, int size, int weight, const ThemeColor& color) {
+            const testing::DrawnTexts drawn(widget);
+            ASSERT_GT(drawn.texts().size(), 0U);
+            for (const auto& text : drawn.texts()) {
+                EXPECT_EQ(text.size, size) << text.text.toStdString();
+                EXPECT_EQ(text.weight, weight) << text.text.toStdString();
+                EXPECT_EQ(text.color, color.toQColor()) << text.text.toStdString();
+            }
+        };
+        for (auto* const text : window.findChildren<SettingsText*>()) {
+            if (text->isVisible()) {
+                const SettingsText::Style style = text->textStyle();
+                styles << style;
+                const bool isHeading = style == SettingsText::Style::Heading;
+                const bool isHint = style == SettingsText::Style::Hint;
+                expect(*text,
+                       isHeading ? 15
+                       : isHint  ? 11
+                                 : 13,
+                       isHeading ? QFont::Medium : QFont::Normal,
+                       isHint                                  ? look.theme.theme().secondaryText
+                       : style == SettingsText::Style::Warning ? colors.warning
+                                                               : primary);
+            }
+        }
+        for (auto* const plain : window.findChildren<PlainButton*>()) {
+            if (plain->isVisible()) {
+                expect(*plain, 13, QFont::Medium, colors.accent);
+                const QFontMetrics metrics(interfaceFont(13, QFont::Medium));
+                EXPECT_EQ(plain->size(),
+                          QSize(metrics.horizontalAdvance(plain->text()), metrics.height() + 6));
+            }
+        }
+    }
+    EXPECT_EQ(styles.size(), 4);
+    const auto& help = *button<FCPToolbarButtonStyle>(u"Quorvantel Help"_s);
+    const QFontMetrics metrics(interfaceFont(13));
+    EXPECT_EQ(help.size(), QSize(metrics.horizontalAdvance(help.text()) + 15 + 6 + 16,
+                                 std::max(metrics.height(), 15) + 12));
 }
 
 TEST_F(SettingsLookTest, HasItsMeasures) {

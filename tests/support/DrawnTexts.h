@@ -14,6 +14,7 @@ public:
     struct Text {
         QString text;
         int size; ///< Of its font, in pixels.
+        int weight;
         QColor color;
         QPointF start; ///< Of its baseline.
     };
@@ -39,8 +40,8 @@ private:
             pictures.push_back(painter()->combinedTransform().mapRect(frame));
         }
         void drawTextItem(const QPointF& start, const QTextItem& item) override {
-            texts.push_back({item.text(), item.font().pixelSize(), painter()->pen().color(),
-                             painter()->combinedTransform().map(start)});
+            texts.push_back({item.text(), item.font().pixelSize(), item.font().weight(),
+                             painter()->pen().color(), painter()->combinedTransform().map(start)});
         }
         Type type() const override { return User; }
 
