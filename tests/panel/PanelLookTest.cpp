@@ -1,5 +1,6 @@
 #include "panel/LauncherViewFixture.h"
 #include "support/DrawnTexts.h"
+#include "support/ShownPicture.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -151,6 +152,45 @@ TEST_F(PanelLookTest, GlassIsTranslucentWhereTheDesktopBlursAndWantsTranslucency
     look.system.reduced = true;
     Q_EMIT look.system.changed();
     EXPECT_EQ(opacity(), 255);
+}
+
+TEST_F(PanelLookTest, ItsCornersAreCutOffOnlyWhereTheDesktopComposites) {
+    const auto corner = [this] { return picture().pixelColor(0, 0).alpha(); };
+    EXPECT_EQ(corner(), 0);
+    view.setComposited(false);
+    EXPECT_EQ(corner(), 255);
+}
+
+TEST_F(PanelLookTest, TheScreenShowsEveryChange) {
+    const int flashTime = QApplication::cursorFlashTime();
+    QApplication::setCursorFlashTime(0);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+    const std::function<void()> steps[] = {
+        [this] { engine.setQuery(QStringLiteral("app")); },
+        [this] { QTest::keyClick(&field, Qt::Key_Down); },
+        [this] { list.setSelectedIndex(12); },
+        [this] { list.scrollToCentre(12); },
+        [this] {
+            setApps({QStringLiteral("app"), QStringLiteral("apple")});
+        },
+        [this] { engine.setQuery(QStringLiteral("x")); },
+        [this] { engine.setQuery({}); },
+        [this] { button.setDown(true); },
+        [this] { view.setOnSettings({}); },
+        [this] { setAppearance(ThemeManager::Appearance::Dark); },
+        [this] { view.setComposited(false); },
+        [this] { look.manager.setPreset(ThemePreset::Glass); },
+        [this] { view.setBlurAvailable(true); },
+    };
+    for (std::size_t step = 0; step < std::size(steps); ++step) {
+        SCOPED_TRACE(step);
+        EXPECT_TRUE(testing::isUpToDate(view));
+        const QImage before = testing::shownPicture(view);
+        steps[step]();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return testing::shownPicture(view) != before; }));
+        EXPECT_TRUE(testing::isUpToDate(view));
+    }
+    QApplication::setCursorFlashTime(flashTime);
 }
 
 TEST_F(PanelLookTest, TheMenuOfTheFieldHasTheColoursOfTheTheme) {

@@ -159,6 +159,8 @@ TEST_F(PropertyListBundleReaderTest, SurvivesBinaryListsThatLie) {
     EXPECT_TRUE(read(binaryList({pair, QByteArray("\x52kk")})));
     EXPECT_FALSE(read(binaryList({pair, QByteArray("\x52k\0", 3)})));
     EXPECT_FALSE(read(binaryList({pair, QByteArray("\x61\0\0", 3)})));
+    EXPECT_TRUE(read(binaryList({pair, QByteArray("\x62\0k\0k", 5)})));
+    EXPECT_FALSE(read(binaryList({pair, QByteArray("\x63\0k\0\0\0k", 7), "\x53xyz"})));
     const QByteArray hugeCount = QByteArray("\xAF\x13") + QByteArray(8, '\xFF');
     EXPECT_FALSE(PropertyList::parse(binaryList({hugeCount})));
     EXPECT_TRUE(isHarmlessBinaryList(listAtTheEnd(bigEndian(1, 1))));

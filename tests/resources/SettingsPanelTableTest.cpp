@@ -65,6 +65,30 @@ TEST_F(SettingsPanelTableTest, ShowsThePanesThatEveryDesktopHas) {
     EXPECT_TRUE(table.panels(u"Unknown.extension"_s, "KDE").empty());
 }
 
+TEST_F(SettingsPanelTableTest, ADesktopsOwnOverviewComesBeforeWhatOthersHave) {
+    const std::pair<const char*, QString> overviews[] = {
+        {"KDE", u"systemsettings"_s},
+        {"XFCE", u"xfce-settings-manager"_s},
+        {"MATE", u"matecc"_s},
+        {"LXQt", u"lxqt-config"_s},
+        {"Cinnamon", u"cinnamon-settings"_s},
+        {"GNOME", u"org.gnome.Settings"_s},
+    };
+    for (const auto& [desktop, own] : overviews) {
+        SCOPED_TRACE(desktop);
+        QStringList order;
+        for (const SettingsPanel& panel : table.panels(u"Mouse-Settings.extension"_s, desktop)) {
+            order << panel.entry;
+        }
+        const bool isKde = own == overviews[0].second;
+        EXPECT_EQ(order.indexOf(u"kcm_mouse"_s) < order.indexOf(own), isKde);
+        for (const auto& [other, overview] : overviews) {
+            EXPECT_GE(order.indexOf(overview), order.indexOf(own)) << other;
+        }
+        EXPECT_GE(order.indexOf(own), 0);
+    }
+}
+
 TEST_F(SettingsPanelTableTest, BelievesTheFirstDesktopThatItKnows) {
     const QByteArray endless(100'000, ':');
     EXPECT_EQ(keyboardPanel("ubuntu:GNOME"), u"gnome-keyboard-panel"_s);
