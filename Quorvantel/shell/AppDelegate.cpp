@@ -249,7 +249,7 @@ SearchEngine& AppDelegate::engine() {
 }
 
 void AppDelegate::requireStarted() const {
-    if (!m_engine || !m_panelController) {
+    if (!m_panelController) {
         qFatal("Quorvantel: summoned before the start was complete");
     }
 }

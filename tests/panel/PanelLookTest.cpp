@@ -1,4 +1,5 @@
 #include "panel/LauncherViewFixture.h"
+#include "shapes/ContinuousCorners.h"
 #include "support/DrawnTexts.h"
 #include "support/ShownPicture.h"
 
@@ -123,21 +124,28 @@ TEST_F(PanelLookTest, TheSettingsButtonTakesTheHighlightsOfTheThemeAndStaysVisib
     for (const auto appearance :
          {ThemeManager::Appearance::Light, ThemeManager::Appearance::Dark}) {
         setAppearance(appearance);
-        const auto expectFill = [this](const QColor& expected) {
+        const ThemeColor background = theme().primaryBackground;
+        const auto expectFill = [&](const ThemeColor& fill) {
+            const QColor expected = painted(background, fill);
             const QImage image = picture().copy(button.geometry());
             EXPECT_EQ(image.pixelColor(14, 2), expected);
+            QImage shape(28, 28, image.format());
+            shape.fill(background.toQColor());
+            QPainter painter(&shape);
+            painter.setRenderHint(QPainter::Antialiasing);
+            fillContinuousRoundedRect(painter, shape.rect(), 6, fill.toQColor());
+            EXPECT_EQ(image.copy(0, 0, 5, 5), shape.copy(0, 0, 5, 5));
             double most = 1;
             for (int x = 0; x < image.width(); ++x) {
                 most = std::max(most, contrast(image.pixelColor(x, 14), expected));
             }
             EXPECT_GE(most, 3);
         };
-        const ThemeColor background = theme().primaryBackground;
-        expectFill(background.toQColor());
+        expectFill(background);
         button.setAttribute(Qt::WA_UnderMouse);
-        expectFill(painted(background, theme().hoverFill));
+        expectFill(theme().hoverFill);
         button.setDown(true);
-        expectFill(painted(background, theme().selectionFill));
+        expectFill(theme().selectionFill);
         button.setDown(false);
         button.setAttribute(Qt::WA_UnderMouse, false);
     }

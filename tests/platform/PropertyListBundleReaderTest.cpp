@@ -32,9 +32,8 @@ QByteArray bigEndian(quint64 value, int size) {
     return bytes;
 }
 
-/// A binary property list of these objects, the first of which is the root. References take four
-/// bytes each.
-QByteArray binaryList(const QByteArrayList& objects) {
+/// A binary property list of these objects. References take four bytes each.
+QByteArray binaryList(const QByteArrayList& objects, quint64 root = 0) {
     QByteArray content = "bplist00";
     QByteArray offsets;
     for (const QByteArray& object : objects) {
@@ -43,7 +42,7 @@ QByteArray binaryList(const QByteArrayList& objects) {
     }
     const auto table = static_cast<quint64>(content.size());
     return content + offsets + QByteArray(6, '\0') + bigEndian(4, 1) + bigEndian(4, 1) +
-           bigEndian(static_cast<quint64>(objects.size()), 8) + bigEndian(0, 8) +
+           bigEndian(static_cast<quint64>(objects.size()), 8) + bigEndian(root, 8) +
            bigEndian(table, 8);
 }
 
@@ -157,6 +156,7 @@ TEST_F(PropertyListBundleReaderTest, SurvivesBinaryListsThatLie) {
     EXPECT_FALSE(read(binaryList({cycle, "\x51k"})));
     const QByteArray pair = QByteArray("\xD1") + bigEndian(1, 4) + bigEndian(1, 4);
     EXPECT_TRUE(read(binaryList({pair, QByteArray("\x52kk")})));
+    EXPECT_TRUE(read(binaryList({cycle, "\x51k", "\xD0"}, 2))) << "the cycle is not looked at";
     EXPECT_FALSE(read(binaryList({pair, QByteArray("\x52k\0", 3)})));
     EXPECT_FALSE(read(binaryList({pair, QByteArray("\x61\0\0", 3)})));
     EXPECT_TRUE(read(binaryList({pair, QByteArray("\x62\0k\0k", 5)})));

@@ -1,5 +1,6 @@
 #include "settings/SegmentedPill.h"
 
+#include "shapes/ContinuousCorners.h"
 #include "support/DrawnTexts.h"
 #include "support/FakeLook.h"
 #include "support/WaitUntil.h"
@@ -8,6 +9,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -100,6 +102,16 @@ TEST_F(SegmentedPillTest, TheSelectedSegmentStandsOutFromTheOthers) {
          {QPoint(frame.left() - 1, middle), QPoint(frame.right() + 1, middle),
           QPoint(frame.center().x(), 1)}) {
         EXPECT_EQ(color(outside), theme.elevatedBackground.toQColor());
+    }
+    QImage shape(pill.size(), picture.format());
+    shape.fill(pill.palette().color(QPalette::Window));
+    QPainter painter(&shape);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(continuousRoundedRect(pill.rect(), 7), theme.elevatedBackground.toQColor());
+    painter.fillPath(continuousRoundedRect(frame, 5), theme.accent.toQColor());
+    for (const QPoint corner : {QPoint(), frame.topLeft()}) {
+        const QRect part(corner, QSize(7, 7));
+        EXPECT_EQ(picture.copy(part), shape.copy(part)) << "as round as it is to be";
     }
     const testing::DrawnTexts drawn(pill);
     ASSERT_EQ(drawn.texts().size(), 3U);

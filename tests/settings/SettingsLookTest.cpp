@@ -1,4 +1,5 @@
 #include "settings/SettingsWindowFixture.h"
+#include "shapes/ContinuousCorners.h"
 #include "support/DrawnTexts.h"
 #include "support/ShownPicture.h"
 #include "support/WithoutMotion.h"
@@ -81,6 +82,39 @@ TEST_F(SettingsLookTest, WhatHasTheFocusIsMarkedWhileTheKeyboardMovesIt) {
         }
         EXPECT_EQ(kinds.size(), 6) << kinds.values().join(' ').toStdString();
     }
+}
+
+TEST_F(SettingsLookTest, CornersAreAsRoundAsTheirKind) {
+    SettingsView& window = show();
+    const ResolvedTheme& theme = look.theme.theme();
+    const ThemeColor page = theme.primaryBackground;
+    const auto expect = [&](const QRect& frame, double radius, const ThemeColor& ground,
+                            const ThemeColor& fill, bool isField) {
+        QImage shape(frame.size(), QImage::Format_RGB32);
+        shape.fill(ground.toQColor());
+        QPainter painter(&shape);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.fillPath(continuousRoundedRect(shape.rect(), radius), fill.toQColor());
+        if (isField) {
+            painter.setPen(QPen(controlColors(theme).outline.toQColor(), 1));
+            painter.drawPath(
+                continuousRoundedRect(QRectF(shape.rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius));
+        }
+        const QImage drawn = window.grab(QRect(frame.topLeft(), QSize(6, 6))).toImage();
+        EXPECT_EQ(drawn.convertToFormat(shape.format()), shape.copy(0, 0, 6, 6)) << radius;
+    };
+    const auto frameOf = [&window](const QWidget& widget) {
+        return QRect(widget.mapTo(&window, QPoint()), widget.size());
+    };
+    expect(focusFrame(*window.findChild<SettingsSidebar*>(), window), 8, theme.secondaryBackground,
+           theme.selectionFill, false);
+    ThemeColor tint = theme.primaryText;
+    tint.opacity = 0.06;
+    expect(frameOf(recorder()), 7, page, tint, true);
+    expect(frameOf(*window.findChild<CopyableText*>()->findChild<QLabel*>()), 7, page, tint, true);
+    PlainButton& copy = *button<PlainButton>(u"Copy"_s);
+    copy.setDown(true);
+    expect(frameOf(copy), 4, page, theme.selectionFill, false);
 }
 
 TEST_F(SettingsLookTest, TheScreenShowsEveryChange) {
