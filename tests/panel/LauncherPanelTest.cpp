@@ -139,6 +139,7 @@ TEST_F(LauncherPanelTest, GoesWithTheKeyboardAndWhenTheSystemSaysSo) {
     Q_EMIT host.surface->closeRequested();
     EXPECT_EQ(closings, 1);
     EXPECT_EQ(dismissals, 2);
+    EXPECT_EQ(window.title(), u"Quorvantel"_s);
     EXPECT_TRUE(view->window()->testAttribute(Qt::WA_ShowWithoutActivating))
         << "the application in front stays active";
 }

@@ -94,6 +94,11 @@ TEST_F(PanelLookTest, TextsHaveTheSizesAndColoursOfTheirKind) {
     engine.setQuery(QStringLiteral("x"));
     EXPECT_EQ(texts(), QStringLiteral("No results 13 1\nx 18 0"));
     EXPECT_TRUE(view.findChild<EmptyStateView*>()->isVisible());
+    EXPECT_EQ(field.x() + 2, 18 + 28 + 8) << "it starts where the names of the rows do";
+    EXPECT_EQ(button.x() - field.geometry().right(), 1 + 8) << "the query goes as far as it can";
+    EXPECT_EQ(field.height(), 56);
+    view.setOnSettings({});
+    EXPECT_EQ(field.geometry().right(), 640 - 18 - 1);
 }
 
 TEST_F(PanelLookTest, ARowThatIsScrolledAcrossTheEdgeStaysInsideThePanel) {

@@ -142,6 +142,18 @@ TEST_F(PropertyListBundleReaderTest, SurvivesListsThatAreNestedBeyondReason) {
     EXPECT_FALSE(PropertyList::parse(nestedBinaryList(100'000, 1)));
     EXPECT_TRUE(PropertyList::parse(nestedBinaryList(10, 2)));
     EXPECT_FALSE(PropertyList::parse(nestedBinaryList(100, 2)));
+    // The most that is allowed, and one more.
+    const QByteArray mebibyte = "\x4F\x12" + bigEndian(1'048'576, 4) + QByteArray(1'048'576, 'x');
+    for (const auto& [content, count, limit] : {std::tuple(mebibyte, 16, 16),
+                                                {mebibyte, 17, 16},
+                                                {"\x09", 19'999, 19'999},
+                                                {"\x09", 20'000, 19'999}}) {
+        const QByteArray list = "\xAF\x11" + bigEndian(static_cast<quint64>(count), 2) +
+                                bigEndian(1, 4).repeated(count);
+        EXPECT_EQ(isHarmlessBinaryList(binaryList({list, content})), count <= limit) << count;
+    }
+    EXPECT_TRUE(isHarmlessXmlList(QByteArray("<dict>").repeated(5'000)));
+    EXPECT_FALSE(isHarmlessXmlList(QByteArray("<dict>").repeated(5'001)));
     QVariant value = PropertyList::parse(nestedBinaryList(200, 1))->toVariant();
     int depth = 0;
     for (; value.typeId() == QMetaType::QVariantList; ++depth) {

@@ -8,6 +8,7 @@
 
 #include <QEnterEvent>
 #include <QSet>
+#include <QSplitter>
 
 namespace quorvantel {
 namespace {
@@ -78,6 +79,11 @@ TEST_F(SettingsLookTest, WhatHasTheFocusIsMarkedWhileTheKeyboardMovesIt) {
                     return marked.pixelColor(frame.left() + column, frame.center().y());
                 };
                 EXPECT_GE(testing::contrast(color(1), color(2)), 3);
+                QSet<QRgb> shades;
+                for (int place = 0; place < 64; ++place) {
+                    shades << marked.pixel(frame.topLeft() + QPoint(place % 8, place / 8));
+                }
+                EXPECT_GT(shades.size(), 6) << "its corners are jagged";
             }
         }
         EXPECT_EQ(kinds.size(), 6) << kinds.values().join(' ').toStdString();
@@ -228,6 +234,11 @@ TEST_F(SettingsLookTest, HasItsMeasures) {
     const auto& sidebar = *window.findChild<SettingsSidebar*>();
     EXPECT_EQ(sidebar.width(), 184);
     EXPECT_EQ(sidebar.viewport()->geometry(), QRect(10, 10, 164, 340));
+    auto& columns = *window.findChild<QSplitter*>();
+    for (const auto& [wanted, width] : {std::pair(1, 168), {600, 220}, {184, 184}}) {
+        columns.setSizes({wanted, 645 - wanted});
+        EXPECT_EQ(sidebar.width(), width);
+    }
     window.select(SettingsSection::Appearance);
     QCoreApplication::processEvents();
     QRect above;

@@ -23,6 +23,7 @@ TEST(ThemeColorTest, ParsesSixDigitsWithTheirDecorations) {
         {"12G456", ThemeColor::bytes(0, 0, 18, 1)},
         {"0xGGGG", ThemeColor::bytes(0, 0, 0, 1)},
         {"#  12AB", ThemeColor::bytes(0, 0x12, 0xAB, 1)},
+        {"# 12ABC", ThemeColor::bytes(1, 0x2A, 0xBC, 1)},
     };
     for (const auto& [text, color] : cases) {
         EXPECT_EQ(colorFromHex(QString::fromUtf8(text)), color) << text;
@@ -59,6 +60,33 @@ TEST(ResolvedThemeTest, PresetsChangeTheSurfaceAndLittleElse) {
     EXPECT_EQ(glass.placeholderText, ThemeColor::white(0.42));
     EXPECT_EQ(resolve(ColorScheme::Light, ThemePreset::Glass).tertiaryText,
               ThemeColor::black(0.46));
+}
+
+TEST(ResolvedThemeTest, WhatMarksARowIsTheAccentAndWhatSeparatesIsInk) {
+    struct Opacities {
+        ColorScheme scheme;
+        ThemeColor separator;
+        ThemeColor glassBorder;
+        double fill;
+        double ring;
+    };
+    const Opacities cases[] = {
+        {ColorScheme::Light, ThemeColor::black(0.08), ThemeColor::black(0.07), 0.14, 0.32},
+        {ColorScheme::Dark, ThemeColor::white(0.07), ThemeColor::white(0.08), 0.16, 0.40},
+    };
+    for (const Opacities& expected : cases) {
+        const ResolvedTheme theme = resolve(expected.scheme, ThemePreset::Graphite);
+        const auto at = [](ThemeColor color, double opacity) {
+            color.opacity = opacity;
+            return color;
+        };
+        EXPECT_EQ(theme.selectionFill, at(theme.accent, expected.fill));
+        EXPECT_EQ(theme.selectionRing, at(theme.accent, expected.ring));
+        EXPECT_EQ(theme.glassTint, at(theme.primaryBackground, 0.82));
+        EXPECT_EQ(theme.hoverFill, ThemeColor::white(0.06));
+        EXPECT_EQ(theme.separator, expected.separator);
+        EXPECT_EQ(theme.glassBorder, expected.glassBorder);
+    }
 }
 
 TEST(HigherContrastTest, TextsAndLinesStandOutFromAllThatTheyAreDrawnOn) {
