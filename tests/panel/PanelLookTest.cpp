@@ -200,7 +200,7 @@ TEST_F(PanelLookTest, TheScreenShowsEveryChange) {
         EXPECT_TRUE(testing::isUpToDate(view));
         const QImage before = testing::shownPicture(view);
         steps[step]();
-        EXPECT_TRUE(QTest::qWaitFor([&] { return testing::shownPicture(view) != before; }));
+        EXPECT_TRUE(testing::waitUntil([&] { return testing::shownPicture(view) != before; }));
         EXPECT_TRUE(testing::isUpToDate(view));
     }
     QApplication::setCursorFlashTime(flashTime);

@@ -142,12 +142,14 @@ TEST_F(SettingsLookTest, TheScreenShowsEveryChange) {
                  QEvent leave(QEvent::Leave);
                  QCoreApplication::sendEvent(&recorder(), &leave);
              },
-             // clang-format off
-             [this] { settings.setHotKeyBinding({40, 0x1000}); },
+             [this] {
+                 settings.setHotKeyBinding({40, 0x1000});
+             },
              [this] { recorder().click(); },
              [this] { EXPECT_TRUE(recorder().state().isRecording()) << "its light pulses"; },
-             [this] { keyboard.press({40, 0}); },
-             // clang-format on
+             [this] {
+                 keyboard.press({40, 0});
+             },
              [this] { hotKeys.turn(platform::HotKeyPending{}); },
              [this] { look.manager.setPreset(ThemePreset::Teal); },
              [this] { look.manager.setAppearance(ThemeManager::Appearance::Dark); },
@@ -172,7 +174,8 @@ TEST_F(SettingsLookTest, TheScreenShowsEveryChange) {
             EXPECT_TRUE(recorder().state().isRecording() || isUpToDate(window));
             const QImage before = testing::shownPicture(window);
             steps[step]();
-            EXPECT_TRUE(QTest::qWaitFor([&] { return testing::shownPicture(window) != before; }));
+            EXPECT_TRUE(
+                testing::waitUntil([&] { return testing::shownPicture(window) != before; }));
             EXPECT_TRUE(recorder().state().isRecording() || isUpToDate(window));
         }
     }
