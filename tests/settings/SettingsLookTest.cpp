@@ -225,8 +225,12 @@ TEST_F(SettingsLookTest, TextsHaveTheSizesAndColoursOfTheirKind) {
         }
     }
     EXPECT_EQ(styles.size(), 4);
-    const auto& help = *button<FCPToolbarButtonStyle>(u"Quorvantel Help"_s);
+    auto& help = *button<FCPToolbarButtonStyle>(u"Quorvantel Help"_s);
     const QFontMetrics metrics(interfaceFont(13));
+    const testing::DrawnTexts drawn(help);
+    EXPECT_EQ(drawn.texts().at(0).size, 13);
+    EXPECT_EQ(drawn.texts()[0].start.y(),
+              (help.height() - metrics.height()) / 2 + metrics.ascent());
     EXPECT_EQ(help.size(), QSize(metrics.horizontalAdvance(help.text()) + 15 + 6 + 16,
                                  std::max(metrics.height(), 15) + 12));
 }

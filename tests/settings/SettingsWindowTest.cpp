@@ -21,9 +21,11 @@ TEST_F(SettingsWindowTest, EveryRequestShowsTheSameWindowCentredAndInFront) {
 
     window.select(SettingsSection::Advanced);
     window.move(0, 0);
+    activator.margins = {4, 30, 8, 6};
     EXPECT_EQ(&show(), &window);
     const QPoint centre = QRect(0, 0, 1440, 900).center();
-    EXPECT_LE((window.frameGeometry().center() - centre).manhattanLength(), 2);
+    const QRect withFrame = window.geometry().marginsAdded(activator.margins);
+    EXPECT_LE((withFrame.center() - centre).manhattanLength(), 2);
 
     QTest::keyClick(&window, Qt::Key_W, Qt::ControlModifier);
     EXPECT_FALSE(window.isVisible());
