@@ -320,6 +320,8 @@ TEST_F(AppDelegateTest, RequestsFromOutsideToggleButADoubleClickDoesNotUndoItsel
         EXPECT_EQ(platform.item.enabled, isEnabled);
     }
     themeManager.setAppearance(ThemeManager::Appearance::Dark);
+    delegate.answer(OpenSettings);
+    EXPECT_EQ(platform.activator.activations, 1);
     platform.frame.appearance = platform::WindowFrame::Appearance::System;
     delegate.answer(ShowHelp);
     EXPECT_EQ(platform.frame.appearance, platform::WindowFrame::Appearance::Dark);
