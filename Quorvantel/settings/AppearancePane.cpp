@@ -21,14 +21,14 @@ struct Option {
 };
 
 constexpr std::array appearanceOptions{
-    Option{ThemeManager::Appearance::Light, QStringView(u"Light")},
-    Option{ThemeManager::Appearance::Dark, QStringView(u"Dark")},
-    Option{ThemeManager::Appearance::Auto, QStringView(u"Match System")},
+    Option<ThemeManager::Appearance>{ThemeManager::Appearance::Light, QStringView(u"Light")},
+    Option<ThemeManager::Appearance>{ThemeManager::Appearance::Dark, QStringView(u"Dark")},
+    Option<ThemeManager::Appearance>{ThemeManager::Appearance::Auto, QStringView(u"Match System")},
 };
 
 constexpr std::array surfaceOptions{
-    Option{ThemePreset::Graphite, QStringView(u"Graphite")},
-    Option{ThemePreset::Teal, QStringView(u"Teal")},
+    Option<ThemePreset>{ThemePreset::Graphite, QStringView(u"Graphite")},
+    Option<ThemePreset>{ThemePreset::Teal, QStringView(u"Teal")},
 };
 
 template <typename Options>

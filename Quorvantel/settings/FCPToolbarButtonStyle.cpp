@@ -10,6 +10,7 @@
 #include <QPainterPath>
 
 #include <algorithm>
+#include <utility>
 
 namespace quorvantel {
 
@@ -39,11 +40,11 @@ QColor mixed(const QColor& from, const QColor& to, double share) {
 
 } // namespace
 
-FCPToolbarButtonStyle::FCPToolbarButtonStyle(const QString& label, const platform::Image& symbol,
+FCPToolbarButtonStyle::FCPToolbarButtonStyle(const QString& label, platform::Image symbol,
                                              const ThemedRoot& theme, IconCache& icons,
                                              QWidget* parent)
     : ThemedButton(label, theme, parent),
-      m_symbol(symbol),
+      m_symbol(std::move(symbol)),
       m_icons(icons),
       m_isOn(onSpring, tolerance) {
     m_press.setStartValue(0.0);

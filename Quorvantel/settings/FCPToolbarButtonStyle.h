@@ -35,8 +35,8 @@ public:
     };
 
     /// `symbol` is drawn before the label and may be null. The references must outlive the button.
-    FCPToolbarButtonStyle(const QString& label, const platform::Image& symbol,
-                          const ThemedRoot& theme, IconCache& icons, QWidget* parent = nullptr);
+    FCPToolbarButtonStyle(const QString& label, platform::Image symbol, const ThemedRoot& theme,
+                          IconCache& icons, QWidget* parent = nullptr);
 
     bool isOn() const { return m_isOn.target() > 0; }
     void setOn(bool isOn);
