@@ -100,12 +100,13 @@ void LayerPanelSurface::show() {
 
 void LayerPanelSurface::hide() {
     forgetKeyboard();
+    // Before what is sent at once, so that the next click reaches the desktop itself.
+    m_desktopClicks.end();
     if (m_role && isParkable()) {
         park();
     } else {
         dropRole();
     }
-    m_desktopClicks.end();
     end();
 }
 
